@@ -1,0 +1,14 @@
+#if defined(VEXOR_CHECKED)
+
+#    include <vexor/foundation/Config.h>
+
+#    include <cstdio>
+#    include <cstdlib>
+
+void vexor::detail::StopOnMisuse(char const* file, int line, char const* what)
+{
+    std::fprintf(stderr, "%s:%d: vexor: %s\n", file, line, what);
+    std::abort();
+}
+
+#endif

@@ -1,0 +1,85 @@
+#pragma once
+// What every header of the library needs first: export macros, the guards that keep floating-point
+// results the same in every client, and the switch for checked builds.
+
+// ---- Export ------------------------------------------------------------------------------------
+// VEXOR_API     a function or object that lives in the shared library.
+// VEXOR_INLINE  a function whose body stands in a header: inlined into the client's code, and also
+//               present in the library's export table, for clients that cannot inline (other
+//               languages, unoptimised builds). One source of the library, Exports.cpp, emits them.
+// VEXOR_CLASS   a class whose members are exported one by one with the two macros above.
+#if defined(_WIN32)
+#    if defined(VEXOR_BUILDING_LIBRARY)
+#        define VEXOR_API __declspec(dllexport)
+#    else
+#        define VEXOR_API __declspec(dllimport)
+#    endif
+#    define VEXOR_CLASS
+#    if defined(VEXOR_EMITTING_INLINES) && defined(__GNUC__)
+#        define VEXOR_INLINE __declspec(dllexport) __attribute__((used)) inline
+#    elif defined(VEXOR_EMITTING_INLINES)
+#        define VEXOR_INLINE __declspec(dllexport) inline
+#    else
+#        define VEXOR_INLINE inline
+#    endif
+#else
+#    define VEXOR_API __attribute__((visibility("default")))
+#    define VEXOR_CLASS __attribute__((visibility("default")))
+#    if defined(VEXOR_EMITTING_INLINES)
+#        define VEXOR_INLINE __attribute__((used, visibility("default"))) inline
+#    else
+#        define VEXOR_INLINE __attribute__((visibility("default"))) inline
+#    endif
+#endif
+
+/// Keeps a rare path (a raise, a rescaling) out of the code around its call.
+#if defined(__GNUC__)
+#    define VEXOR_COLD __attribute__((cold, noinline))
+#elif defined(_MSC_VER)
+#    define VEXOR_COLD __declspec(noinline)
+#else
+#    define VEXOR_COLD
+#endif
+
+// ---- The same bits in every client ---------------------------------------------------------------
+#if defined(__FAST_MATH__) || defined(_M_FP_FAST)                                                            \
+    || (defined(__FINITE_MATH_ONLY__) && __FINITE_MATH_ONLY__ + 0 != 0)
+#    error "vexor: -ffast-math (/fp:fast) changes documented results; build without it"
+#endif
+#if (defined(__i386__) && !defined(__SSE2_MATH__)) || (defined(_M_IX86_FP) && _M_IX86_FP < 2)
+#    error "vexor: x87 evaluation changes documented results; build with -msse2 -mfpmath=sse (/arch:SSE2)"
+#endif
+#if defined(__GNUC__) && !defined(__clang__) && defined(__FP_FAST_FMA) && !defined(VEXOR_FP_CONTRACT_OFF)
+#    error                                                                                                   \
+        "vexor: this target fuses a*b + c; build with -ffp-contract=off -DVEXOR_FP_CONTRACT_OFF (vexor::vexor and vexor.pc hand out both)"
+#endif
+
+// Clang can be told in the source not to fuse a*b + c, whatever the client's flags; the pair keeps
+// that to the library's own functions. GCC has no such pragma: there the guard above stands.
+#if defined(__clang__) && (defined(__x86_64__) || defined(__i386__) || __clang_major__ >= 15)
+#    define VEXOR_EXACT_BEGIN _Pragma("float_control(push)") _Pragma("STDC FP_CONTRACT OFF")
+#    define VEXOR_EXACT_END _Pragma("float_control(pop)")
+#elif defined(__clang__)
+#    define VEXOR_EXACT_BEGIN _Pragma("STDC FP_CONTRACT OFF")
+#    define VEXOR_EXACT_END
+#elif defined(_MSC_VER)
+#    define VEXOR_EXACT_BEGIN __pragma(float_control(push)) __pragma(fp_contract(off))
+#    define VEXOR_EXACT_END __pragma(float_control(pop))
+#else
+#    define VEXOR_EXACT_BEGIN
+#    define VEXOR_EXACT_END
+#endif
+
+// ---- Checked builds ------------------------------------------------------------------------------
+// With VEXOR_CHECKED defined, misuse that the interface leaves to the caller (an index out of range,
+// say) stops the program with file and line, and elements that a constructor leaves unset hold
+// signalling NaNs. No result and no layout changes.
+#if defined(VEXOR_CHECKED)
+namespace vexor::detail {
+[[noreturn]] VEXOR_API VEXOR_COLD void StopOnMisuse(char const* file, int line, char const* what);
+}
+#    define VEXOR_CHECK(condition, what)                                                                     \
+        ((condition) ? static_cast<void>(0) : ::vexor::detail::StopOnMisuse(__FILE__, __LINE__, what))
+#else
+#    define VEXOR_CHECK(condition, what) static_cast<void>(0)
+#endif

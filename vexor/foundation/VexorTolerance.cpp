@@ -1,0 +1,30 @@
+#include <vexor/foundation/VexorTolerance.h>
+
+#include <vexor/foundation/detail/Rounding.h>
+#include <vexor/foundation/detail/StartUp.h>
+
+#include <cmath>
+
+VexorTolerance::VexorTolerance()
+{
+    SetAngle(1e-7);
+    SetLength(1e-5);
+}
+
+void VexorTolerance::SetAngle(double radians)
+{
+    double const sine = vexor::detail::RoundToSingle(std::sin(radians));
+    angle = vexor::detail::RoundToSingle(radians);
+    sin2Angle = vexor::detail::RoundToSingle(sine * sine);
+}
+
+void VexorTolerance::SetLength(double newLength)
+{
+    length = vexor::detail::RoundToSingle(newLength);
+    double const rounded = length;
+    lengthSquared = vexor::detail::RoundToSingle(rounded * rounded);
+}
+
+// The two objects that the library sets at load stand in one source, which fixes their order.
+VexorTolerance gVexorTolerance;
+double const vexor::detail::squareRootOfThree = std::sqrt(3.0);

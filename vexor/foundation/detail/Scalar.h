@@ -1,0 +1,34 @@
+#pragma once
+#include <vexor/foundation/Config.h>
+
+#include <cmath>
+
+VEXOR_EXACT_BEGIN
+
+namespace vexor::detail {
+
+inline constexpr double pi = 3.141592653589793;
+inline constexpr double twoPi = 6.283185307179586;
+
+/// The absolute value as the library forms it: v if v > 0, else −v. So a zero has the magnitude −0.0,
+/// and a NaN stays one.
+template <class Number>
+inline Number Magnitude(Number value)
+{
+    return value > Number(0) ? value : -value;
+}
+
+/// The arc cosine in radians, 0 for 1 or more and π for −1 or less, so that rounding in a cosine
+/// never yields NaN. A NaN stays one.
+inline double ClampedArcCosine(double cosine)
+{
+    if (cosine >= 1.0)
+        return 0.0;
+    if (cosine <= -1.0)
+        return pi;
+    return std::acos(cosine);
+}
+
+} // namespace vexor::detail
+
+VEXOR_EXACT_END

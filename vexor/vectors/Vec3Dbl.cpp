@@ -1,0 +1,115 @@
+#include <vexor/vectors/Vec3Dbl.h>
+
+using vexor::detail::Magnitude;
+
+// In the two orders a NaN makes `<` and `>` true and `<=` false, hence the negated comparisons.
+
+void Vec3Dbl::ValueOrder(int& smallest, int& middle, int& largest) const
+{
+    int i0 = 0;
+    int i1 = 0;
+    if (y >= x) {
+        if (!(z >= x)) {
+            i0 = 2;
+            i1 = 0;
+        } else {
+            i0 = 0;
+            i1 = !(z >= y) ? 2 : 1;
+        }
+    } else {
+        if (!(z >= y)) {
+            i0 = 2;
+            i1 = 1;
+        } else {
+            i0 = 1;
+            i1 = !(z >= x) ? 2 : 0;
+        }
+    }
+    smallest = i0;
+    middle = i1;
+    largest = 3 - i0 - i1;
+}
+
+void Vec3Dbl::AbsValueOrder(int& smallest, int& middle, int& largest) const
+{
+    double const a = Magnitude(x);
+    double const b = Magnitude(y);
+    double const c = Magnitude(z);
+    int i0 = 0;
+    int i1 = 0;
+    if (a <= b) {
+        if (!(a <= c)) {
+            i0 = 2;
+            i1 = 0;
+        } else {
+            i0 = 0;
+            i1 = b <= c ? 1 : 2;
+        }
+    } else {
+        if (!(b <= c)) {
+            i0 = 2;
+            i1 = 1;
+        } else {
+            i0 = 1;
+            i1 = !(a <= c) ? 2 : 0;
+        }
+    }
+    smallest = i0;
+    middle = i1;
+    largest = 3 - i0 - i1;
+}
+
+double Vec3Dbl::GetCCWAngleWith(Vec3Dbl const& other, Vec3Dbl const& normal) const
+{
+    double const shortest = gVexorTolerance.lengthSquared;
+    if (LengthSquared() <= shortest || other.LengthSquared() <= shortest)
+        return 0.0;
+
+    Vec3Dbl const a = GetNormalizedCopy();
+    Vec3Dbl const b = other.GetNormalizedCopy();
+    if (a.IsEqualTo(b, -1.0, -1.0))
+        return 0.0;
+    if (a.IsEqualTo(-b, -1.0, -1.0))
+        return vexor::detail::pi;
+
+    double const angle = a.GetAngleWith(b);
+    Vec3Dbl const cross = a.Cross(b);
+    if (cross.IsZeroLength(-1.0))
+        return a.Dot(b) < 0.0 ? vexor::detail::pi : 0.0;
+    return normal.Dot(cross) < 0.0 ? vexor::detail::twoPi - angle : angle;
+}
+
+Vec3Dbl Vec3Dbl::GetPerpendicular() const
+{
+    int smallest = 0;
+    int middle = 0;
+    int largest = 0;
+    AbsValueOrder(smallest, middle, largest);
+
+    Vec3Dbl result(0.0);
+    result[largest] = (*this)[smallest];
+    result[smallest] = -(*this)[largest];
+    if (result.LengthSquared() <= gVexorTolerance.lengthSquared)
+        result[smallest] = 1.0;
+    return result.Normalize();
+}
+
+Vec3Dbl Vec3Dbl::GetPerpendicularNearestTo(Vec3Dbl const& reference) const
+{
+    Vec3Dbl const towards = Cross(reference).Cross(*this);
+    if (towards.LengthSquared() <= gVexorTolerance.lengthSquared)
+        return GetPerpendicular();
+    return towards.GetNormalizedCopy();
+}
+
+Vec3Dbl& Vec3Dbl::Rotate(Vec3Dbl const& axis, double angle)
+{
+    Vec3Dbl const p = axis.GetPerpendicular();
+    Vec3Dbl const q = axis.Cross(p);
+    double const alongP = Dot(p);
+    double const alongQ = Dot(q);
+    double const alongAxis = Dot(axis);
+    double const c = std::cos(angle);
+    double const s = std::sin(angle);
+    return *this = ((c * alongP - s * alongQ) * p + (c * alongQ + s * alongP) * q) + alongAxis * axis;
+}

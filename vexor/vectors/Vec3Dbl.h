@@ -1,0 +1,364 @@
+#pragma once
+#include <vexor/foundation/Config.h>
+#include <vexor/foundation/detail/Element.h>
+#include <vexor/foundation/detail/Raise.h>
+#include <vexor/foundation/detail/Scalar.h>
+#include <vexor/foundation/VexorException.h>
+#include <vexor/foundation/VexorTolerance.h>
+#include <vexor/vectors/detail/DirectionTests.h>
+#include <vexor/vectors/detail/Extremes.h>
+#include <vexor/vectors/detail/FullRange.h>
+
+#include <cmath>
+
+class Vec3Flt;
+class Pnt3Dbl;
+class Pnt3Flt;
+class Mat3Dbl;
+class VecDbl;
+
+VEXOR_EXACT_BEGIN
+
+/// A vector in space: three doubles and nothing else, laid out as an array of three.
+///
+/// Sums and products are rounded to double at each step, in the order that each member states; no
+/// multiplication is ever fused with an addition. A tolerance argument is compared as it stands: an
+/// angular one is the square of a sine, a length one is a squared length; a negative one, the default,
+/// selects the value of `gVexorTolerance`. Every tolerance test is inclusive. Predicates return 1 or 0.
+class VEXOR_CLASS Vec3Dbl {
+public:
+    double x; ///< Component 0.
+    double y; ///< Component 1.
+    double z; ///< Component 2.
+
+    // ---- Construction ------------------------------------------------------------------------
+
+    /// Leaves the components as the memory held them.
+    VEXOR_INLINE Vec3Dbl() { vexor::detail::LeaveUnset(x, y, z); }
+    /// All three components take the value.
+    VEXOR_INLINE Vec3Dbl(double value) : x(value), y(value), z(value) {}
+    VEXOR_INLINE Vec3Dbl(double x0, double y0, double z0) : x(x0), y(y0), z(z0) {}
+    /// Copies three doubles from the array.
+    VEXOR_INLINE Vec3Dbl(double* values) : x(values[0]), y(values[1]), z(values[2]) {}
+    Vec3Dbl(Vec3Dbl const&) = default;
+    /// Widens each component exactly. Comes with Vec3Flt.h.
+    VEXOR_INLINE Vec3Dbl(Vec3Flt const& other);
+    /// The first three elements; a shorter vector is padded with zeros. Comes with VecDbl.h.
+    VEXOR_INLINE Vec3Dbl(VecDbl const& other);
+    ~Vec3Dbl() = default;
+
+    // ---- Assignment and access ---------------------------------------------------------------
+
+    Vec3Dbl& operator=(Vec3Dbl const&) = default;
+    /// Widens each component exactly. Comes with Vec3Flt.h.
+    VEXOR_INLINE Vec3Dbl& operator=(Vec3Flt const& other);
+    /// Takes the point's coordinates. Comes with Pnt3Dbl.h.
+    VEXOR_INLINE Vec3Dbl& operator=(Pnt3Dbl const& point);
+    /// Takes the point's coordinates, widened exactly. Comes with Pnt3Flt.h.
+    VEXOR_INLINE Vec3Dbl& operator=(Pnt3Flt const& point);
+
+    /// All three components take the value.
+    VEXOR_INLINE Vec3Dbl& SetValue(double value) { return SetValue(value, value, value); }
+    VEXOR_INLINE Vec3Dbl& SetValue(double x0, double y0, double z0)
+    {
+        x = x0;
+        y = y0;
+        z = z0;
+        return *this;
+    }
+    /// Copies three doubles from the array.
+    VEXOR_INLINE Vec3Dbl& SetValue(double const* const values)
+    {
+        return SetValue(values[0], values[1], values[2]);
+    }
+
+    VEXOR_INLINE void GetValue(double& x0, double& y0, double& z0) const
+    {
+        double const copy[3] = {x, y, z}; // an argument may be one of our own components
+        x0 = copy[0];
+        y0 = copy[1];
+        z0 = copy[2];
+    }
+    VEXOR_INLINE void GetValue(double* const values) const { GetValue(values[0], values[1], values[2]); }
+
+    /// The component of the index 0, 1 or 2, which is not checked.
+    VEXOR_INLINE double& operator[](int index) { return vexor::detail::ElementOf<double, 3>(*this, index); }
+    VEXOR_INLINE double const& operator[](int index) const
+    {
+        return vexor::detail::ElementOf<double const, 3>(*this, index);
+    }
+    /// The same operation as `operator[]`.
+    VEXOR_INLINE double& operator()(int index) { return (*this)[index]; }
+    VEXOR_INLINE double const& operator()(int index) const { return (*this)[index]; }
+
+    /// Rounds each component to single. Comes with Vec3Flt.h.
+    VEXOR_INLINE Vec3Flt ToVec3Flt() const;
+
+    // ---- Arithmetic --------------------------------------------------------------------------
+
+    VEXOR_INLINE Vec3Dbl& operator*=(double scalar) { return SetValue(x * scalar, y * scalar, z * scalar); }
+    /// Three divisions, unlike the free `operator/`, which multiplies by a reciprocal.
+    VEXOR_INLINE Vec3Dbl& operator/=(double scalar) { return SetValue(x / scalar, y / scalar, z / scalar); }
+    VEXOR_INLINE Vec3Dbl& operator+=(Vec3Dbl const& other)
+    {
+        return SetValue(x + other.x, y + other.y, z + other.z);
+    }
+    VEXOR_INLINE Vec3Dbl& operator-=(Vec3Dbl const& other)
+    {
+        return SetValue(x - other.x, y - other.y, z - other.z);
+    }
+    /// Flips the sign of each component; 0 becomes −0.
+    VEXOR_INLINE Vec3Dbl& Negate() { return SetValue(-x, -y, -z); }
+    VEXOR_INLINE Vec3Dbl GetNegatedCopy() const { return Vec3Dbl(-x, -y, -z); }
+
+    // ---- Products ----------------------------------------------------------------------------
+
+    /// (x·ox + y·oy) + z·oz.
+    VEXOR_INLINE double Dot(Vec3Dbl const& other) const { return (x * other.x + y * other.y) + z * other.z; }
+    /// The right-handed cross product, this vector on the left.
+    VEXOR_INLINE Vec3Dbl Cross(Vec3Dbl const& other) const
+    {
+        return Vec3Dbl(y * other.z - other.y * z, z * other.x - x * other.z, other.y * x - y * other.x);
+    }
+    /// The products of the components.
+    VEXOR_INLINE Vec3Dbl ElemMult(Vec3Dbl const& other) const
+    {
+        return Vec3Dbl(x * other.x, y * other.y, z * other.z);
+    }
+    /// Each component divided by the other's; a zero divisor is not checked.
+    VEXOR_INLINE Vec3Dbl ElemDiv(Vec3Dbl const& other) const
+    {
+        return Vec3Dbl(x / other.x, y / other.y, z / other.z);
+    }
+    /// Row i, column j is this[i]·other[j]. Comes with Mat3Dbl.h.
+    VEXOR_INLINE Mat3Dbl OuterProduct(Vec3Dbl const& other) const;
+
+    // ---- Length ------------------------------------------------------------------------------
+
+    /// (x² + y²) + z². Overflows above about 1e154 and underflows below about 1e-162.
+    VEXOR_INLINE double LengthSquared() const { return (x * x + y * y) + z * z; }
+    /// The square root of (x² + y²) + z², right over the whole range of a double: where that sum would
+    /// overflow or lose digits, it is formed of components scaled by a power of two.
+    VEXOR_INLINE double Length() const
+    {
+        double const sum = LengthSquared();
+        return vexor::detail::IsPlainSum(sum) ? std::sqrt(sum) : vexor::detail::FullRangeLength(x, y, z);
+    }
+    /// Divides each component by `Length()`: three divisions. Raises `VexorNullVector`, the vector
+    /// unchanged, if all components are exactly 0; however short, any other vector is normalised.
+    VEXOR_INLINE Vec3Dbl& Normalize()
+    {
+        double const sum = LengthSquared();
+        if (vexor::detail::IsPlainSum(sum))
+            return *this /= std::sqrt(sum);
+        vexor::detail::FullRangeNormalize(x, y, z);
+        return *this;
+    }
+    /// As `Normalize`, on a copy.
+    VEXOR_INLINE Vec3Dbl GetNormalizedCopy() const
+    {
+        Vec3Dbl copy(*this);
+        copy.Normalize();
+        return copy;
+    }
+
+    // ---- Extremes and order ------------------------------------------------------------------
+    // Of equal candidates the later index wins, for maximum and minimum alike. Absolute values are
+    // formed as v if v > 0, else −v, so that of (0, 0, 0) is −0.
+
+    VEXOR_INLINE double MaxValue() const { return vexor::detail::MaxOfThree(x, y, z); }
+    VEXOR_INLINE double MinValue() const { return vexor::detail::MinOfThree(x, y, z); }
+    VEXOR_INLINE double MaxAbsValue() const
+    {
+        using vexor::detail::Magnitude;
+        return vexor::detail::MaxMagnitudeOfThree(Magnitude(x), Magnitude(y), Magnitude(z));
+    }
+    VEXOR_INLINE double MinAbsValue() const
+    {
+        using vexor::detail::Magnitude;
+        return vexor::detail::MinMagnitudeOfThree(Magnitude(x), Magnitude(y), Magnitude(z));
+    }
+    VEXOR_INLINE int MaxValueIdx() const { return vexor::detail::MaxIndexOfThree(x, y, z); }
+    VEXOR_INLINE int MinValueIdx() const { return vexor::detail::MinIndexOfThree(x, y, z); }
+    VEXOR_INLINE int MaxAbsValueIdx() const
+    {
+        using vexor::detail::Magnitude;
+        return vexor::detail::MaxIndexOfThree(Magnitude(x), Magnitude(y), Magnitude(z));
+    }
+    VEXOR_INLINE int MinAbsValueIdx() const
+    {
+        using vexor::detail::Magnitude;
+        return vexor::detail::MinIndexOfThree(Magnitude(x), Magnitude(y), Magnitude(z));
+    }
+    /// The indices of the components in ascending order. Equal components keep their index order:
+    /// unlike above, the first of them stays first.
+    VEXOR_API void ValueOrder(int& smallest, int& middle, int& largest) const;
+    /// The indices of the components in ascending order of absolute value, equal ones in index order.
+    VEXOR_API void AbsValueOrder(int& smallest, int& middle, int& largest) const;
+
+    // ---- Exact comparison --------------------------------------------------------------------
+
+    /// All components exactly 0, of either sign. No tolerance.
+    VEXOR_INLINE int IsNull() const { return int(x == 0.0) & int(y == 0.0) & int(z == 0.0); }
+    /// `LengthSquared()` within the squared length given.
+    VEXOR_INLINE int IsZeroLength(double length = -1.0) const
+    {
+        return LengthSquared() <= vexor::detail::LengthTolerance(length);
+    }
+    /// Exact, component by component; a NaN is unequal to everything.
+    VEXOR_INLINE int operator==(Vec3Dbl const& other) const
+    {
+        return int(x == other.x) & int(y == other.y) & int(z == other.z);
+    }
+    VEXOR_INLINE int operator!=(Vec3Dbl const& other) const { return !(*this == other); }
+    /// Strict lexicographic order: the first component that is not equal decides. A NaN there gives 0.
+    VEXOR_INLINE int operator<(Vec3Dbl const& other) const
+    {
+        if (!(x == other.x))
+            return x < other.x;
+        if (!(y == other.y))
+            return y < other.y;
+        return z < other.z;
+    }
+    /// Every component less than or equal to the other's: not strict, and no order.
+    VEXOR_INLINE int IsLessThan(Vec3Dbl const& other) const
+    {
+        return int(x <= other.x) & int(y <= other.y) & int(z <= other.z);
+    }
+    /// Every component greater than or equal to the other's: not strict, and no order.
+    VEXOR_INLINE int IsGreaterThan(Vec3Dbl const& other) const
+    {
+        return int(x >= other.x) & int(y >= other.y) & int(z >= other.z);
+    }
+
+    // ---- Direction within a tolerance --------------------------------------------------------
+    // With d the dot product and A, B the squared lengths, Q = ((d·d) / A) / B is the squared cosine.
+    // A vector whose squared length is within the length tolerance has no direction: every one of
+    // these predicates answers 0 for it.
+
+    /// The same direction within the angle (sine squared) and a difference within the length
+    /// (squared). Two exactly null vectors are equal; a vector that is not null but within the
+    /// global's length tolerance equals nothing, not even itself, whatever `length` says.
+    VEXOR_INLINE int IsEqualTo(Vec3Dbl const& other, double angular = -1.0, double length = -1.0) const;
+    /// Parallel or antiparallel: 1 − Q within the sine squared.
+    VEXOR_INLINE int IsParallelTo(Vec3Dbl const& other, double angular = -1.0, double length = -1.0) const
+    {
+        double const a = LengthSquared();
+        double const b = other.LengthSquared();
+        return vexor::detail::AreBothLonger(a, b, length)
+               & vexor::detail::AreParallel(Dot(other), a, b, angular);
+    }
+    /// Parallel, and the dot product above 0.
+    VEXOR_INLINE int IsCodirectionalTo(Vec3Dbl const& other, double angular = -1.0,
+                                       double length = -1.0) const
+    {
+        return int(Dot(other) > 0.0) & IsParallelTo(other, angular, length);
+    }
+    /// Q itself within the sine squared.
+    VEXOR_INLINE int IsPerpendicularTo(Vec3Dbl const& other, double angular = -1.0,
+                                       double length = -1.0) const
+    {
+        double const a = LengthSquared();
+        double const b = other.LengthSquared();
+        return vexor::detail::AreBothLonger(a, b, length)
+               & vexor::detail::ArePerpendicular(Dot(other), a, b, angular);
+    }
+    /// For two vectors known to be unit: |1 − d·d| within the sine squared.
+    VEXOR_INLINE int IsUnitParallelTo(Vec3Dbl const& other, double angular = -1.0) const
+    {
+        return vexor::detail::AreUnitParallel(Dot(other), angular);
+    }
+    /// For two vectors known to be unit: parallel as above, and d above 0.
+    VEXOR_INLINE int IsUnitCodirectionalTo(Vec3Dbl const& other, double angular = -1.0) const
+    {
+        return int(Dot(other) > 0.0) & IsUnitParallelTo(other, angular);
+    }
+    /// For two vectors known to be unit: d·d within the sine squared.
+    VEXOR_INLINE int IsUnitPerpendicularTo(Vec3Dbl const& other, double angular = -1.0) const
+    {
+        return vexor::detail::AreUnitPerpendicular(Dot(other), angular);
+    }
+
+    // ---- Angles and area ---------------------------------------------------------------------
+
+    /// The unsigned angle in radians, from 0 to π; 0 if one of the vectors has length 0.
+    VEXOR_INLINE double GetAngleWith(Vec3Dbl const& other) const
+    {
+        return vexor::detail::UnsignedAngle(Dot(other), Length(), other.Length());
+    }
+    /// The angle in radians from this vector to `other`, counter-clockwise as seen with `normal`
+    /// pointing at the viewer, from 0 up to 2π. Only the sign of `normal`·(this × other) is used. A
+    /// vector within the global's length tolerance gives 0.
+    VEXOR_API double GetCCWAngleWith(Vec3Dbl const& other, Vec3Dbl const& normal) const;
+    /// 0.5·√(A·B − d·d). Nearly parallel vectors can give NaN: the difference is not clamped.
+    VEXOR_INLINE double GetAreaFormedByTriangleWith(Vec3Dbl const& other) const
+    {
+        return vexor::detail::TriangleArea(Dot(other), LengthSquared(), other.LengthSquared());
+    }
+
+    // ---- Projection, perpendiculars, rotation ------------------------------------------------
+
+    /// The component of this vector along `target`. Raises `VexorNullVector` if `target` is null.
+    VEXOR_INLINE Vec3Dbl GetProjectionOnTo(Vec3Dbl const& target) const;
+    /// A unit vector perpendicular to this one, in the plane of its smallest and largest component.
+    /// Never raises: a null vector yields (1, 0, 0), one too short for the global's length tolerance
+    /// a unit vector that is only roughly perpendicular.
+    VEXOR_API Vec3Dbl GetPerpendicular() const;
+    /// The unit vector perpendicular to this one and nearest to `reference`. Where (this × reference) ×
+    /// this lies within the global's length tolerance, `GetPerpendicular()`.
+    VEXOR_API Vec3Dbl GetPerpendicularNearestTo(Vec3Dbl const& reference) const;
+    /// Turns this vector about `axis`, a unit vector, by the angle in radians: counter-clockwise as
+    /// seen with the axis pointing at the viewer. The axis is not normalised here.
+    VEXOR_API Vec3Dbl& Rotate(Vec3Dbl const& axis, double angle);
+};
+
+// ---- Free operators --------------------------------------------------------------------------------
+
+VEXOR_INLINE Vec3Dbl operator*(Vec3Dbl const& vector, double scalar)
+{
+    return Vec3Dbl(vector.x * scalar, vector.y * scalar, vector.z * scalar);
+}
+
+VEXOR_INLINE Vec3Dbl operator*(double scalar, Vec3Dbl const& vector)
+{
+    return vector * scalar;
+}
+
+/// Forms 1 / scalar once and multiplies by it, unlike `operator/=`, which divides: the two may differ
+/// in the last place.
+VEXOR_INLINE Vec3Dbl operator/(Vec3Dbl const& vector, double scalar)
+{
+    return vector * (1.0 / scalar);
+}
+
+VEXOR_INLINE Vec3Dbl operator+(Vec3Dbl const& left, Vec3Dbl const& right)
+{
+    return Vec3Dbl(left.x + right.x, left.y + right.y, left.z + right.z);
+}
+
+VEXOR_INLINE Vec3Dbl operator-(Vec3Dbl const& left, Vec3Dbl const& right)
+{
+    return Vec3Dbl(left.x - right.x, left.y - right.y, left.z - right.z);
+}
+
+VEXOR_INLINE Vec3Dbl operator-(Vec3Dbl const& vector)
+{
+    return vector.GetNegatedCopy();
+}
+
+// ---- Members that use them ---------------------------------------------------------------------------
+
+VEXOR_INLINE int Vec3Dbl::IsEqualTo(Vec3Dbl const& other, double angular, double length) const
+{
+    return vexor::detail::AreEqual(*this, other, angular, length, [](Vec3Dbl const& a, Vec3Dbl const& b) {
+        return (a - b).LengthSquared();
+    });
+}
+
+VEXOR_INLINE Vec3Dbl Vec3Dbl::GetProjectionOnTo(Vec3Dbl const& target) const
+{
+    Vec3Dbl const unit = target.GetNormalizedCopy();
+    return Dot(unit) * unit;
+}
+
+VEXOR_EXACT_END

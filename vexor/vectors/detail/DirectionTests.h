@@ -1,0 +1,104 @@
+#pragma once
+#include <vexor/foundation/detail/Rounding.h>
+#include <vexor/foundation/detail/Scalar.h>
+#include <vexor/foundation/detail/Tolerance.h>
+
+// What all six floating vector classes share of their geometry, over the element type. Each class
+// hands in its own dot product d and squared lengths A and B, already rounded as that class rounds
+// them; from there on everything is computed in double and rounded at the points named here, which
+// for double elements are no roundings at all.
+//
+// The functions return int and combine with &, without branches, so that a caller's loop vectorises.
+
+VEXOR_EXACT_BEGIN
+
+namespace vexor::detail {
+
+/// 1 unless one of the two squared lengths counts as zero. A NaN counts as longer.
+template <class Element>
+inline int AreBothLonger(Element a, Element b, Element lengthArgument)
+{
+    Element const tolerance = LengthTolerance(lengthArgument);
+    return int(!(a <= tolerance)) & int(!(b <= tolerance));
+}
+
+/// The squared cosine ((d·d) / A) / B, in double and without a root.
+template <class Element>
+inline double SquaredCosine(Element d, Element a, Element b)
+{
+    double const dot = d;
+    return ((dot * dot) / a) / b;
+}
+
+/// 1 − cos² within the tolerance. It is not clamped: rounding may take it below 0, which passes.
+template <class Element>
+inline int AreParallel(Element d, Element a, Element b, Element angularArgument)
+{
+    return Round<Element>(1.0 - SquaredCosine(d, a, b)) <= AngularTolerance(angularArgument);
+}
+
+/// cos² within the tolerance: the sine squared of the deviation from a right angle.
+template <class Element>
+inline int ArePerpendicular(Element d, Element a, Element b, Element angularArgument)
+{
+    return Round<Element>(SquaredCosine(d, a, b)) <= AngularTolerance(angularArgument);
+}
+
+/// |1 − d²| within the tolerance, for operands that the caller knows to be unit vectors.
+template <class Element>
+inline int AreUnitParallel(Element d, Element angularArgument)
+{
+    double const dot = d;
+    return Magnitude(Round<Element>(1.0 - dot * dot)) <= AngularTolerance(angularArgument);
+}
+
+/// d² within the tolerance, for operands that the caller knows to be unit vectors.
+template <class Element>
+inline int AreUnitPerpendicular(Element d, Element angularArgument)
+{
+    double const dot = d;
+    return Round<Element>(dot * dot) <= AngularTolerance(angularArgument);
+}
+
+/// The angle in radians, from 0 to π; 0 where a length is exactly 0. The quotient stays in double.
+template <class Element>
+inline Element UnsignedAngle(Element d, Element lengthA, Element lengthB)
+{
+    if (lengthA == Element(0) || lengthB == Element(0))
+        return Element(0);
+    double const dot = d;
+    return Round<Element>(ClampedArcCosine((dot / lengthA) / lengthB));
+}
+
+/// 0.5·√(A·B − d·d), the area of the triangle that two vectors span. The difference is not clamped:
+/// for nearly parallel vectors rounding can make it negative, and the area is then NaN.
+template <class Element>
+inline Element TriangleArea(Element d, Element a, Element b)
+{
+    double const dot = d;
+    double const squaredA = a;
+    double const difference = Round<Element>(squaredA * b - dot * dot);
+    double const root = Round<Element>(std::sqrt(difference));
+    return Round<Element>(0.5 * root);
+}
+
+/// Toleranced equality: the same direction within the angle, and a difference within the length.
+/// Exactly null vectors equal each other and nothing else. The direction test runs with the global
+/// length tolerance whatever the caller's, so a vector shorter than that, but not null, is unequal
+/// even to itself. `squaredDistance` gives the squared length of the difference of the two.
+template <class Vector, class Element, class SquaredDistance>
+inline int AreEqual(Vector const& left, Vector const& right, Element angular, Element length,
+                    SquaredDistance squaredDistance)
+{
+    if (left.IsNull())
+        return right.IsNull();
+    if (right.IsNull())
+        return 0;
+    if (!left.IsCodirectionalTo(right, angular, Element(-1)))
+        return 0;
+    return squaredDistance(left, right) <= LengthTolerance(length);
+}
+
+} // namespace vexor::detail
+
+VEXOR_EXACT_END

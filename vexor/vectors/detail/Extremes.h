@@ -1,0 +1,79 @@
+#pragma once
+#include <vexor/foundation/detail/Scalar.h>
+
+// Extremes of three components and of two. In space the later index wins a tie, by the decision
+// trees below; in the plane a tie goes to the second component. The conditions stand as they decide
+// about NaN: a comparison that involves one is false.
+
+namespace vexor::detail {
+
+template <class Number>
+inline Number MaxOfThree(Number x, Number y, Number z)
+{
+    Number const m = y < x ? x : y;
+    return m > z ? m : z;
+}
+
+template <class Number>
+inline Number MinOfThree(Number x, Number y, Number z)
+{
+    Number const m = y > x ? x : y;
+    return m < z ? m : z;
+}
+
+/// Of magnitudes; differs from `MaxOfThree` in what a NaN in the third place does.
+template <class Number>
+inline Number MaxMagnitudeOfThree(Number a, Number b, Number c)
+{
+    Number const m = b < a ? a : b;
+    return c < m ? m : c;
+}
+
+template <class Number>
+inline Number MinMagnitudeOfThree(Number a, Number b, Number c)
+{
+    Number const m = b > a ? a : b;
+    return c > m ? m : c;
+}
+
+template <class Number>
+inline int MaxIndexOfThree(Number x, Number y, Number z)
+{
+    if (y < x)
+        return z < x ? 0 : 2;
+    return z < y ? 1 : 2;
+}
+
+template <class Number>
+inline int MinIndexOfThree(Number x, Number y, Number z)
+{
+    if (y > x)
+        return z > x ? 0 : 2;
+    return z > y ? 1 : 2;
+}
+
+template <class Number>
+inline Number MaxOfTwo(Number x, Number y)
+{
+    return x > y ? x : y;
+}
+
+template <class Number>
+inline Number MinOfTwo(Number x, Number y)
+{
+    return x < y ? x : y;
+}
+
+template <class Number>
+inline int MaxIndexOfTwo(Number x, Number y)
+{
+    return x > y ? 0 : 1;
+}
+
+template <class Number>
+inline int MinIndexOfTwo(Number x, Number y)
+{
+    return x < y ? 0 : 1;
+}
+
+} // namespace vexor::detail

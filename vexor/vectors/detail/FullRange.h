@@ -1,0 +1,26 @@
+#pragma once
+#include <vexor/foundation/Config.h>
+
+#include <limits>
+
+// Lengths of double vectors over the whole range of a double. The plain sum of squares overflows
+// from about 1e154 on and loses digits below about 1e-145; there the components are scaled by a power
+// of two first, which gives the bits that arithmetic with an unlimited exponent would.
+
+namespace vexor::detail {
+
+/// Whether a sum of squares has neither overflowed nor lost digits to underflow. From 2^-960 on, a
+/// square that did underflow (below 2^-1022) is too small to change the sum by rounding.
+inline bool IsPlainSum(double sumOfSquares)
+{
+    return sumOfSquares >= 0x1p-960 && sumOfSquares <= std::numeric_limits<double>::max();
+}
+
+/// √((x² + y²) + z²) where the sum is no plain one.
+VEXOR_API VEXOR_COLD double FullRangeLength(double x, double y, double z);
+
+/// Divides each component by that length; raises `VexorNullVector`, with nothing changed, if all
+/// three are exactly zero.
+VEXOR_API VEXOR_COLD void FullRangeNormalize(double& x, double& y, double& z);
+
+} // namespace vexor::detail

@@ -1,0 +1,6 @@
+#pragma once
+// All classes of the library.
+#include <vexor/foundation/VexorException.h>
+#include <vexor/foundation/VexorTolerance.h>
+#include <vexor/vectors/Vec3Dbl.h>
+#include <vexor/vectors/Vec3Flt.h>
