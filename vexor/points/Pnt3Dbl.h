@@ -1,0 +1,207 @@
+#pragma once
+#include <vexor/points/detail/Distance.h>
+#include <vexor/vectors/Vec3Dbl.h>
+#include <vexor/vectors/Vec3Flt.h>
+
+class Pnt3Flt;
+
+VEXOR_EXACT_BEGIN
+
+/// A point in space: three doubles and nothing else, laid out as an array of three, as in `Vec3Dbl`.
+///
+/// A point is a place and a vector a displacement: the difference of two points is a vector, a point
+/// moves by a vector, and a point has no length, no direction and no products; to treat it as a
+/// vector, call `Vector`. Two points may be added and a point may be scaled all the same, so that
+/// means and blends of points can be written down. Predicates return 1 or 0.
+class VEXOR_CLASS Pnt3Dbl {
+public:
+    double x; ///< Coordinate 0.
+    double y; ///< Coordinate 1.
+    double z; ///< Coordinate 2.
+
+    // ---- Construction ------------------------------------------------------------------------
+
+    /// Leaves the coordinates as the memory held them.
+    VEXOR_INLINE Pnt3Dbl() { vexor::detail::LeaveUnset(x, y, z); }
+    /// All three coordinates take the value.
+    VEXOR_INLINE Pnt3Dbl(double value) : x(value), y(value), z(value) {}
+    VEXOR_INLINE Pnt3Dbl(double x0, double y0, double z0) : x(x0), y(y0), z(z0) {}
+    /// Copies three doubles from the array.
+    VEXOR_INLINE Pnt3Dbl(double* values) : x(values[0]), y(values[1]), z(values[2]) {}
+    Pnt3Dbl(Pnt3Dbl const&) = default;
+    /// The point that the vector leads to from the origin.
+    VEXOR_INLINE Pnt3Dbl(Vec3Dbl const& vector) : x(vector.x), y(vector.y), z(vector.z) {}
+    /// Widens each coordinate exactly. Comes with Pnt3Flt.h.
+    VEXOR_INLINE Pnt3Dbl(Pnt3Flt const& other);
+    /// Widens each component exactly.
+    VEXOR_INLINE Pnt3Dbl(Vec3Flt const& vector) : x(vector.x), y(vector.y), z(vector.z) {}
+    ~Pnt3Dbl() = default;
+
+    // ---- Assignment and access ---------------------------------------------------------------
+
+    Pnt3Dbl& operator=(Pnt3Dbl const&) = default;
+    VEXOR_INLINE Pnt3Dbl& operator=(Vec3Dbl const& vector) { return SetValue(vector.x, vector.y, vector.z); }
+    /// Widens each coordinate exactly. Comes with Pnt3Flt.h.
+    VEXOR_INLINE Pnt3Dbl& operator=(Pnt3Flt const& other);
+    /// Widens each component exactly.
+    VEXOR_INLINE Pnt3Dbl& operator=(Vec3Flt const& vector) { return SetValue(vector.x, vector.y, vector.z); }
+
+    /// All three coordinates take the value.
+    VEXOR_INLINE Pnt3Dbl& SetValue(double value) { return SetValue(value, value, value); }
+    VEXOR_INLINE Pnt3Dbl& SetValue(double x0, double y0, double z0)
+    {
+        x = x0;
+        y = y0;
+        z = z0;
+        return *this;
+    }
+    /// Copies three doubles from the array.
+    VEXOR_INLINE Pnt3Dbl& SetValue(double const* const values)
+    {
+        return SetValue(values[0], values[1], values[2]);
+    }
+
+    /// Not const, unlike the form that fills an array.
+    VEXOR_INLINE void GetValue(double& x0, double& y0, double& z0)
+    {
+        double const copy[3] = {x, y, z}; // an argument may be one of our own coordinates
+        x0 = copy[0];
+        y0 = copy[1];
+        z0 = copy[2];
+    }
+    VEXOR_INLINE void GetValue(double* const values) const
+    {
+        double const copy[3] = {x, y, z}; // the array may overlap this object
+        values[0] = copy[0];
+        values[1] = copy[1];
+        values[2] = copy[2];
+    }
+
+    /// The coordinate of the index 0, 1 or 2, which is not checked.
+    VEXOR_INLINE double& operator[](int index) { return vexor::detail::ElementOf<double, 3>(*this, index); }
+    VEXOR_INLINE double const& operator[](int index) const
+    {
+        return vexor::detail::ElementOf<double const, 3>(*this, index);
+    }
+    /// The same operation as `operator[]`.
+    VEXOR_INLINE double& operator()(int index) { return (*this)[index]; }
+    VEXOR_INLINE double const& operator()(int index) const { return (*this)[index]; }
+
+    /// The vector from the origin to this point.
+    VEXOR_INLINE Vec3Dbl Vector() const { return Vec3Dbl(x, y, z); }
+    /// Rounds each coordinate to single. Comes with Pnt3Flt.h.
+    VEXOR_INLINE Pnt3Flt ToPnt3Flt() const;
+
+    // ---- Arithmetic --------------------------------------------------------------------------
+
+    /// Adds coordinates: the sum of two points is a point.
+    VEXOR_INLINE Pnt3Dbl operator+(Pnt3Dbl const& other) const
+    {
+        return Pnt3Dbl(x + other.x, y + other.y, z + other.z);
+    }
+    /// This point moved by the vector.
+    VEXOR_INLINE Pnt3Dbl operator+(Vec3Dbl const& vector) const
+    {
+        return Pnt3Dbl(x + vector.x, y + vector.y, z + vector.z);
+    }
+    /// The vector from `other` to this point.
+    VEXOR_INLINE Vec3Dbl operator-(Pnt3Dbl const& other) const
+    {
+        return Vec3Dbl(x - other.x, y - other.y, z - other.z);
+    }
+    /// This point moved back by the vector.
+    VEXOR_INLINE Pnt3Dbl operator-(Vec3Dbl const& vector) const
+    {
+        return Pnt3Dbl(x - vector.x, y - vector.y, z - vector.z);
+    }
+    VEXOR_INLINE Pnt3Dbl& operator+=(Pnt3Dbl const& other)
+    {
+        return SetValue(x + other.x, y + other.y, z + other.z);
+    }
+    VEXOR_INLINE Pnt3Dbl& operator+=(Vec3Dbl const& vector)
+    {
+        return SetValue(x + vector.x, y + vector.y, z + vector.z);
+    }
+    // No operator-= takes a point: what it would yield is a vector.
+    VEXOR_INLINE Pnt3Dbl& operator-=(Vec3Dbl const& vector)
+    {
+        return SetValue(x - vector.x, y - vector.y, z - vector.z);
+    }
+    VEXOR_INLINE Pnt3Dbl& operator*=(double scalar) { return SetValue(x * scalar, y * scalar, z * scalar); }
+    /// Three divisions, unlike the free `operator/`, which multiplies by a reciprocal.
+    VEXOR_INLINE Pnt3Dbl& operator/=(double scalar) { return SetValue(x / scalar, y / scalar, z / scalar); }
+
+    // ---- Distance ----------------------------------------------------------------------------
+
+    /// ((0 + dx²) + dy²) + dz², with d this point minus the other.
+    VEXOR_INLINE double DistanceSqTo(Pnt3Dbl const& other) const
+    {
+        using vexor::detail::AddSquare;
+        return AddSquare(AddSquare(AddSquare(0.0, x - other.x), y - other.y), z - other.z);
+    }
+    /// The square root of `DistanceSqTo`; where that overflows, so does this.
+    VEXOR_INLINE double DistanceTo(Pnt3Dbl const& other) const { return std::sqrt(DistanceSqTo(other)); }
+
+    // ---- Comparison --------------------------------------------------------------------------
+
+    /// Exact, coordinate by coordinate; a NaN is unequal to everything.
+    VEXOR_INLINE int operator==(Pnt3Dbl const& other) const
+    {
+        return int(x == other.x) & int(y == other.y) & int(z == other.z);
+    }
+    VEXOR_INLINE int operator!=(Pnt3Dbl const& other) const { return !(*this == other); }
+    /// Strict lexicographic order: the first coordinate that is not equal decides. A NaN there gives
+    /// false.
+    VEXOR_INLINE bool operator<(Pnt3Dbl const& other) const
+    {
+        if (!(x == other.x))
+            return x < other.x;
+        if (!(y == other.y))
+            return y < other.y;
+        return z < other.z;
+    }
+    /// Within the distance `tolerance` of the other, inclusive: a plain length, unlike the tolerances
+    /// of the vectors' predicates. A negative one, the default, selects the global's length tolerance.
+    VEXOR_INLINE int IsEqualTo(Pnt3Dbl const& other, double tolerance = -1.0) const
+    {
+        return DistanceSqTo(other) <= vexor::detail::SquaredDistanceLimit(tolerance);
+    }
+    /// Every coordinate less than or equal to the other's: not strict, and no order.
+    VEXOR_INLINE int IsLessThan(Pnt3Dbl const& other) const
+    {
+        return int(x <= other.x) & int(y <= other.y) & int(z <= other.z);
+    }
+    /// Every coordinate greater than or equal to the other's: not strict, and no order.
+    VEXOR_INLINE int IsGreaterThan(Pnt3Dbl const& other) const
+    {
+        return int(x >= other.x) & int(y >= other.y) & int(z >= other.z);
+    }
+};
+
+// ---- Free operators --------------------------------------------------------------------------------
+
+VEXOR_INLINE Pnt3Dbl operator*(Pnt3Dbl const& point, double scalar)
+{
+    return Pnt3Dbl(point.x * scalar, point.y * scalar, point.z * scalar);
+}
+
+VEXOR_INLINE Pnt3Dbl operator*(double scalar, Pnt3Dbl const& point)
+{
+    return point * scalar;
+}
+
+/// Forms 1 / scalar once and multiplies by it, unlike `operator/=`, which divides: the two may differ
+/// in the last place.
+VEXOR_INLINE Pnt3Dbl operator/(Pnt3Dbl const& point, double scalar)
+{
+    return point * (1.0 / scalar);
+}
+
+// ---- Members of Vec3Dbl that name Pnt3Dbl --------------------------------------------------------------
+
+VEXOR_INLINE Vec3Dbl& Vec3Dbl::operator=(Pnt3Dbl const& point)
+{
+    return SetValue(point.x, point.y, point.z);
+}
+
+VEXOR_EXACT_END
