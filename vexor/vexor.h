@@ -2,6 +2,7 @@
 // All classes of the library.
 #include <vexor/foundation/VexorException.h>
 #include <vexor/foundation/VexorTolerance.h>
+#include <vexor/matrices/Mat3Dbl.h>
 #include <vexor/points/Pnt3Dbl.h>
 #include <vexor/points/Pnt3Flt.h>
 #include <vexor/vectors/Vec3Dbl.h>

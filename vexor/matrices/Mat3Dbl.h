@@ -1,0 +1,291 @@
+#pragma once
+#include <vexor/foundation/detail/Rounding.h>
+#include <vexor/points/Pnt3Dbl.h>
+#include <vexor/points/Pnt3Flt.h>
+#include <vexor/vectors/Vec3Dbl.h>
+#include <vexor/vectors/Vec3Flt.h>
+
+class MatDbl;
+
+VEXOR_EXACT_BEGIN
+
+/// A 3×3 matrix of doubles: three rows, each a `Vec3Dbl` inside the object, so that the nine elements
+/// lie row by row. Behind them stand three bytes with the row order of the last factorisation.
+///
+/// A factorisation overwrites the elements and writes those bytes; nothing else writes them, and no
+/// copy carries them. The matrix does not know that it holds factors: every operation but `ReSolve`
+/// takes its elements as they stand. Indices count from 0 and are not checked.
+class VEXOR_CLASS Mat3Dbl {
+public:
+    // ---- Construction ------------------------------------------------------------------------
+
+    /// Leaves the elements as the memory held them.
+    VEXOR_INLINE Mat3Dbl() { LeavePivotOrderUnset(); }
+    /// All nine elements take the value, not the diagonal alone.
+    VEXOR_INLINE Mat3Dbl(double value) : rows{value, value, value} { LeavePivotOrderUnset(); }
+    VEXOR_INLINE Mat3Dbl(Vec3Dbl const& row0, Vec3Dbl const& row1, Vec3Dbl const& row2)
+        : rows{row0, row1, row2}
+    {
+        LeavePivotOrderUnset();
+    }
+    /// Copies the nine elements and not the row order of a factorisation: `ReSolve` works on the
+    /// factorised object alone.
+    VEXOR_INLINE Mat3Dbl(Mat3Dbl const& other) : rows{other.rows[0], other.rows[1], other.rows[2]}
+    {
+        LeavePivotOrderUnset();
+    }
+    /// The top left block of `other`, not transposed; zeros where `other` is smaller. Comes with
+    /// MatDbl.h.
+    VEXOR_INLINE Mat3Dbl(MatDbl const& other);
+    ~Mat3Dbl() = default;
+
+    /// Copies the nine elements; this object keeps its own row order.
+    VEXOR_INLINE Mat3Dbl& operator=(Mat3Dbl const& other)
+    {
+        rows[0] = other.rows[0];
+        rows[1] = other.rows[1];
+        rows[2] = other.rows[2];
+        return *this;
+    }
+
+    // ---- Elements, rows and columns ----------------------------------------------------------
+
+    /// Row first, column second.
+    VEXOR_INLINE double& operator()(int row, int column)
+    {
+        return vexor::detail::ElementOf<double, 9>(*this, row * 3 + column);
+    }
+    VEXOR_INLINE double const& operator()(int row, int column) const
+    {
+        return vexor::detail::ElementOf<double const, 9>(*this, row * 3 + column);
+    }
+
+    /// The row inside the matrix: writing to it changes the matrix.
+    VEXOR_INLINE Vec3Dbl& GetRow(unsigned int row)
+    {
+        return vexor::detail::ElementOf<Vec3Dbl, 3>(*this, static_cast<int>(row));
+    }
+    VEXOR_INLINE Vec3Dbl const& GetRow(unsigned int row) const
+    {
+        return vexor::detail::ElementOf<Vec3Dbl const, 3>(*this, static_cast<int>(row));
+    }
+    VEXOR_INLINE Mat3Dbl& SetRow(unsigned int row, Vec3Dbl const& values)
+    {
+        GetRow(row) = values;
+        return *this;
+    }
+    /// A copy: columns are not stored as vectors.
+    VEXOR_INLINE Vec3Dbl GetCol(unsigned int column) const
+    {
+        int const c = static_cast<int>(column);
+        return Vec3Dbl((*this)(0, c), (*this)(1, c), (*this)(2, c));
+    }
+    VEXOR_INLINE Mat3Dbl& SetCol(unsigned int column, Vec3Dbl const& values)
+    {
+        int const c = static_cast<int>(column);
+        Vec3Dbl const copy(values); // it may be one of our own rows
+        (*this)(0, c) = copy.x;
+        (*this)(1, c) = copy.y;
+        (*this)(2, c) = copy.z;
+        return *this;
+    }
+    VEXOR_INLINE Vec3Dbl GetDiagonal() const { return Vec3Dbl(rows[0].x, rows[1].y, rows[2].z); }
+    /// Writes the diagonal; the other elements stay.
+    VEXOR_INLINE Mat3Dbl& SetDiagonal(Vec3Dbl const& values)
+    {
+        rows[0].x = values.x;
+        rows[1].y = values.y;
+        rows[2].z = values.z;
+        return *this;
+    }
+    /// Writes the value on the diagonal; the other elements stay.
+    VEXOR_INLINE Mat3Dbl& SetDiagonal(double value) { return SetDiagonal(Vec3Dbl(value)); }
+
+    /// All nine elements take the value.
+    VEXOR_INLINE Mat3Dbl& SetValue(double value)
+    {
+        Vec3Dbl const row(value);
+        return SetValue(row, row, row);
+    }
+    VEXOR_INLINE Mat3Dbl& SetValue(Vec3Dbl const& row0, Vec3Dbl const& row1, Vec3Dbl const& row2)
+    {
+        return *this = Mat3Dbl(row0, row1, row2); // an argument may be one of our own rows
+    }
+    VEXOR_INLINE void GetValue(Vec3Dbl& row0, Vec3Dbl& row1, Vec3Dbl& row2)
+    {
+        Mat3Dbl const copy(*this); // an argument may be one of our own rows
+        row0 = copy.rows[0];
+        row1 = copy.rows[1];
+        row2 = copy.rows[2];
+    }
+
+    // ---- The whole matrix --------------------------------------------------------------------
+
+    /// Sets the unit matrix.
+    VEXOR_INLINE Mat3Dbl& Identity()
+    {
+        SetValue(0.0);
+        return SetDiagonal(1.0);
+    }
+    VEXOR_INLINE Mat3Dbl& Transpose() { return *this = GetTransposedCopy(); }
+    VEXOR_INLINE Mat3Dbl GetTransposedCopy() const
+    {
+        return Mat3Dbl(Vec3Dbl(rows[0].x, rows[1].x, rows[2].x), Vec3Dbl(rows[0].y, rows[1].y, rows[2].y),
+                       Vec3Dbl(rows[0].z, rows[1].z, rows[2].z));
+    }
+    /// Flips the sign of each element; 0 becomes −0.
+    VEXOR_INLINE Mat3Dbl& Negate()
+    {
+        rows[0].Negate();
+        rows[1].Negate();
+        rows[2].Negate();
+        return *this;
+    }
+    VEXOR_INLINE Mat3Dbl GetNegatedCopy() const { return Mat3Dbl(-rows[0], -rows[1], -rows[2]); }
+    /// The sum of the rows, (row 0 + row 1) + row 2: each component is the sum down a column.
+    VEXOR_INLINE Vec3Dbl RowSum() { return (rows[0] + rows[1]) + rows[2]; }
+    /// `RowSum()` times the reciprocal of 3.
+    VEXOR_INLINE Vec3Dbl RowAverage() { return RowSum() / 3.0; }
+
+    // ---- Exact comparison: the elements alone ------------------------------------------------
+
+    /// Exact, element by element; a NaN is unequal to everything.
+    VEXOR_INLINE int operator==(Mat3Dbl const& other) const
+    {
+        return rows[0] == other.rows[0] && rows[1] == other.rows[1] && rows[2] == other.rows[2];
+    }
+    VEXOR_INLINE int operator!=(Mat3Dbl const& other) const { return !(*this == other); }
+
+    // ---- Arithmetic, element by element ------------------------------------------------------
+
+    VEXOR_INLINE Mat3Dbl& operator*=(double scalar)
+    {
+        rows[0] *= scalar;
+        rows[1] *= scalar;
+        rows[2] *= scalar;
+        return *this;
+    }
+    /// Nine divisions, unlike the free `operator/`, which multiplies by a reciprocal.
+    VEXOR_INLINE Mat3Dbl& operator/=(double scalar)
+    {
+        rows[0] /= scalar;
+        rows[1] /= scalar;
+        rows[2] /= scalar;
+        return *this;
+    }
+    VEXOR_INLINE Mat3Dbl& operator+=(Mat3Dbl const& other)
+    {
+        rows[0] += other.rows[0];
+        rows[1] += other.rows[1];
+        rows[2] += other.rows[2];
+        return *this;
+    }
+    VEXOR_INLINE Mat3Dbl& operator-=(Mat3Dbl const& other)
+    {
+        rows[0] -= other.rows[0];
+        rows[1] -= other.rows[1];
+        rows[2] -= other.rows[2];
+        return *this;
+    }
+
+private:
+    Vec3Dbl rows[3];
+    unsigned char pivotOrder[3]; // pivotOrder[i] is the row that acts as row i of the factors
+
+    // In checked builds marks the row order as one that no factorisation has written.
+    void LeavePivotOrderUnset()
+    {
+#if defined(VEXOR_CHECKED)
+        pivotOrder[0] = pivotOrder[1] = pivotOrder[2] = 255;
+#endif
+    }
+};
+
+// ---- Free operators --------------------------------------------------------------------------------
+
+VEXOR_INLINE Mat3Dbl operator*(Mat3Dbl const& matrix, double scalar)
+{
+    return Mat3Dbl(matrix.GetRow(0) * scalar, matrix.GetRow(1) * scalar, matrix.GetRow(2) * scalar);
+}
+
+VEXOR_INLINE Mat3Dbl operator*(double scalar, Mat3Dbl const& matrix)
+{
+    return matrix * scalar;
+}
+
+/// Forms 1 / scalar once and multiplies by it, unlike `operator/=`, which divides: the two may differ
+/// in the last place.
+VEXOR_INLINE Mat3Dbl operator/(Mat3Dbl const& matrix, double scalar)
+{
+    return matrix * (1.0 / scalar);
+}
+
+VEXOR_INLINE Mat3Dbl operator-(Mat3Dbl const& matrix)
+{
+    return matrix.GetNegatedCopy();
+}
+
+VEXOR_INLINE Mat3Dbl operator+(Mat3Dbl const& left, Mat3Dbl const& right)
+{
+    return Mat3Dbl(left.GetRow(0) + right.GetRow(0), left.GetRow(1) + right.GetRow(1),
+                   left.GetRow(2) + right.GetRow(2));
+}
+
+VEXOR_INLINE Mat3Dbl operator-(Mat3Dbl const& left, Mat3Dbl const& right)
+{
+    return Mat3Dbl(left.GetRow(0) - right.GetRow(0), left.GetRow(1) - right.GetRow(1),
+                   left.GetRow(2) - right.GetRow(2));
+}
+
+/// The matrix product. Each element is ((0.0 + l₀·r₀) + l₁·r₁) + l₂·r₂; the sum starts from 0.0, so that
+/// no element is −0.
+VEXOR_INLINE Mat3Dbl operator*(Mat3Dbl const& left, Mat3Dbl const& right)
+{
+    auto const row = [&right](Vec3Dbl const& factors) {
+        return ((Vec3Dbl(0.0) + factors.x * right.GetRow(0)) + factors.y * right.GetRow(1))
+               + factors.z * right.GetRow(2);
+    };
+    return Mat3Dbl(row(left.GetRow(0)), row(left.GetRow(1)), row(left.GetRow(2)));
+}
+
+/// The dot products of the rows with the vector.
+VEXOR_INLINE Vec3Dbl operator*(Mat3Dbl const& matrix, Vec3Dbl const& vector)
+{
+    return Vec3Dbl(matrix.GetRow(0).Dot(vector), matrix.GetRow(1).Dot(vector), matrix.GetRow(2).Dot(vector));
+}
+
+/// The product in double, each component rounded to single once.
+VEXOR_INLINE Vec3Flt operator*(Mat3Dbl const& matrix, Vec3Flt const& vector)
+{
+    return (matrix * Vec3Dbl(vector)).ToVec3Flt();
+}
+
+/// The point passes through single precision: each coordinate of the product is rounded to single
+/// before it is stored in its double, so that the result carries about seven digits. The product with
+/// `Pnt3Dbl::Vector()` keeps full precision.
+VEXOR_INLINE Pnt3Dbl operator*(Mat3Dbl const& matrix, Pnt3Dbl const& point)
+{
+    using vexor::detail::RoundToSingle;
+    Vec3Dbl const product = matrix * point.Vector();
+    return Pnt3Dbl(RoundToSingle(product.x), RoundToSingle(product.y), RoundToSingle(product.z));
+}
+
+/// The product in double, each coordinate rounded to single once.
+VEXOR_INLINE Pnt3Flt operator*(Mat3Dbl const& matrix, Pnt3Flt const& point)
+{
+    return matrix * point.Vector();
+}
+
+// ---- Members of the vectors that name Mat3Dbl --------------------------------------------------------
+
+VEXOR_INLINE Mat3Dbl Vec3Dbl::OuterProduct(Vec3Dbl const& other) const
+{
+    return Mat3Dbl(x * other, y * other, z * other);
+}
+
+VEXOR_INLINE Mat3Dbl Vec3Flt::OuterProduct(Vec3Flt const& other) const
+{
+    return Vec3Dbl(*this).OuterProduct(Vec3Dbl(other));
+}
+
+VEXOR_EXACT_END
