@@ -7,3 +7,4 @@
 #include <vexor/points/Pnt3Flt.h>
 #include <vexor/vectors/Vec3Dbl.h>
 #include <vexor/vectors/Vec3Flt.h>
+#include <vexor/dynamic/VecDbl.h>

@@ -1,0 +1,350 @@
+#include <vexor/dynamic/VecDbl.h>
+
+#include <vexor/dynamic/detail/Runs.h>
+#include <vexor/dynamic/detail/Storage.h>
+
+using namespace vexor::detail;
+
+// ---- Construction and size -------------------------------------------------------------------------
+
+VecDbl::VecDbl() : VecDbl(1, nullptr) {}
+
+VecDbl::VecDbl(int newSize, double* externalStorage) : values(nullptr), size(0), isExternal(0)
+{
+    Init(newSize, externalStorage);
+}
+
+VecDbl::VecDbl(int newSize, double value, double* externalStorage) : VecDbl(newSize, externalStorage)
+{
+    SetValue(value);
+}
+
+VecDbl::VecDbl(VecDbl const& other) : VecDbl(other.size, nullptr)
+{
+    CopyRun(values, other.values, size);
+}
+
+VecDbl::VecDbl(Vec3Dbl const& vector) : VecDbl(3, nullptr)
+{
+    vector.GetValue(values);
+}
+
+VecDbl::~VecDbl()
+{
+    if (!isExternal)
+        ReturnBytes(values);
+}
+
+VecDbl& VecDbl::operator=(VecDbl const& other)
+{
+    // The other may be a view on our own array, which therefore lives until the copy is made.
+    Owned<double> const retired = ShapeVector<double>(values, size, isExternal, other.size, nullptr);
+    CopyRun(values, other.values, size);
+    return *this;
+}
+
+void VecDbl::ReSize(int newSize, double* externalStorage)
+{
+    Init(newSize, externalStorage);
+}
+
+void VecDbl::ReSize(int newSize, double value, double* externalStorage)
+{
+    Init(newSize, externalStorage);
+    SetValue(value);
+}
+
+void VecDbl::Init(int newSize, double* externalStorage)
+{
+    ShapeVector(values, size, isExternal, newSize, externalStorage);
+}
+
+// ---- Access ----------------------------------------------------------------------------------------
+
+VecDbl& VecDbl::SetValue(double value)
+{
+    FillRun(values, size, value);
+    return *this;
+}
+
+VecDbl& VecDbl::SetValue(double const* const array)
+{
+    CopyRun(values, array, size);
+    return *this;
+}
+
+void VecDbl::GetValue(double* const array) const
+{
+    CopyRun(array, values, size);
+}
+
+// ---- Comparison and arithmetic ---------------------------------------------------------------------
+
+int VecDbl::operator==(VecDbl const& other) const
+{
+    return size == other.size && AreRunsEqual(values, other.values, size);
+}
+
+VecDbl& VecDbl::operator*=(double scalar)
+{
+    MapRun(values, values, size, [scalar](double v) { return v * scalar; });
+    return *this;
+}
+
+VecDbl& VecDbl::operator/=(double scalar)
+{
+    MapRun(values, values, size, [scalar](double v) { return v / scalar; });
+    return *this;
+}
+
+VecDbl& VecDbl::operator+=(VecDbl const& other)
+{
+    RequireSameSize(size, other.size);
+    CombineRuns(values, values, other.values, size, [](double a, double b) { return a + b; });
+    return *this;
+}
+
+VecDbl& VecDbl::operator-=(VecDbl const& other)
+{
+    RequireSameSize(size, other.size);
+    CombineRuns(values, values, other.values, size, [](double a, double b) { return a - b; });
+    return *this;
+}
+
+VecDbl& VecDbl::Negate()
+{
+    MapRun(values, values, size, [](double v) { return -v; });
+    return *this;
+}
+
+VecDbl VecDbl::GetNegatedCopy() const
+{
+    VecDbl result(size);
+    MapRun(result.values, values, size, [](double v) { return -v; });
+    return result;
+}
+
+// ---- Sums, products, length ------------------------------------------------------------------------
+
+double VecDbl::Sum() const
+{
+    double sum = 0.0;
+    for (int i = 0; i < size; ++i)
+        sum += values[i];
+    return sum;
+}
+
+double VecDbl::LengthSquared() const
+{
+    return RunningDot(values, values, size);
+}
+
+double VecDbl::Length() const
+{
+    return std::sqrt(LengthSquared());
+}
+
+double VecDbl::Dot(VecDbl const& other) const
+{
+    VEXOR_CHECK(other.size >= size, "Dot with a shorter vector");
+    return RunningDot(values, other.values, size);
+}
+
+VecDbl& VecDbl::Normalize()
+{
+    if (IsNull())
+        RaiseNullVector();
+    return *this /= Length();
+}
+
+VecDbl VecDbl::GetNormalizedCopy() const
+{
+    if (IsNull())
+        RaiseNullVector();
+    return *this / Length();
+}
+
+VecDbl VecDbl::ElemMult(VecDbl const& other) const
+{
+    RequireSameSize(size, other.size);
+    VecDbl result(size);
+    CombineRuns(result.values, values, other.values, size, [](double a, double b) { return a * b; });
+    return result;
+}
+
+VecDbl VecDbl::ElemDiv(VecDbl const& other) const
+{
+    RequireSameSize(size, other.size);
+    VecDbl result(size);
+    CombineRuns(result.values, values, other.values, size, [](double a, double b) { return a / b; });
+    return result;
+}
+
+// ---- Projection, angle, area -----------------------------------------------------------------------
+
+VecDbl VecDbl::GetProjectionOnTo(VecDbl const& target) const
+{
+    RequireSameSize(size, target.size);
+    VecDbl unit = target.GetNormalizedCopy();
+    unit *= Dot(unit);
+    return unit;
+}
+
+double VecDbl::GetAngleWith(VecDbl const& other) const
+{
+    RequireSameSize(size, other.size);
+    return UnsignedAngle(Dot(other), Length(), other.Length());
+}
+
+double VecDbl::GetAreaFormedByTriangleWith(VecDbl const& other) const
+{
+    RequireSameSize(size, other.size);
+    return TriangleArea(Dot(other), LengthSquared(), other.LengthSquared());
+}
+
+// ---- Extremes --------------------------------------------------------------------------------------
+
+double VecDbl::MaxValue() const
+{
+    return FindGreatest(values, size, ItsValue<double>).value;
+}
+
+int VecDbl::MaxValueIdx() const
+{
+    return FindGreatest(values, size, ItsValue<double>).index;
+}
+
+double VecDbl::MinValue() const
+{
+    return FindSmallest(values, size, ItsValue<double>).value;
+}
+
+int VecDbl::MinValueIdx() const
+{
+    return FindSmallest(values, size, ItsValue<double>).index;
+}
+
+double VecDbl::MaxAbsValue() const
+{
+    return FindGreatest(values, size, Magnitude<double>).value;
+}
+
+int VecDbl::MaxAbsValueIdx() const
+{
+    return FindGreatest(values, size, Magnitude<double>).index;
+}
+
+double VecDbl::MinAbsValue() const
+{
+    return FindSmallest(values, size, Magnitude<double>).value;
+}
+
+int VecDbl::MinAbsValueIdx() const
+{
+    return FindSmallest(values, size, Magnitude<double>).index;
+}
+
+// ---- Predicates ------------------------------------------------------------------------------------
+
+int VecDbl::IsNull() const
+{
+    return IsRunNull(values, size);
+}
+
+int VecDbl::IsZeroLength(double length) const
+{
+    return LengthSquared() <= LengthTolerance(length);
+}
+
+int VecDbl::IsParallelTo(VecDbl const& other, double angular, double length) const
+{
+    RequireSameSize(size, other.size);
+    double const a = LengthSquared();
+    double const b = other.LengthSquared();
+    return AreBothLonger(a, b, length) && AreParallel(Dot(other), a, b, angular);
+}
+
+int VecDbl::IsCodirectionalTo(VecDbl const& other, double angular, double length) const
+{
+    RequireSameSize(size, other.size);
+    return Dot(other) > 0.0 && IsParallelTo(other, angular, length);
+}
+
+int VecDbl::IsPerpendicularTo(VecDbl const& other, double angular, double length) const
+{
+    RequireSameSize(size, other.size);
+    double const a = LengthSquared();
+    double const b = other.LengthSquared();
+    return AreBothLonger(a, b, length) && ArePerpendicular(Dot(other), a, b, angular);
+}
+
+int VecDbl::IsUnitParallelTo(VecDbl const& other, double angular) const
+{
+    RequireSameSize(size, other.size);
+    return AreUnitParallel(Dot(other), angular);
+}
+
+int VecDbl::IsUnitCodirectionalTo(VecDbl const& other, double angular) const
+{
+    RequireSameSize(size, other.size);
+    double const d = Dot(other);
+    return d > 0.0 && AreUnitParallel(d, angular);
+}
+
+int VecDbl::IsUnitPerpendicularTo(VecDbl const& other, double angular) const
+{
+    RequireSameSize(size, other.size);
+    return AreUnitPerpendicular(Dot(other), angular);
+}
+
+int VecDbl::IsEqualTo(VecDbl const& other, double angular, double length) const
+{
+    RequireSameSize(size, other.size);
+    // The distance is summed without a vector for the difference: a predicate allocates nothing.
+    return AreEqual(*this, other, angular, length, [](VecDbl const& a, VecDbl const& b) {
+        return RunningSquaredDistance(a.values, b.values, a.size);
+    });
+}
+
+// ---- Free operators --------------------------------------------------------------------------------
+// Through the index operators, which are plain accesses, since the fields are private.
+
+VecDbl operator*(VecDbl const& vector, double scalar)
+{
+    VecDbl result(vector.Size());
+    MapRun(&result[0], &vector[0], vector.Size(), [scalar](double v) { return v * scalar; });
+    return result;
+}
+
+VecDbl operator*(double scalar, VecDbl const& vector)
+{
+    return vector * scalar;
+}
+
+VecDbl operator/(VecDbl const& vector, double scalar)
+{
+    VecDbl result(vector.Size());
+    MapRun(&result[0], &vector[0], vector.Size(), [scalar](double v) { return v / scalar; });
+    return result;
+}
+
+VecDbl operator-(VecDbl const& vector)
+{
+    return vector.GetNegatedCopy();
+}
+
+VecDbl operator+(VecDbl const& left, VecDbl const& right)
+{
+    RequireSameSize(left.Size(), right.Size());
+    VecDbl result(left.Size());
+    CombineRuns(&result[0], &left[0], &right[0], left.Size(), [](double a, double b) { return a + b; });
+    return result;
+}
+
+VecDbl operator-(VecDbl const& left, VecDbl const& right)
+{
+    RequireSameSize(left.Size(), right.Size());
+    VecDbl result(left.Size());
+    CombineRuns(&result[0], &left[0], &right[0], left.Size(), [](double a, double b) { return a - b; });
+    return result;
+}

@@ -1,0 +1,75 @@
+#pragma once
+#include <vexor/foundation/detail/Raise.h>
+
+#include <cstdint>
+#include <memory>
+
+// Storage of the classes of run-time size. Everything they and their drivers take from the heap is
+// taken here, so that a request that is not met ends in one way only: in `VexorAllocationFailed`,
+// whatever the client's allocator or new-handler does to say so.
+
+namespace vexor::detail {
+
+/// Unset storage, or null where there is none to be had: the request is below 1, is more than the
+/// address space holds, or the allocator refuses it, by returning null or by throwing anything.
+void* TakeBytes(std::int64_t count, std::int64_t elementSize) noexcept;
+void ReturnBytes(void* bytes) noexcept;
+
+struct ReturnToHeap {
+    void operator()(void* bytes) const noexcept { ReturnBytes(bytes); }
+};
+
+/// A block on its way into or out of an object, or a driver's workspace.
+template <class Element>
+using Owned = std::unique_ptr<Element[], ReturnToHeap>;
+
+/// That many elements, unset; in checked builds floating elements hold signalling NaNs. Null where
+/// there is no storage.
+template <class Element>
+Owned<Element> Take(std::int64_t count) noexcept;
+
+extern template Owned<double> Take<double>(std::int64_t count) noexcept;
+extern template Owned<float> Take<float>(std::int64_t count) noexcept;
+extern template Owned<int> Take<int>(std::int64_t count) noexcept;
+extern template Owned<double*> Take<double*>(std::int64_t count) noexcept;
+
+/// The same, raising `VexorAllocationFailed` where there is no storage.
+template <class Element>
+inline Owned<Element> TakeOrRaise(std::int64_t count)
+{
+    Owned<Element> block = Take<Element>(count);
+    if (!block)
+        RaiseAllocationFailed();
+    return block;
+}
+
+/// Gives a vector, known by its three fields, a size and storage, the caller's where a pointer is
+/// given. Own storage of that size stays as it is, and the pointer is then ignored. Returns the own
+/// block that the vector gave up, for the caller to drop when nothing reads it any more. Raises
+/// `VexorAllocationFailed`, with nothing changed, for a size below 1 and where there is no storage.
+template <class Element>
+inline Owned<Element> ShapeVector(Element*& values, int& size, int& isExternal, int newSize,
+                                  Element* externalStorage)
+{
+    if (newSize < 1)
+        RaiseAllocationFailed();
+    if (newSize == size && !isExternal)
+        return nullptr;
+    VEXOR_CHECK(!externalStorage || isExternal || externalStorage != values,
+                "a vector's own block is no caller's storage for it");
+
+    Owned<Element> fresh = externalStorage ? nullptr : TakeOrRaise<Element>(newSize);
+    Owned<Element> retired(isExternal ? nullptr : values);
+    values = externalStorage ? externalStorage : fresh.release();
+    size = newSize;
+    isExternal = externalStorage ? 1 : 0;
+    return retired;
+}
+
+inline void RequireSameSize(int left, int right)
+{
+    if (left != right)
+        RaiseDimensionMismatch();
+}
+
+} // namespace vexor::detail
