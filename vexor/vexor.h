@@ -1,5 +1,7 @@
 #pragma once
 // All classes of the library.
+#include <vexor/dynamic/MatDbl.h>
+#include <vexor/dynamic/VecDbl.h>
 #include <vexor/foundation/VexorException.h>
 #include <vexor/foundation/VexorTolerance.h>
 #include <vexor/matrices/Mat3Dbl.h>
@@ -7,4 +9,3 @@
 #include <vexor/points/Pnt3Flt.h>
 #include <vexor/vectors/Vec3Dbl.h>
 #include <vexor/vectors/Vec3Flt.h>
-#include <vexor/dynamic/VecDbl.h>

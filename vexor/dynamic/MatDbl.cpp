@@ -1,0 +1,382 @@
+#include <vexor/dynamic/MatDbl.h>
+
+#include <vexor/dynamic/detail/Kernels.h>
+#include <vexor/dynamic/detail/Runs.h>
+#include <vexor/dynamic/detail/Storage.h>
+
+#include <algorithm>
+
+using namespace vexor::detail;
+
+namespace {
+
+std::int64_t CountOf(int rows, int columns)
+{
+    return static_cast<std::int64_t>(rows) * columns;
+}
+
+std::int64_t CountOf(MatDbl const& matrix)
+{
+    return CountOf(matrix.RowCount(), matrix.ColumnCount());
+}
+
+void RequireSameShape(MatDbl const& left, MatDbl const& right)
+{
+    RequireSameSize(left.RowCount(), right.RowCount());
+    RequireSameSize(left.ColumnCount(), right.ColumnCount());
+}
+
+} // namespace
+
+// ---- Construction and shape ------------------------------------------------------------------------
+
+MatDbl::MatDbl() : MatDbl(1, 1, nullptr) {}
+
+MatDbl::MatDbl(int rows, int cols, double* externalStorage)
+    : rowCount(0), columnCount(0), isExternal(0), columns(nullptr), pivots(nullptr)
+{
+    Init(rows, cols, externalStorage);
+}
+
+MatDbl::MatDbl(int rows, int cols, double value, double* externalStorage)
+    : MatDbl(rows, cols, externalStorage)
+{
+    SetValue(value);
+}
+
+MatDbl::MatDbl(MatDbl const& other)
+    : rowCount(0), columnCount(0), isExternal(0), columns(nullptr), pivots(nullptr)
+{
+    *this = other;
+}
+
+MatDbl::MatDbl(Mat3Dbl const& other) : MatDbl(3, 3, nullptr)
+{
+    for (int i = 0; i < 3; ++i) {
+        for (int j = 0; j < 3; ++j)
+            columns[j][i] = other(j, i);
+    }
+}
+
+MatDbl::~MatDbl()
+{
+    if (!isExternal)
+        ReturnBytes(columns[0]);
+    ReturnBytes(columns);
+    ReturnBytes(pivots);
+}
+
+MatDbl& MatDbl::operator=(MatDbl const& other)
+{
+    // Everything is taken before anything changes.
+    bool const staysAsItIs = rowCount == other.rowCount && columnCount == other.columnCount && !isExternal;
+    bool const needsPivots = other.pivots && !(staysAsItIs && pivots);
+    Owned<int> freshPivots = needsPivots ? TakeOrRaise<int>(other.rowCount) : nullptr;
+    // The other may be a view on our own block, which therefore lives until the copy is made.
+    Owned<double> const retired(Shape(other.rowCount, other.columnCount, nullptr));
+
+    CopyRun(columns[0], other.columns[0], CountOf(other));
+    if (other.pivots) {
+        if (!pivots)
+            pivots = freshPivots.release();
+        CopyRun(pivots, other.pivots, rowCount);
+    } else {
+        ReleasePivots();
+    }
+    return *this;
+}
+
+void MatDbl::ReSize(int rows, int cols, double* externalStorage)
+{
+    Init(rows, cols, externalStorage);
+}
+
+void MatDbl::ReSize(int rows, int cols, double value, double* externalStorage)
+{
+    Init(rows, cols, externalStorage);
+    SetValue(value);
+}
+
+void MatDbl::Init(int rows, int cols, double* externalStorage)
+{
+    ReturnBytes(Shape(rows, cols, externalStorage));
+}
+
+double* MatDbl::Shape(int rows, int cols, double* externalStorage)
+{
+    if (rows < 1 || cols < 1)
+        RaiseAllocationFailed();
+    if (rows == rowCount && cols == columnCount && !isExternal)
+        return nullptr;
+
+    double* const oldBlock = columns ? columns[0] : nullptr;
+    bool const keepsBlock =
+        !externalStorage && !isExternal && CountOf(rows, cols) == CountOf(rowCount, columnCount);
+    VEXOR_CHECK(!externalStorage || isExternal || externalStorage != oldBlock,
+                "a matrix's own block is no caller's storage for it");
+    Owned<double*> newTable = cols == columnCount ? nullptr : TakeOrRaise<double*>(cols);
+    Owned<double> newBlock =
+        externalStorage || keepsBlock ? nullptr : TakeOrRaise<double>(CountOf(rows, cols));
+
+    // From here on nothing fails.
+    double* const block = externalStorage ? externalStorage : keepsBlock ? oldBlock : newBlock.release();
+    double* const retired = isExternal || block == oldBlock ? nullptr : oldBlock;
+    if (newTable) {
+        ReturnBytes(columns);
+        columns = newTable.release();
+    }
+    columns[0] = block;
+    for (int j = 1; j < cols; ++j)
+        columns[j] = columns[j - 1] + rows;
+    rowCount = rows;
+    columnCount = cols;
+    isExternal = externalStorage ? 1 : 0;
+    ReleasePivots();
+    return retired;
+}
+
+void MatDbl::ReleasePivots()
+{
+    ReturnBytes(pivots);
+    pivots = nullptr;
+}
+
+// ---- Elements, rows and columns --------------------------------------------------------------------
+
+VecDbl MatDbl::GetRow(int row) const
+{
+    VEXOR_CHECK(row >= 0 && row < rowCount, "index out of range");
+    VecDbl result(columnCount);
+    for (int j = 0; j < columnCount; ++j)
+        result[j] = columns[j][row];
+    return result;
+}
+
+VecDbl MatDbl::GetCol(int column) const
+{
+    VEXOR_CHECK(column >= 0 && column < columnCount, "index out of range");
+    VecDbl result(rowCount);
+    CopyRun(&result[0], columns[column], rowCount);
+    return result;
+}
+
+MatDbl& MatDbl::SetRow(int row, VecDbl const& rowValues)
+{
+    RequireSameSize(rowValues.Size(), columnCount);
+    if (row < 0 || row >= rowCount)
+        RaiseDimensionMismatch();
+    for (int j = 0; j < columnCount; ++j)
+        columns[j][row] = rowValues[j];
+    return *this;
+}
+
+MatDbl& MatDbl::SetCol(int column, VecDbl const& columnValues)
+{
+    RequireSameSize(columnValues.Size(), rowCount);
+    if (column < 0 || column >= columnCount)
+        RaiseDimensionMismatch();
+    CopyRun(columns[column], &columnValues[0], rowCount);
+    return *this;
+}
+
+VecDbl MatDbl::GetDiagonal() const
+{
+    RequireSameSize(rowCount, columnCount);
+    VecDbl result(rowCount);
+    for (int i = 0; i < rowCount; ++i)
+        result[i] = columns[i][i];
+    return result;
+}
+
+MatDbl& MatDbl::SetDiagonal(VecDbl const& diagonal)
+{
+    RequireSameSize(rowCount, columnCount);
+    RequireSameSize(diagonal.Size(), rowCount);
+    for (int i = 0; i < rowCount; ++i)
+        columns[i][i] = diagonal[i];
+    return *this;
+}
+
+MatDbl& MatDbl::SetDiagonal(double value)
+{
+    RequireSameSize(rowCount, columnCount);
+    for (int i = 0; i < rowCount; ++i)
+        columns[i][i] = value;
+    return *this;
+}
+
+MatDbl& MatDbl::SetValue(double value)
+{
+    FillRun(columns[0], CountOf(*this), value);
+    return *this;
+}
+
+MatDbl& MatDbl::Identity()
+{
+    SetValue(0.0);
+    for (int i = 0; i < std::min(rowCount, columnCount); ++i)
+        columns[i][i] = 1.0;
+    return *this;
+}
+
+// ---- Comparison and arithmetic ---------------------------------------------------------------------
+
+int MatDbl::operator==(MatDbl const& other)
+{
+    return rowCount == other.rowCount && columnCount == other.columnCount
+           && AreRunsEqual(columns[0], other.columns[0], CountOf(*this));
+}
+
+MatDbl& MatDbl::operator*=(double scalar)
+{
+    MapRun(columns[0], columns[0], CountOf(*this), [scalar](double v) { return v * scalar; });
+    return *this;
+}
+
+MatDbl& MatDbl::operator/=(double scalar)
+{
+    MapRun(columns[0], columns[0], CountOf(*this), [scalar](double v) { return v / scalar; });
+    return *this;
+}
+
+MatDbl& MatDbl::operator+=(MatDbl const& other)
+{
+    RequireSameShape(*this, other);
+    CombineRuns(columns[0], columns[0], other.columns[0], CountOf(*this),
+                [](double a, double b) { return a + b; });
+    return *this;
+}
+
+MatDbl& MatDbl::operator-=(MatDbl const& other)
+{
+    RequireSameShape(*this, other);
+    CombineRuns(columns[0], columns[0], other.columns[0], CountOf(*this),
+                [](double a, double b) { return a - b; });
+    return *this;
+}
+
+MatDbl& MatDbl::Negate()
+{
+    MapRun(columns[0], columns[0], CountOf(*this), [](double v) { return -v; });
+    return *this;
+}
+
+MatDbl& MatDbl::Transpose()
+{
+    Owned<double> const source = TakeOrRaise<double>(CountOf(*this));
+    CopyRun(source.get(), columns[0], CountOf(*this));
+    Init(columnCount, rowCount, isExternal ? columns[0] : nullptr);
+    TransposeInto(columnCount, rowCount, source.get(), columns[0]);
+    return *this;
+}
+
+MatDbl MatDbl::GetTransposedCopy() const
+{
+    MatDbl result(columnCount, rowCount);
+    TransposeInto(rowCount, columnCount, columns[0], result.columns[0]);
+    return result;
+}
+
+MatDbl MatDbl::GetNegatedCopy() const
+{
+    MatDbl result(rowCount, columnCount);
+    MapRun(result.columns[0], columns[0], CountOf(*this), [](double v) { return -v; });
+    return result;
+}
+
+VecDbl MatDbl::RowSum()
+{
+    VecDbl result(columnCount);
+    for (int j = 0; j < columnCount; ++j) {
+        double sum = columns[j][0];
+        for (int i = 1; i < rowCount; ++i)
+            sum += columns[j][i];
+        result[j] = sum;
+    }
+    return result;
+}
+
+VecDbl MatDbl::RowAverage()
+{
+    VecDbl result = RowSum();
+    result /= static_cast<double>(rowCount);
+    return result;
+}
+
+// ---- Free operators --------------------------------------------------------------------------------
+// Element (0, 0) stands at the start of the block.
+
+MatDbl operator*(MatDbl const& matrix, double scalar)
+{
+    MatDbl result(matrix.RowCount(), matrix.ColumnCount());
+    MapRun(&result(0, 0), &matrix(0, 0), CountOf(matrix), [scalar](double v) { return v * scalar; });
+    return result;
+}
+
+MatDbl operator*(double scalar, MatDbl const& matrix)
+{
+    return matrix * scalar;
+}
+
+MatDbl operator/(MatDbl const& matrix, double scalar)
+{
+    MatDbl result(matrix.RowCount(), matrix.ColumnCount());
+    MapRun(&result(0, 0), &matrix(0, 0), CountOf(matrix), [scalar](double v) { return v / scalar; });
+    return result;
+}
+
+MatDbl operator-(MatDbl const& matrix)
+{
+    return matrix.GetNegatedCopy();
+}
+
+MatDbl operator+(MatDbl const& left, MatDbl const& right)
+{
+    RequireSameShape(left, right);
+    MatDbl result(left.RowCount(), left.ColumnCount());
+    CombineRuns(&result(0, 0), &left(0, 0), &right(0, 0), CountOf(left),
+                [](double a, double b) { return a + b; });
+    return result;
+}
+
+MatDbl operator-(MatDbl const& left, MatDbl const& right)
+{
+    RequireSameShape(left, right);
+    MatDbl result(left.RowCount(), left.ColumnCount());
+    CombineRuns(&result(0, 0), &left(0, 0), &right(0, 0), CountOf(left),
+                [](double a, double b) { return a - b; });
+    return result;
+}
+
+MatDbl operator*(MatDbl const& left, MatDbl const& right)
+{
+    RequireSameSize(left.ColumnCount(), right.RowCount());
+    MatDbl result(left.RowCount(), right.ColumnCount());
+    MultiplyColumnMajor(left.RowCount(), right.ColumnCount(), left.ColumnCount(), &left(0, 0), &right(0, 0),
+                        &result(0, 0));
+    return result;
+}
+
+VecDbl operator*(MatDbl const& matrix, VecDbl const& vector)
+{
+    RequireSameSize(matrix.ColumnCount(), vector.Size());
+    VecDbl result(matrix.RowCount());
+    MultiplyVector(matrix.RowCount(), matrix.ColumnCount(), &matrix(0, 0), &vector[0], &result[0]);
+    return result;
+}
+
+// ---- Members of VecDbl that name MatDbl --------------------------------------------------------------
+
+MatDbl VecDbl::OuterProduct(VecDbl const& other) const
+{
+    // A product beyond row or column 2 would lie outside the matrix.
+    if (size > 3)
+        RaiseDimensionMismatch();
+    VEXOR_CHECK(other.size >= size, "OuterProduct with a shorter vector");
+    MatDbl result(Mat3Dbl(static_cast<double>(size)));
+    for (int i = 0; i < size; ++i) {
+        for (int j = 0; j < size; ++j)
+            result(i, j) = values[i] * other.values[j];
+    }
+    return result;
+}

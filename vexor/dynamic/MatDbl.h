@@ -1,0 +1,202 @@
+#pragma once
+#include <vexor/dynamic/VecDbl.h>
+#include <vexor/matrices/Mat3Dbl.h>
+
+VEXOR_EXACT_BEGIN
+
+/// A matrix of doubles whose shape, at least 1×1, is chosen at run time, and the one class that
+/// reaches LAPACK.
+///
+/// The elements lie in one contiguous block, column by column, as LAPACK wants them. The matrix owns
+/// that block, or it is a view on a block of the caller's of at least rows × columns doubles in that
+/// order: nothing is copied then, the elements are read and written in place, and the block is never
+/// freed. The caller keeps it alive as long as the view uses it. Fresh elements are unset. Indices
+/// count from 0, row first.
+///
+/// A factorising solve leaves its factors in the elements and its pivots in an array of their own; the
+/// re-solves need both. A copy carries both. Writing elements leaves the pivots as they are.
+///
+/// A size below 1 and storage that cannot be had raise `VexorAllocationFailed`, the object unchanged
+/// unless its operation says more. Shapes that do not fit raise `VexorDimensionMismatch` before
+/// anything is changed.
+class VEXOR_CLASS MatDbl {
+public:
+    // ---- Construction and shape ------------------------------------------------------------------
+
+    /// One unset element: there is no empty matrix.
+    VEXOR_API MatDbl();
+    /// Unset elements of that shape, or a view on the caller's.
+    VEXOR_API MatDbl(int rows, int cols, double* externalStorage = nullptr);
+    /// Every element takes the value; it is written through into the caller's block as well.
+    VEXOR_API MatDbl(int rows, int cols, double value, double* externalStorage = nullptr);
+    /// A copy owns its block, also the copy of a view, and carries the pivots.
+    VEXOR_API MatDbl(MatDbl const& other);
+    /// The transpose of `other`: its row k becomes column k. The way back does not transpose.
+    VEXOR_API MatDbl(Mat3Dbl const& other);
+    VEXOR_API ~MatDbl();
+
+    /// Takes the other's shape, elements and pivots, into own storage: a view that is assigned to
+    /// leaves the caller's block as it is. A view assigned to itself is left with unset elements.
+    VEXOR_API MatDbl& operator=(MatDbl const& other);
+
+    /// Changes the shape, and lets go of a view unless a pointer is given. Own storage of the same
+    /// number of elements keeps them in their linear order, else they are unset; the pivots go. A
+    /// matrix with own storage of that shape already stays as it is, pointer or no pointer.
+    VEXOR_API void ReSize(int rows, int cols, double* externalStorage = nullptr);
+    /// As above, and every element then takes the value.
+    VEXOR_API void ReSize(int rows, int cols, double value, double* externalStorage = nullptr);
+    VEXOR_INLINE int RowCount() const { return rowCount; }
+    VEXOR_INLINE int ColumnCount() const { return columnCount; }
+
+    // ---- Elements, rows and columns --------------------------------------------------------------
+    // Reading trusts its indices, `SetRow` and `SetCol` check theirs.
+
+    /// Row first, column second.
+    VEXOR_INLINE double& operator()(int row, int column)
+    {
+        VEXOR_CHECK(row >= 0 && row < rowCount && column >= 0 && column < columnCount, "index out of range");
+        return columns[column][row];
+    }
+    VEXOR_INLINE double const& operator()(int row, int column) const
+    {
+        VEXOR_CHECK(row >= 0 && row < rowCount && column >= 0 && column < columnCount, "index out of range");
+        return columns[column][row];
+    }
+    VEXOR_API VecDbl GetRow(int row) const;
+    VEXOR_API VecDbl GetCol(int column) const;
+    /// Raises `VexorDimensionMismatch` also for an index out of range.
+    VEXOR_API MatDbl& SetRow(int row, VecDbl const& rowValues);
+    /// Raises `VexorDimensionMismatch` also for an index out of range.
+    VEXOR_API MatDbl& SetCol(int column, VecDbl const& columnValues);
+    /// Of a square matrix; raises `VexorDimensionMismatch` for any other, as the setters do.
+    VEXOR_API VecDbl GetDiagonal() const;
+    /// The other elements stay.
+    VEXOR_API MatDbl& SetDiagonal(VecDbl const& diagonal);
+    VEXOR_API MatDbl& SetDiagonal(double value);
+    /// Every element takes the value.
+    VEXOR_API MatDbl& SetValue(double value);
+    /// Ones on the main diagonal, zeros elsewhere; of any shape.
+    VEXOR_API MatDbl& Identity();
+
+    // ---- Exact comparison: not const, unlike that of the vectors -----------------------------------
+
+    /// Exact, element by element; a NaN is unequal to everything. Matrices of different shapes are
+    /// unequal, without a raise.
+    VEXOR_API int operator==(MatDbl const& other);
+    VEXOR_INLINE int operator!=(MatDbl const& other) { return !(*this == other); }
+
+    // ---- Arithmetic ------------------------------------------------------------------------------
+
+    VEXOR_API MatDbl& operator*=(double scalar);
+    /// One division for each element; a zero divisor is not checked.
+    VEXOR_API MatDbl& operator/=(double scalar);
+    VEXOR_API MatDbl& operator+=(MatDbl const& other);
+    VEXOR_API MatDbl& operator-=(MatDbl const& other);
+    /// Flips the sign of each element; 0 becomes −0.
+    VEXOR_API MatDbl& Negate();
+    /// In place: a view stays a view on its block. The pivots go, but stay, though useless, with a
+    /// square matrix that owns its block. Needs storage for a copy of the elements.
+    VEXOR_API MatDbl& Transpose();
+    VEXOR_API MatDbl GetTransposedCopy() const;
+    VEXOR_API MatDbl GetNegatedCopy() const;
+    /// The rows added up as vectors, from the first on: element j is the sum down column j.
+    VEXOR_API VecDbl RowSum();
+    /// `RowSum()` divided by the number of rows.
+    VEXOR_API VecDbl RowAverage();
+
+    // ---- Linear systems: LAPACK overwrites the matrix with its factors -----------------------------
+    // The argument is the right-hand side, or several in the columns of a matrix, and is overwritten
+    // with the solution. Raises `VexorDimensionMismatch` unless the matrix is square and the argument
+    // has as many rows; `VexorAllocationFailed` where a pivot array or workspace is not to be had,
+    // matrix and argument unchanged; `VexorComputationFailed` where the driver reports failure, an
+    // exactly singular matrix for one: the matrix is lost then, the argument holds no solution, and
+    // the pivots stay. The argument must not share storage with the matrix.
+
+    /// Factorises into L·U with pivots, and solves.
+    VEXOR_API void Solve(VecDbl& b);
+    VEXOR_API void Solve(MatDbl& b);
+    /// Solves with the factors that `Solve` left. Raises `VexorComputationFailed`, with nothing
+    /// changed, where no pivots are there, and where they are none that `Solve` can have left. On
+    /// elements written since, the result means nothing.
+    VEXOR_API void ReSolve(VecDbl& b);
+    VEXOR_API void ReSolve(MatDbl& b);
+    /// For a symmetric matrix, of which only the upper triangle is read. Where workspace is not to be
+    /// had, the pivots of a former factorisation go as well.
+    VEXOR_API void SolveSym(VecDbl& b);
+    VEXOR_API void SolveSym(MatDbl& b);
+    /// Solves with the factors that `SolveSym` left; raises as `ReSolve` does.
+    VEXOR_API void ReSolveSym(VecDbl& b);
+    VEXOR_API void ReSolveSym(MatDbl& b);
+    /// The least squares solution for a matrix of full rank with more rows than columns, the solution
+    /// of least norm for one with fewer. The argument has as many rows as the matrix, and comes back
+    /// with as many as the matrix has columns; if that is another number, in own storage. The pivots
+    /// go. Very many right-hand sides, more than 127 times the larger dimension, are a failure of the
+    /// driver.
+    VEXOR_API void SolveLinearLeastSquares(VecDbl& b);
+    VEXOR_API void SolveLinearLeastSquares(MatDbl& b);
+    /// Replaces the matrix by its inverse in own storage, without pivots: a view leaves the factors in
+    /// the caller's block. Where the matrix is singular, it is lost.
+    VEXOR_API MatDbl& Invert();
+    /// As `Invert`, on a copy.
+    VEXOR_API MatDbl GetInvertedCopy() const;
+
+    // ---- Spectra: the vectors come in the rows of the matrix ---------------------------------------
+    // Neither operation touches the pivots.
+
+    /// The singular values, descending, as many as the smaller dimension, and in the first so many
+    /// rows the right singular vectors; the rows below mean nothing. Raises `VexorAllocationFailed`,
+    /// the matrix unchanged but the result resized, where workspace is not to be had, and
+    /// `VexorComputationFailed` where the iteration fails and, with nothing changed, where an element
+    /// is infinite: the iteration might then not end.
+    VEXOR_API void Svd(VecDbl& singularValues);
+    /// Of a symmetric matrix, of which only the upper triangle is read, the eigenvalues at the
+    /// positions `firstIndex` to `lastIndex` in ascending order, from 0 and both included; the result
+    /// has the matrix's size, and elements behind the selected ones mean nothing. With `wantVectors`
+    /// not 0, row k becomes the unit eigenvector of the value in element k; without, the matrix is
+    /// lost. Raises `VexorDimensionMismatch`, with nothing changed, unless the matrix is square and
+    /// 0 ≤ firstIndex ≤ lastIndex < size; else as `Svd`.
+    VEXOR_API void EigenSym(VecDbl& eigenValues, int wantVectors, int firstIndex, int lastIndex);
+
+private:
+    void Init(int rows, int cols, double* externalStorage);
+    // As Init, but hands the caller the own block that the matrix gave up, or null: data may still be
+    // read from it.
+    double* Shape(int rows, int cols, double* externalStorage);
+    void ReleasePivots();
+    void DoSolve(double* rhs, int rhsCount, int factorise);
+    void DoSolveSym(double* rhs, int rhsCount, int factorise);
+    void DoSolveLinearLeastSquares(double* rhs, int rhsCount);
+
+    // The block is known by columns[0] alone; columns[j] is columns[0] + j·rowCount throughout.
+    int rowCount;     // at least 1
+    int columnCount;  // at least 1
+    int isExternal;   // 1 when the block is the caller's
+    double** columns; // columnCount pointers, always own
+    int* pivots;      // rowCount integers as LAPACK left them, always own; null until a factorising solve
+};
+
+// ---- Free operators: new objects with own storage and without pivots -------------------------------------
+
+VEXOR_API MatDbl operator*(MatDbl const& matrix, double scalar);
+VEXOR_API MatDbl operator*(double scalar, MatDbl const& matrix);
+/// One division for each element; a zero divisor is not checked.
+VEXOR_API MatDbl operator/(MatDbl const& matrix, double scalar);
+VEXOR_API MatDbl operator-(MatDbl const& matrix);
+VEXOR_API MatDbl operator+(MatDbl const& left, MatDbl const& right);
+VEXOR_API MatDbl operator-(MatDbl const& left, MatDbl const& right);
+/// Each element is the running sum, from 0.0, of its products for rising inner index.
+VEXOR_API MatDbl operator*(MatDbl const& left, MatDbl const& right);
+/// Matrix times column vector, summed in the same way.
+VEXOR_API VecDbl operator*(MatDbl const& matrix, VecDbl const& vector);
+
+// ---- Members of Mat3Dbl that name MatDbl -----------------------------------------------------------------
+
+VEXOR_INLINE Mat3Dbl::Mat3Dbl(MatDbl const& other) : Mat3Dbl(0.0)
+{
+    for (int i = 0; i < 3 && i < other.RowCount(); ++i) {
+        for (int j = 0; j < 3 && j < other.ColumnCount(); ++j)
+            (*this)(i, j) = other(i, j);
+    }
+}
+
+VEXOR_EXACT_END
