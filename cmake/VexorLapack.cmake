@@ -1,8 +1,84 @@
-# Finds LAPACK and links it to the library.
+# Finds LAPACK, makes sure that it reports a bad parameter instead of ending the process, and links it
+# to the library.
+#
+# A driver that meets a parameter it does not like calls XERBLA and then returns a negative INFO, which
+# the library turns into an exception. OpenBLAS's XERBLA prints and returns. The reference LAPACK's
+# stops the program, with exit status 0: linked as a shared library it is refused below; linked into
+# the library as an archive, it works with the library's own hidden XERBLA.
 
-set(BLA_VENDOR "OpenBLAS" CACHE STRING "LAPACK and BLAS provider, as CMake's FindLAPACK names it")
-find_package(LAPACK REQUIRED)
+option(VEXOR_LAPACK_STATIC
+    "Link the reference LAPACK and BLAS archives into the library, with a parameter-error routine that returns"
+    OFF)
+
+if(VEXOR_LAPACK_STATIC)
+    find_library(VEXOR_LAPACK_ARCHIVE NAMES liblapack.a lapack.lib PATH_SUFFIXES lapack
+        DOC "Archive of the reference LAPACK")
+    find_library(VEXOR_BLAS_ARCHIVE NAMES libblas.a blas.lib PATH_SUFFIXES blas
+        DOC "Archive of the reference BLAS")
+    if(NOT VEXOR_LAPACK_ARCHIVE OR NOT VEXOR_BLAS_ARCHIVE)
+        message(FATAL_ERROR
+            "VEXOR_LAPACK_STATIC needs the LAPACK and BLAS archives (on Debian: liblapack-dev and "
+            "libblas-dev, and gfortran for its runtime library). Name them in VEXOR_LAPACK_ARCHIVE "
+            "and VEXOR_BLAS_ARCHIVE if they are elsewhere.")
+    endif()
+    set(VEXOR_LAPACK_LIBRARIES "${VEXOR_LAPACK_ARCHIVE}" "${VEXOR_BLAS_ARCHIVE}" gfortran)
+else()
+    set(BLA_VENDOR "OpenBLAS" CACHE STRING "LAPACK and BLAS provider, as CMake's FindLAPACK names it")
+    find_package(LAPACK REQUIRED)
+    set(VEXOR_LAPACK_LIBRARIES LAPACK::LAPACK)
+endif()
+
+# Calls a driver with a parameter that it rejects. The program must get INFO = -10 from it and reach
+# its last line; its exit status alone would prove nothing.
+function(vexor_require_returning_xerbla)
+    set(subject "${VEXOR_LAPACK_LIBRARIES};${LAPACK_LIBRARIES}")
+    if(VEXOR_LAPACK_VERIFIED STREQUAL subject)
+        return()
+    endif()
+    if(CMAKE_CROSSCOMPILING AND NOT CMAKE_CROSSCOMPILING_EMULATOR)
+        message(WARNING "Cross-compiling: cannot verify that LAPACK's XERBLA returns to its caller")
+        return()
+    endif()
+
+    set(sources "${PROJECT_SOURCE_DIR}/cmake/check_xerbla.cpp")
+    if(VEXOR_LAPACK_STATIC)
+        list(APPEND sources "${PROJECT_SOURCE_DIR}/vexor/dynamic/detail/ParameterError.cpp")
+        set(own_routine COMPILE_DEFINITIONS -DVEXOR_LAPACK_STATIC)
+    endif()
+    try_run(status compiled SOURCES ${sources}
+        NO_CACHE
+        CMAKE_FLAGS "-DINCLUDE_DIRECTORIES=${PROJECT_SOURCE_DIR}"
+        ${own_routine}
+        LINK_LIBRARIES ${VEXOR_LAPACK_LIBRARIES}
+        CXX_STANDARD 17
+        COMPILE_OUTPUT_VARIABLE build_output
+        RUN_OUTPUT_VARIABLE run_output)
+    if(NOT compiled)
+        message(FATAL_ERROR "A program that calls LAPACK (${subject}) does not link:\n${build_output}")
+    endif()
+    if(NOT status STREQUAL "0" OR NOT run_output MATCHES "returned INFO -10, integers of 32 bits")
+        message(FATAL_ERROR
+            "This LAPACK does not serve: ${subject}\n"
+            "A driver called with a bad parameter must return to its caller with a negative INFO, and "
+            "integers must have 32 bits. Here the program ended with status '${status}' and printed:\n"
+            "${run_output}\n"
+            "The XERBLA of the reference LAPACK ends the process. Choose OpenBLAS "
+            "(-DBLA_VENDOR=OpenBLAS), or link the reference archives into the library "
+            "(-DVEXOR_LAPACK_STATIC=ON), which then brings an XERBLA of its own.")
+    endif()
+    set(VEXOR_LAPACK_VERIFIED "${subject}" CACHE INTERNAL "LAPACK whose XERBLA was seen to return")
+    message(STATUS "LAPACK returns from a bad parameter: yes")
+endfunction()
+
+vexor_require_returning_xerbla()
 
 function(vexor_link_lapack target)
-    target_link_libraries(${target} PRIVATE LAPACK::LAPACK)
+    target_link_libraries(${target} PRIVATE ${VEXOR_LAPACK_LIBRARIES})
+    if(VEXOR_LAPACK_STATIC)
+        target_compile_definitions(${target} PRIVATE VEXOR_LAPACK_STATIC)
+        # The archives' routines serve the library alone, and never another user of LAPACK beside it.
+        if(NOT APPLE AND NOT MSVC)
+            target_link_options(${target} PRIVATE "LINKER:--exclude-libs,ALL")
+        endif()
+    endif()
 endfunction()

@@ -10,14 +10,9 @@ using namespace vexor::detail;
 
 namespace {
 
-std::int64_t CountOf(int rows, int columns)
-{
-    return static_cast<std::int64_t>(rows) * columns;
-}
-
 std::int64_t CountOf(MatDbl const& matrix)
 {
-    return CountOf(matrix.RowCount(), matrix.ColumnCount());
+    return vexor::detail::CountOf(matrix.RowCount(), matrix.ColumnCount());
 }
 
 void RequireSameShape(MatDbl const& left, MatDbl const& right)

@@ -2,6 +2,11 @@
 #include <vexor/dynamic/VecDbl.h>
 #include <vexor/matrices/Mat3Dbl.h>
 
+namespace vexor::detail {
+template <class Element>
+struct Workspace;
+}
+
 VEXOR_EXACT_BEGIN
 
 /// A matrix of doubles whose shape, at least 1×1, is chosen at run time, and the one class that
@@ -158,14 +163,16 @@ public:
     VEXOR_API void EigenSym(VecDbl& eigenValues, int wantVectors, int firstIndex, int lastIndex);
 
 private:
-    void Init(int rows, int cols, double* externalStorage);
+    VEXOR_LOCAL void Init(int rows, int cols, double* externalStorage);
     // As Init, but hands the caller the own block that the matrix gave up, or null: data may still be
     // read from it.
-    double* Shape(int rows, int cols, double* externalStorage);
-    void ReleasePivots();
-    void DoSolve(double* rhs, int rhsCount, int factorise);
-    void DoSolveSym(double* rhs, int rhsCount, int factorise);
-    void DoSolveLinearLeastSquares(double* rhs, int rhsCount);
+    VEXOR_LOCAL double* Shape(int rows, int cols, double* externalStorage);
+    VEXOR_LOCAL void ReleasePivots();
+    VEXOR_LOCAL void DoSolve(double* rhs, int rhsCount, int factorise);
+    VEXOR_LOCAL void DoSolveSym(double* rhs, int rhsCount, int factorise);
+    VEXOR_LOCAL void DoSolveLinearLeastSquares(double* rhs, int rhsCount,
+                                               vexor::detail::Workspace<double>& work);
+    VEXOR_LOCAL void MoveRowsTo(double* block, int rows);
 
     // The block is known by columns[0] alone; columns[j] is columns[0] + j·rowCount throughout.
     int rowCount;     // at least 1

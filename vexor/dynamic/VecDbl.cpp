@@ -3,6 +3,8 @@
 #include <vexor/dynamic/detail/Runs.h>
 #include <vexor/dynamic/detail/Storage.h>
 
+#include <algorithm>
+
 using namespace vexor::detail;
 
 // ---- Construction and size -------------------------------------------------------------------------
@@ -57,6 +59,16 @@ void VecDbl::ReSize(int newSize, double value, double* externalStorage)
 void VecDbl::Init(int newSize, double* externalStorage)
 {
     ShapeVector(values, size, isExternal, newSize, externalStorage);
+}
+
+void VecDbl::MoveTo(double* block, int newSize)
+{
+    CopyRun(block, values, std::min(size, newSize));
+    if (!isExternal)
+        ReturnBytes(values);
+    values = block;
+    size = newSize;
+    isExternal = 0;
 }
 
 // ---- Access ----------------------------------------------------------------------------------------

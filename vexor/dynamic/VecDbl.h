@@ -170,7 +170,9 @@ public:
 private:
     friend class MatDbl; // hands the elements to LAPACK, and installs a solution of another size
 
-    void Init(int newSize, double* externalStorage);
+    VEXOR_LOCAL void Init(int newSize, double* externalStorage);
+    // Carries the elements that fit over to another block, which becomes own storage of that size.
+    VEXOR_LOCAL void MoveTo(double* block, int newSize);
 
     double* values; // never null
     int size;       // at least 1

@@ -8,6 +8,7 @@
 //               present in the library's export table, for clients that cannot inline (other
 //               languages, unoptimised builds). One source of the library, Exports.cpp, emits them.
 // VEXOR_CLASS   a class whose members are exported one by one with the two macros above.
+// VEXOR_LOCAL   a private member of such a class that only the library's own sources call.
 #if defined(_WIN32)
 #    if defined(VEXOR_BUILDING_LIBRARY)
 #        define VEXOR_API __declspec(dllexport)
@@ -15,6 +16,7 @@
 #        define VEXOR_API __declspec(dllimport)
 #    endif
 #    define VEXOR_CLASS
+#    define VEXOR_LOCAL
 #    if defined(VEXOR_EMITTING_INLINES) && defined(__GNUC__)
 #        define VEXOR_INLINE __declspec(dllexport) __attribute__((used)) inline
 #    elif defined(VEXOR_EMITTING_INLINES)
@@ -25,6 +27,7 @@
 #else
 #    define VEXOR_API __attribute__((visibility("default")))
 #    define VEXOR_CLASS __attribute__((visibility("default")))
+#    define VEXOR_LOCAL __attribute__((visibility("hidden")))
 #    if defined(VEXOR_EMITTING_INLINES)
 #        define VEXOR_INLINE __attribute__((used, visibility("default"))) inline
 #    else

@@ -2,6 +2,7 @@
 #include <vexor/foundation/detail/Raise.h>
 
 #include <cstdint>
+#include <limits>
 #include <memory>
 
 // Storage of the classes of run-time size. Everything they and their drivers take from the heap is
@@ -41,6 +42,30 @@ inline Owned<Element> TakeOrRaise(std::int64_t count)
     if (!block)
         RaiseAllocationFailed();
     return block;
+}
+
+/// Workspace of a driver: `multiple` elements for each of `dimension`. LAPACK takes its length as an
+/// int, so workspace whose length is none cannot be had and raises `VexorAllocationFailed` like any
+/// other that is not there.
+template <class Element>
+struct Workspace {
+    Owned<Element> block;
+    int length;
+
+    Workspace(int multiple, int dimension)
+    {
+        std::int64_t const wanted = static_cast<std::int64_t>(multiple) * dimension;
+        if (wanted > std::numeric_limits<int>::max())
+            RaiseAllocationFailed();
+        block = TakeOrRaise<Element>(wanted);
+        length = static_cast<int>(wanted);
+    }
+};
+
+/// The number of elements of a matrix.
+inline std::int64_t CountOf(int rows, int columns)
+{
+    return static_cast<std::int64_t>(rows) * columns;
 }
 
 /// Gives a vector, known by its three fields, a size and storage, the caller's where a pointer is

@@ -1,0 +1,309 @@
+// The members of MatDbl that call LAPACK.
+//
+// A matrix goes to LAPACK as it lies: from columns[0], with the row count as leading dimension. Each
+// workspace is a fixed multiple of a dimension, taken before the driver runs and given back when it has
+// returned, before INFO is looked at. Any INFO but 0 raises `VexorComputationFailed`.
+
+#include <vexor/dynamic/detail/Lapack.h>
+#include <vexor/dynamic/detail/Runs.h>
+#include <vexor/dynamic/detail/Storage.h>
+#include <vexor/dynamic/MatDbl.h>
+
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+using namespace vexor::detail;
+
+namespace {
+
+void RequireSuccess(int info)
+{
+    if (info != 0)
+        RaiseComputationFailed();
+}
+
+/// The pivots 1 to n, which exchange nothing: an array that a failed driver leaves unwritten holds them.
+Owned<int> TakeIdentityPivots(int n)
+{
+    Owned<int> pivots = TakeOrRaise<int>(n);
+    for (int i = 0; i < n; ++i)
+        pivots[i] = i + 1;
+    return pivots;
+}
+
+bool IsRowNumber(std::int64_t pivot, int n)
+{
+    return pivot >= 1 && pivot <= n;
+}
+
+// The two re-solves exchange rows by the pivots that they find. Where `Solve` and `SolveSym` got
+// mixed up, the pivots of the other may reach outside the right-hand side: no driver is handed those.
+
+/// Whether DGESV can have left these pivots.
+bool AreGeneralPivots(int const* pivots, int n)
+{
+    return std::all_of(pivots, pivots + n, [n](int pivot) { return IsRowNumber(pivot, n); });
+}
+
+/// Whether DSYSV can have left these pivots for an upper triangle: walking up from the last, a positive
+/// one stands for itself, a negative one for two rows and is there twice.
+bool AreSymmetricPivots(int const* pivots, int n)
+{
+    int k = n - 1;
+    while (k >= 0) {
+        if (pivots[k] > 0) {
+            if (!IsRowNumber(pivots[k], n))
+                return false;
+            k -= 1;
+        } else {
+            bool const isPair = k > 0 && pivots[k - 1] == pivots[k];
+            if (!isPair || !IsRowNumber(-static_cast<std::int64_t>(pivots[k]), n))
+                return false;
+            k -= 2;
+        }
+    }
+    return true;
+}
+
+} // namespace
+
+// ---- General systems -------------------------------------------------------------------------------
+
+void MatDbl::Solve(VecDbl& b)
+{
+    RequireSameSize(rowCount, columnCount);
+    RequireSameSize(b.size, rowCount);
+    DoSolve(b.values, 1, 1);
+}
+
+void MatDbl::Solve(MatDbl& b)
+{
+    RequireSameSize(rowCount, columnCount);
+    RequireSameSize(b.rowCount, rowCount);
+    DoSolve(b.columns[0], b.columnCount, 1);
+}
+
+void MatDbl::ReSolve(VecDbl& b)
+{
+    RequireSameSize(rowCount, columnCount);
+    RequireSameSize(b.size, rowCount);
+    DoSolve(b.values, 1, 0);
+}
+
+void MatDbl::ReSolve(MatDbl& b)
+{
+    RequireSameSize(rowCount, columnCount);
+    RequireSameSize(b.rowCount, rowCount);
+    DoSolve(b.columns[0], b.columnCount, 0);
+}
+
+void MatDbl::DoSolve(double* rhs, int rhsCount, int factorise)
+{
+    int info = 0;
+    if (factorise) {
+        if (!pivots)
+            pivots = TakeIdentityPivots(rowCount).release();
+        dgesv_(&rowCount, &rhsCount, columns[0], &rowCount, pivots, rhs, &rowCount, &info);
+    } else {
+        if (!pivots || !AreGeneralPivots(pivots, rowCount))
+            RaiseComputationFailed();
+        dgetrs_("N", &rowCount, &rhsCount, columns[0], &rowCount, pivots, rhs, &rowCount, &info, oneLetter);
+    }
+    RequireSuccess(info);
+}
+
+// ---- Symmetric systems -----------------------------------------------------------------------------
+
+void MatDbl::SolveSym(VecDbl& b)
+{
+    RequireSameSize(rowCount, columnCount);
+    RequireSameSize(b.size, rowCount);
+    DoSolveSym(b.values, 1, 1);
+}
+
+void MatDbl::SolveSym(MatDbl& b)
+{
+    RequireSameSize(rowCount, columnCount);
+    RequireSameSize(b.rowCount, rowCount);
+    DoSolveSym(b.columns[0], b.columnCount, 1);
+}
+
+void MatDbl::ReSolveSym(VecDbl& b)
+{
+    RequireSameSize(rowCount, columnCount);
+    RequireSameSize(b.size, rowCount);
+    DoSolveSym(b.values, 1, 0);
+}
+
+void MatDbl::ReSolveSym(MatDbl& b)
+{
+    RequireSameSize(rowCount, columnCount);
+    RequireSameSize(b.rowCount, rowCount);
+    DoSolveSym(b.columns[0], b.columnCount, 0);
+}
+
+void MatDbl::DoSolveSym(double* rhs, int rhsCount, int factorise)
+{
+    int info = 0;
+    if (factorise) {
+        if (!pivots)
+            pivots = TakeIdentityPivots(rowCount).release();
+        Owned<int> kept(pivots);
+        pivots = nullptr; // without workspace the pivots go, also those of a former factorisation
+        Workspace<double> work(128, rowCount);
+        pivots = kept.release();
+        dsysv_("U", &rowCount, &rhsCount, columns[0], &rowCount, pivots, rhs, &rowCount, work.block.get(),
+               &work.length, &info, oneLetter);
+        work.block.reset();
+    } else {
+        if (!pivots || !AreSymmetricPivots(pivots, rowCount))
+            RaiseComputationFailed();
+        dsytrs_("U", &rowCount, &rhsCount, columns[0], &rowCount, pivots, rhs, &rowCount, &info, oneLetter);
+    }
+    RequireSuccess(info);
+}
+
+// ---- Least squares ---------------------------------------------------------------------------------
+// DGELS wants a right-hand side with room for the larger dimension, and leaves the solution in its
+// first columnCount rows. So one with another number of rows than the solution moves to new storage:
+// before the driver runs where it must grow, after it where it must shrink. All storage is taken
+// before the right-hand side changes, so that no failed allocation costs it or the solution.
+
+void MatDbl::SolveLinearLeastSquares(VecDbl& b)
+{
+    RequireSameSize(b.size, rowCount);
+    Owned<double> resized = rowCount == columnCount ? nullptr : TakeOrRaise<double>(columnCount);
+    ReleasePivots();
+    Workspace<double> work(128, std::max(rowCount, columnCount));
+    if (rowCount < columnCount)
+        b.MoveTo(resized.release(), columnCount);
+    DoSolveLinearLeastSquares(b.values, 1, work);
+    if (rowCount > columnCount)
+        b.MoveTo(resized.release(), columnCount);
+}
+
+void MatDbl::SolveLinearLeastSquares(MatDbl& b)
+{
+    RequireSameSize(b.rowCount, rowCount);
+    Owned<double> resized =
+        rowCount == columnCount ? nullptr : TakeOrRaise<double>(CountOf(columnCount, b.columnCount));
+    ReleasePivots();
+    Workspace<double> work(128, std::max(rowCount, columnCount));
+    if (rowCount < columnCount)
+        b.MoveRowsTo(resized.release(), columnCount);
+    DoSolveLinearLeastSquares(b.columns[0], b.columnCount, work);
+    if (rowCount > columnCount)
+        b.MoveRowsTo(resized.release(), columnCount);
+}
+
+void MatDbl::DoSolveLinearLeastSquares(double* rhs, int rhsCount, Workspace<double>& work)
+{
+    int const larger = std::max(rowCount, columnCount);
+    int info = 0;
+    dgels_("N", &rowCount, &columnCount, &rhsCount, columns[0], &rowCount, rhs, &larger, work.block.get(),
+           &work.length, &info, oneLetter);
+    work.block.reset();
+    RequireSuccess(info);
+}
+
+/// Carries the rows that fit over to another block, which becomes own storage with that many rows.
+void MatDbl::MoveRowsTo(double* block, int rows)
+{
+    int const carried = std::min(rows, rowCount);
+    for (int j = 0; j < columnCount; ++j)
+        CopyRun(block + CountOf(rows, j), columns[j], carried);
+    if (!isExternal)
+        ReturnBytes(columns[0]);
+    for (int j = 0; j < columnCount; ++j)
+        columns[j] = block + CountOf(rows, j);
+    rowCount = rows;
+    isExternal = 0;
+    ReleasePivots();
+}
+
+// ---- Inverse ---------------------------------------------------------------------------------------
+
+MatDbl& MatDbl::Invert()
+{
+    RequireSameSize(rowCount, columnCount);
+    MatDbl inverse(rowCount, rowCount, 0.0);
+    inverse.SetDiagonal(1.0);
+    Solve(inverse);
+    if (!isExternal)
+        return *this = inverse;
+    // A view leaves its block to the caller; it takes over the inverse's own, which cannot fail.
+    std::swap(columns, inverse.columns);
+    std::swap(isExternal, inverse.isExternal);
+    ReleasePivots();
+    return *this;
+}
+
+MatDbl MatDbl::GetInvertedCopy() const
+{
+    RequireSameSize(rowCount, columnCount);
+    MatDbl copy(*this);
+    copy.Invert();
+    return copy;
+}
+
+// ---- Spectra ---------------------------------------------------------------------------------------
+
+void MatDbl::Svd(VecDbl& singularValues)
+{
+    // With an infinity in the matrix the iteration of DGESVD may never end.
+    if (std::any_of(columns[0], columns[0] + CountOf(rowCount, columnCount),
+                    [](double element) { return std::isinf(element); }))
+        RaiseComputationFailed();
+
+    singularValues.Init(std::min(rowCount, columnCount), nullptr);
+    Workspace<double> work(128, std::max(rowCount, columnCount));
+    double noVectors = 0.0;
+    int const one = 1;
+    int info = 0;
+    dgesvd_("N", "O", &rowCount, &columnCount, columns[0], &rowCount, singularValues.values, &noVectors, &one,
+            &noVectors, &one, work.block.get(), &work.length, &info, oneLetter, oneLetter);
+    work.block.reset();
+    RequireSuccess(info);
+}
+
+void MatDbl::EigenSym(VecDbl& eigenValues, int wantVectors, int firstIndex, int lastIndex)
+{
+    RequireSameSize(rowCount, columnCount);
+    if (firstIndex < 0 || firstIndex > lastIndex || lastIndex >= rowCount)
+        RaiseDimensionMismatch();
+
+    int const il = firstIndex + 1;
+    int const iu = lastIndex + 1;
+    int const selected = iu - il + 1;
+    bool const wantsAll = il == 1 && iu == rowCount;
+    eigenValues.Init(rowCount, nullptr);
+
+    // The vectors come in columns, here to be copied into rows. They start as zeros, since a driver
+    // that fails need not write them.
+    std::int64_t const vectorElements = wantVectors ? CountOf(rowCount, selected) : 1;
+    Owned<double> const vectors = TakeOrRaise<double>(vectorElements);
+    FillRun(vectors.get(), vectorElements, 0.0);
+    Workspace<double> work(140, rowCount);
+    Workspace<int> integerWork(5, rowCount);
+    Workspace<int> unconverged(1, rowCount);
+
+    double const unused = 0.0; // the bounds of an interval, which is not how values are selected here
+    double const defaultTolerance = 0.0;
+    int found = 0;
+    int info = 0;
+    dsyevx_(wantVectors ? "V" : "N", wantsAll ? "A" : "I", "U", &rowCount, columns[0], &rowCount, &unused,
+            &unused, &il, &iu, &defaultTolerance, &found, eigenValues.values, vectors.get(), &rowCount,
+            work.block.get(), &work.length, integerWork.block.get(), unconverged.block.get(), &info,
+            oneLetter, oneLetter, oneLetter);
+    if (wantVectors) {
+        for (int j = 0; j < selected; ++j) {
+            for (int i = 0; i < rowCount; ++i)
+                columns[i][j] = vectors[CountOf(rowCount, j) + i];
+        }
+    }
+    unconverged.block.reset();
+    integerWork.block.reset();
+    work.block.reset();
+    RequireSuccess(info);
+}
