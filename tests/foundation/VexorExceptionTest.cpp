@@ -58,7 +58,7 @@ class VexorExceptionFamily : public testing::Test {};
 
 using Derived = testing::Types<VexorSingular, VexorDimensionMismatch, VexorAllocationFailed,
                                VexorComputationFailed, VexorNullVector>;
-TYPED_TEST_SUITE(VexorExceptionFamily, Derived);
+TYPED_TEST_SUITE(VexorExceptionFamily, Derived, );
 
 TYPED_TEST(VexorExceptionFamily, RootHandlerCatchesIt)
 {

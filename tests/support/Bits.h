@@ -29,6 +29,15 @@ bool SameBits(Number left, Number right)
     return (left != left && right != right) || Bits(left) == Bits(right);
 }
 
+/// `SameBits` as an object, for the macro below.
+struct HaveSameBits {
+    template <class Number>
+    bool operator()(Number left, Number right) const
+    {
+        return SameBits(left, right);
+    }
+};
+
 /// Keeps a value from the optimiser, so that it is computed at run time.
 template <class Number>
 Number Opaque(Number value)
@@ -44,5 +53,4 @@ inline constexpr float infinityFlt = std::numeric_limits<float>::infinity();
 
 } // namespace vexor_test
 
-#define EXPECT_SAME_BITS(actual, expected)                                                                   \
-    EXPECT_PRED2([](auto a, auto b) { return vexor_test::SameBits(a, b); }, actual, expected)
+#define EXPECT_SAME_BITS(actual, expected) EXPECT_PRED2(vexor_test::HaveSameBits(), actual, expected)
