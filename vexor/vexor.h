@@ -7,5 +7,6 @@
 #include <vexor/matrices/Mat3Dbl.h>
 #include <vexor/points/Pnt3Dbl.h>
 #include <vexor/points/Pnt3Flt.h>
+#include <vexor/rotations/Quaternion.h>
 #include <vexor/vectors/Vec3Dbl.h>
 #include <vexor/vectors/Vec3Flt.h>
