@@ -2,6 +2,7 @@
 // All classes of the library.
 #include <vexor/dynamic/MatDbl.h>
 #include <vexor/dynamic/VecDbl.h>
+#include <vexor/dynamic/VecFlt.h>
 #include <vexor/foundation/VexorException.h>
 #include <vexor/foundation/VexorTolerance.h>
 #include <vexor/matrices/Mat3Dbl.h>

@@ -1,0 +1,172 @@
+#pragma once
+#include <vexor/dynamic/MatDbl.h>
+
+VEXOR_EXACT_BEGIN
+
+/// A vector of floats whose size, at least 1, is chosen at run time: the single-precision twin of
+/// `VecDbl`, with the same storage, the same failures and the same decisions.
+///
+/// Between the points where a comment says that a value is rounded, everything is computed in double.
+/// A running sum is rounded to single after each term, unlike the sums of the fixed-size `Vec3Flt`.
+/// Tolerances are as in `VecDbl`. There is neither a sum of the elements nor an outer product.
+class VEXOR_CLASS VecFlt {
+public:
+    // ---- Construction and size -----------------------------------------------------------------
+    // There is no constructor from `VecDbl`: narrowing takes an assignment.
+
+    /// One unset element.
+    VEXOR_API VecFlt();
+    /// That many unset elements, or a view on that many of the caller's.
+    VEXOR_API VecFlt(int newSize, float* externalStorage = nullptr);
+    /// That many elements of the value; it is written through into the caller's array as well.
+    VEXOR_API VecFlt(int newSize, float value, float* externalStorage = nullptr);
+    /// A copy owns its elements, also the copy of a view.
+    VEXOR_API VecFlt(VecFlt const& other);
+    VEXOR_API ~VecFlt();
+
+    /// Takes the other's size and elements into own storage: a view that is assigned to leaves the
+    /// caller's array as it is. A view assigned to itself is left with unset elements.
+    VEXOR_API VecFlt& operator=(VecFlt const& other);
+    /// As above, rounding each element to single; one too large becomes an infinity.
+    VEXOR_API VecFlt& operator=(VecDbl const& other);
+
+    /// Changes the size, and lets go of a view unless a pointer is given. Elements are not carried
+    /// over. A vector with own storage of that size already stays as it is, pointer or no pointer.
+    VEXOR_API void ReSize(int newSize, float* externalStorage = nullptr);
+    /// As above, and every element then takes the value.
+    VEXOR_API void ReSize(int newSize, float value, float* externalStorage = nullptr);
+    VEXOR_INLINE int Size() const { return size; }
+
+    // ---- Access --------------------------------------------------------------------------------
+
+    /// The element of that index, from 0, which is not checked.
+    VEXOR_INLINE float& operator[](int index)
+    {
+        VEXOR_CHECK(index >= 0 && index < size, "index out of range");
+        return values[index];
+    }
+    VEXOR_INLINE float const& operator[](int index) const
+    {
+        VEXOR_CHECK(index >= 0 && index < size, "index out of range");
+        return values[index];
+    }
+    /// The same operation as `operator[]`.
+    VEXOR_INLINE float& operator()(int index) { return (*this)[index]; }
+    VEXOR_INLINE float const& operator()(int index) const { return (*this)[index]; }
+
+    /// Every element takes the value.
+    VEXOR_API VecFlt& SetValue(float value);
+    /// Copies `Size()` values from the array.
+    VEXOR_API VecFlt& SetValue(float const* const array);
+    /// Copies the `Size()` values to the array.
+    VEXOR_API void GetValue(float* const array) const;
+
+    // ---- Exact comparison ------------------------------------------------------------------------
+
+    /// Exact, element by element; a NaN is unequal to everything. Vectors of different sizes are
+    /// unequal, without a raise.
+    VEXOR_API int operator==(VecFlt const& other) const;
+    VEXOR_INLINE int operator!=(VecFlt const& other) const { return !(*this == other); }
+
+    // ---- Arithmetic: each element rounded once -----------------------------------------------------
+
+    VEXOR_API VecFlt& operator*=(float scalar);
+    /// One division for each element; a zero divisor is not checked.
+    VEXOR_API VecFlt& operator/=(float scalar);
+    VEXOR_API VecFlt& operator+=(VecFlt const& other);
+    VEXOR_API VecFlt& operator-=(VecFlt const& other);
+    /// Flips the sign of each element; 0 becomes −0.
+    VEXOR_API VecFlt& Negate();
+    VEXOR_API VecFlt GetNegatedCopy() const;
+
+    // ---- Products, length ------------------------------------------------------------------------
+
+    /// A running sum, rounded after each square; it stands still once a square is below half its last
+    /// place.
+    VEXOR_API float LengthSquared() const;
+    /// The root of the rounded `LengthSquared()`, rounded.
+    VEXOR_API float Length() const;
+    /// A running sum over this vector's size, rounded after each product. The sizes are not compared:
+    /// the other must not be shorter.
+    VEXOR_API float Dot(VecFlt const& other) const;
+    /// Divides each element by the rounded `Length()`. Raises `VexorNullVector`, the vector unchanged,
+    /// if every element is exactly 0.
+    VEXOR_API VecFlt& Normalize();
+    /// As `Normalize`, on a copy.
+    VEXOR_API VecFlt GetNormalizedCopy() const;
+    /// The products of the elements.
+    VEXOR_API VecFlt ElemMult(VecFlt const& other) const;
+    /// Each element divided by the other's; a zero divisor is not checked.
+    VEXOR_API VecFlt ElemDiv(VecFlt const& other) const;
+
+    // ---- Projection, angle, area -----------------------------------------------------------------
+
+    /// The component of this vector along `target`. Raises `VexorNullVector` if `target` is null.
+    VEXOR_API VecFlt GetProjectionOnTo(VecFlt const& target) const;
+    /// The unsigned angle in radians, from 0 to the single nearest π; 0 if one of the rounded lengths
+    /// is 0. The cosine stays in double; its arc cosine is rounded.
+    VEXOR_API float GetAngleWith(VecFlt const& other) const;
+    /// 0.5·√(A·B − d·d) with d the dot product and A, B the squared lengths: the difference, its root
+    /// and the product are rounded in turn. Nearly parallel vectors can give NaN.
+    VEXOR_API float GetAreaFormedByTriangleWith(VecFlt const& other) const;
+
+    // ---- Extremes --------------------------------------------------------------------------------
+    // As in VecDbl; the bounds are −1e20 and 1e20 rounded to single.
+
+    VEXOR_API float MaxValue() const;
+    VEXOR_API int MaxValueIdx() const;
+    VEXOR_API float MinValue() const;
+    VEXOR_API int MinValueIdx() const;
+    VEXOR_API float MaxAbsValue() const;
+    VEXOR_API int MaxAbsValueIdx() const;
+    VEXOR_API float MinAbsValue() const;
+    VEXOR_API int MinAbsValueIdx() const;
+
+    // ---- Predicates ------------------------------------------------------------------------------
+    // As in VecDbl. The dot product and the squared lengths are rounded to single; Q and 1 − Q are
+    // formed of them in double, and the value compared with the tolerance is rounded once.
+
+    /// Every element exactly 0, of either sign. No tolerance.
+    VEXOR_API int IsNull() const;
+    /// The rounded `LengthSquared()` within the squared length given.
+    VEXOR_API int IsZeroLength(float length = -1.0f) const;
+    /// Parallel or antiparallel: 1 − Q within the sine squared.
+    VEXOR_API int IsParallelTo(VecFlt const& other, float angular = -1.0f, float length = -1.0f) const;
+    /// Parallel, and the dot product above 0.
+    VEXOR_API int IsCodirectionalTo(VecFlt const& other, float angular = -1.0f, float length = -1.0f) const;
+    /// Q itself within the sine squared.
+    VEXOR_API int IsPerpendicularTo(VecFlt const& other, float angular = -1.0f, float length = -1.0f) const;
+    /// For two vectors known to be unit: |1 − d·d|, rounded, within the sine squared.
+    VEXOR_API int IsUnitParallelTo(VecFlt const& other, float angular = -1.0f) const;
+    /// For two vectors known to be unit: parallel as above, and d above 0.
+    VEXOR_API int IsUnitCodirectionalTo(VecFlt const& other, float angular = -1.0f) const;
+    /// For two vectors known to be unit: d·d, rounded, within the sine squared.
+    VEXOR_API int IsUnitPerpendicularTo(VecFlt const& other, float angular = -1.0f) const;
+    /// The same direction within the angle (sine squared) and a difference within the length
+    /// (squared); the difference is rounded by element, and its squared length after each square.
+    VEXOR_API int IsEqualTo(VecFlt const& other, float angular = -1.0f, float length = -1.0f) const;
+
+private:
+    VEXOR_LOCAL void Init(int newSize, float* externalStorage);
+
+    float* values;  // never null
+    int size;       // at least 1
+    int isExternal; // 1 when the array is the caller's
+};
+
+// ---- Free operators: new vectors with own storage, each element rounded once ----------------------------
+
+VEXOR_API VecFlt operator*(VecFlt const& vector, float scalar);
+VEXOR_API VecFlt operator*(float scalar, VecFlt const& vector);
+/// One division for each element; a zero divisor is not checked.
+VEXOR_API VecFlt operator/(VecFlt const& vector, float scalar);
+VEXOR_API VecFlt operator-(VecFlt const& vector);
+VEXOR_API VecFlt operator+(VecFlt const& left, VecFlt const& right);
+VEXOR_API VecFlt operator-(VecFlt const& left, VecFlt const& right);
+
+/// Matrix times column vector in single precision, although the matrix is double: each product, formed
+/// in double, is rounded to single, and so is each partial sum. Raises `VexorDimensionMismatch` unless
+/// the matrix has as many columns as the vector has elements.
+VEXOR_API VecFlt operator*(MatDbl const& matrix, VecFlt const& vector);
+
+VEXOR_EXACT_END
