@@ -188,9 +188,54 @@ public:
         return *this;
     }
 
+    // ---- Solving ---------------------------------------------------------------------------------
+    // The matrix is factorised in place by `small_decompose`. It is singular if a row is all zeros, or if
+    // all candidates for a pivot are exactly zero or NaN; no tolerance is involved, and a nearly singular
+    // matrix yields huge results.
+
+    /// Overwrites b by the solution x of A·x = b, and this matrix by its factors, for `ReSolve`. Raises
+    /// `VexorSingular`, with b unchanged; this matrix is then unchanged if it holds a row of zeros, and
+    /// partly transformed otherwise. A second `Solve` would factorise the factors.
+    VEXOR_API void Solve(Vec3Dbl& rightSide);
+    /// The same for an array of 1 or of 3 right-hand sides outside this matrix. With another count the
+    /// right-hand sides are read at element k·`count` of the array seen as doubles, and with a count above
+    /// 3 beyond its end: see `small_substitution`.
+    VEXOR_API void Solve(Vec3Dbl* const rightSides, int count);
+    /// As `Solve`, with the factors that the last `Solve` left in this very object. Nothing is checked:
+    /// on a matrix that was never factorised, on a copy, after `Invert` or after any change of the
+    /// elements the result has no meaning.
+    VEXOR_API void ReSolve(Vec3Dbl& rightSide);
+    VEXOR_API void ReSolve(Vec3Dbl* const rightSides, int count);
+    /// Replaces the matrix by its inverse. Raises `VexorSingular`, the matrix left as in `Solve`.
+    VEXOR_API Mat3Dbl& Invert();
+    /// As `Invert`, on a copy.
+    VEXOR_API Mat3Dbl GetInvertedCopy() const;
+
+    // ---- Spectra -----------------------------------------------------------------------------------
+
+    /// The singular values in descending order; row k of this matrix becomes the left singular vector of
+    /// value k. Goes through `MatDbl::Svd`, whose exceptions leave this matrix and the argument unchanged.
+    VEXOR_API void Svd(Vec3Dbl& singularValues);
+    /// The eigenvalues of a symmetric matrix in ascending order, by the closed trigonometric solution of
+    /// its characteristic cubic; if `wantVectors` is not 0, row i of this matrix becomes the unit
+    /// eigenvector of value i. Only the upper triangle is read.
+    ///
+    /// Raises `VexorComputationFailed`, with nothing changed, if no two eigenvalues differ within the
+    /// arithmetic, as for a multiple of the unit matrix. Where two neighbouring eigenvalues coincide to
+    /// 10 units of rounding, the second vector of the pair is a cross product: of rows 0 and 1 for the
+    /// upper pair; of rows 0 and 2 for the lower pair, so that the rows are then left-handed. Where all
+    /// three coincide, the rows are those of the unit matrix.
+    VEXOR_API void EigenSym(Vec3Dbl& eigenValues, int wantVectors);
+    /// A unit eigenvector of a symmetric matrix for an eigenvalue, which is taken as given. Only the upper
+    /// triangle is read. If the matrix is that value times the unit matrix, (1, 0, 0). Raises
+    /// `VexorNullVector` where the arithmetic yields a null vector.
+    VEXOR_API void GetEigenVectorGivenEigenValue(Vec3Dbl& eigenVector, double eigenValue);
+
 private:
     Vec3Dbl rows[3];
     unsigned char pivotOrder[3]; // pivotOrder[i] is the row that acts as row i of the factors
+
+    double* Elements() { return &vexor::detail::ElementOf<double, 9>(*this, 0); }
 
     // In checked builds marks the row order as one that no factorisation has written.
     void LeavePivotOrderUnset()

@@ -1,0 +1,235 @@
+#pragma once
+#include <vexor/foundation/Config.h>
+
+#include <cmath>
+#include <cstdint>
+#include <cstring>
+#include <utility>
+
+// Crout's factorisation with implicitly scaled partial pivoting, and the substitution with its
+// factors. The algorithm stands here once, over a class that says how the rows are held: in storage,
+// for any size, or in local variables, for size 3, where the compiler unrolls every loop and the
+// exchange of rows takes no branch. The operations on the elements and their order are the same for
+// both, and so is every bit of the result.
+
+#if defined(__GNUC__)
+#    define VEXOR_UNROLL_THREE _Pragma("GCC unroll 3")
+#else
+#    define VEXOR_UNROLL_THREE
+#endif
+
+VEXOR_EXACT_BEGIN
+
+namespace vexor::detail {
+
+/// The largest size: the row order is kept in bytes.
+inline constexpr int largestSmallSize = 255;
+
+// The choice of a pivot goes either way with equal likelihood, so that a branch on it is mispredicted
+// half the time; hence the next two.
+
+inline int Select(bool condition, int whenTrue, int whenFalse)
+{
+    return whenFalse ^ ((whenFalse ^ whenTrue) & -int(condition));
+}
+
+inline void ExchangeIf(bool condition, double& left, double& right)
+{
+    std::uint64_t leftBits = 0;
+    std::uint64_t rightBits = 0;
+    std::memcpy(&leftBits, &left, sizeof left);
+    std::memcpy(&rightBits, &right, sizeof right);
+    std::uint64_t const difference = (leftBits ^ rightBits) & (0 - std::uint64_t(condition));
+    leftBits ^= difference;
+    rightBits ^= difference;
+    std::memcpy(&left, &leftBits, sizeof left);
+    std::memcpy(&right, &rightBits, sizeof right);
+}
+
+/// Rows where they are stored, reached through their order: only the order is ever permuted.
+class StoredRows {
+public:
+    StoredRows(double* storage, unsigned char* rowOrder, int rowCount)
+        : elements(storage), order(rowOrder), size(rowCount)
+    {}
+
+    int Size() const { return size; }
+    void Begin(int i) { order[i] = static_cast<unsigned char>(i); }
+    void LoadColumn(int) {}
+    /// The element in column k of the row that acts as row i.
+    double& operator()(int i, int k) { return elements[order[i] * size + k]; }
+    /// Belongs to the row, wherever the order puts it.
+    double& Scale(int i) { return scales[order[i]]; }
+    void Exchange(int i, int k)
+    {
+        if (k != i)
+            std::swap(order[i], order[k]);
+    }
+
+private:
+    double* elements;
+    unsigned char* order;
+    int size;
+    double scales[largestSmallSize];
+};
+
+/// Three rows in local variables, in their order. A column is loaded when the factorisation comes to it
+/// and is in order from then on. Nothing is stored before `Store`.
+class LocalRowsOfThree {
+public:
+    explicit LocalRowsOfThree(double const* storage) : elements(storage) {}
+
+    static constexpr int Size() { return 3; }
+    void Begin(int i)
+    {
+        order[i] = i;
+        for (int k = 0; k < 3; ++k)
+            rows[i][k] = elements[3 * i + k];
+    }
+    void LoadColumn(int k)
+    {
+        VEXOR_UNROLL_THREE
+        for (int i = 0; i < 3; ++i)
+            rows[i][k] = elements[3 * order[i] + k];
+    }
+    double& operator()(int i, int k) { return rows[i][k]; }
+    double& Scale(int i) { return scales[order[i]]; }
+    void Exchange(int j, int index)
+    {
+        VEXOR_UNROLL_THREE
+        for (int i = j + 1; i < 3; ++i) {
+            int const other = order[i];
+            order[i] = Select(i == index, order[j], order[i]);
+            order[j] = Select(i == index, other, order[j]);
+            VEXOR_UNROLL_THREE
+            for (int k = 0; k <= j; ++k)
+                ExchangeIf(i == index, rows[j][k], rows[i][k]);
+        }
+    }
+
+    /// The stored row that acts as row i.
+    int Order(int i) const { return order[i]; }
+    void StoreOrder(unsigned char* rowOrder) const
+    {
+        VEXOR_UNROLL_THREE
+        for (int i = 0; i < 3; ++i)
+            rowOrder[i] = static_cast<unsigned char>(order[i]);
+    }
+    void Store(double* storage, unsigned char* rowOrder) const
+    {
+        StoreOrder(rowOrder);
+        VEXOR_UNROLL_THREE
+        for (int i = 0; i < 3; ++i) {
+            VEXOR_UNROLL_THREE
+            for (int k = 0; k < 3; ++k)
+                storage[3 * order[i] + k] = rows[i][k];
+        }
+    }
+    /// Takes up factors from where `Store` has put them.
+    void Load(unsigned char const* rowOrder)
+    {
+        VEXOR_UNROLL_THREE
+        for (int i = 0; i < 3; ++i) {
+            order[i] = rowOrder[i];
+            VEXOR_UNROLL_THREE
+            for (int k = 0; k < 3; ++k)
+                rows[i][k] = elements[3 * order[i] + k];
+        }
+    }
+
+private:
+    double const* elements;
+    double rows[3][3];
+    double scales[3];
+    int order[3];
+};
+
+/// The sum of the terms from `begin` to `end` − 1, of which there is at least one, in rising order. It
+/// starts with the first of them and not from 0.0.
+template <class Term>
+inline double SumOfTerms(int begin, int end, Term term)
+{
+    double sum = term(begin);
+    VEXOR_UNROLL_THREE
+    for (int k = begin + 1; k < end; ++k)
+        sum += term(k);
+    return sum;
+}
+
+/// Returns 0; −2 if a row is all zeros, with no element changed; −3 if a column has no pivot, with the
+/// elements partly transformed.
+template <class Rows>
+inline int Decompose(Rows& rows)
+{
+    int const size = rows.Size();
+    VEXOR_UNROLL_THREE
+    for (int i = 0; i < size; ++i) {
+        rows.Begin(i);
+        double largest = 0.0;
+        VEXOR_UNROLL_THREE
+        for (int k = 0; k < size; ++k) {
+            double const magnitude = std::fabs(rows(i, k));
+            largest = magnitude > largest ? magnitude : largest; // passes over a NaN
+        }
+        if (largest == 0.0)
+            return -2;
+        rows.Scale(i) = 1.0 / largest;
+    }
+
+    VEXOR_UNROLL_THREE
+    for (int j = 0; j < size; ++j) {
+        rows.LoadColumn(j);
+        VEXOR_UNROLL_THREE
+        for (int i = 1; i < j; ++i)
+            rows(i, j) -= SumOfTerms(0, i, [&](int k) { return rows(k, j) * rows(i, k); });
+
+        double best = 0.0;
+        int index = -1;
+        VEXOR_UNROLL_THREE
+        for (int i = j; i < size; ++i) {
+            if (j > 0)
+                rows(i, j) -= SumOfTerms(0, j, [&](int k) { return rows(k, j) * rows(i, k); });
+            double const candidate = std::fabs(rows(i, j)) * rows.Scale(i);
+            index = Select(candidate > best, i, index); // the first of equals stays, a NaN never wins
+            best = candidate > best ? candidate : best;
+        }
+        if (index < 0)
+            return -3;
+        rows.Exchange(j, index);
+
+        double const reciprocal = 1.0 / rows(j, j);
+        rows(j, j) = reciprocal;
+        VEXOR_UNROLL_THREE
+        for (int i = j + 1; i < size; ++i)
+            rows(i, j) *= reciprocal;
+    }
+    return 0;
+}
+
+/// Overwrites a right-hand side by the solution. `value(i)` is its element at the row that acts as row i.
+template <class Rows, class Values>
+inline void Substitute(Rows& rows, Values value)
+{
+    int const size = rows.Size();
+    VEXOR_UNROLL_THREE
+    for (int first = 0; first < size; ++first) {
+        if (value(first) == 0.0)
+            continue; // leading zeros stay as they are
+        VEXOR_UNROLL_THREE
+        for (int i = first + 1; i < size; ++i)
+            value(i) -= SumOfTerms(first, i, [&](int k) { return value(k) * rows(i, k); });
+        break;
+    }
+    VEXOR_UNROLL_THREE
+    for (int i = size - 1; i >= 0; --i) {
+        if (i + 1 < size)
+            value(i) -= SumOfTerms(i + 1, size, [&](int k) { return value(k) * rows(i, k); });
+        value(i) *= rows(i, i);
+    }
+}
+
+} // namespace vexor::detail
+
+VEXOR_EXACT_END
+
+#undef VEXOR_UNROLL_THREE
