@@ -258,6 +258,11 @@ MatDbl& MatDbl::Negate()
 
 MatDbl& MatDbl::Transpose()
 {
+    if (rowCount == columnCount) {
+        Init(rowCount, columnCount, isExternal ? columns[0] : nullptr); // releases a view's pivots
+        TransposeSquare(rowCount, columns[0]);
+        return *this;
+    }
     Owned<double> const source = TakeOrRaise<double>(CountOf(*this));
     CopyRun(source.get(), columns[0], CountOf(*this));
     Init(columnCount, rowCount, isExternal ? columns[0] : nullptr);

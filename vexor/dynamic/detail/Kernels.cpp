@@ -1,61 +1,93 @@
 #include <vexor/dynamic/detail/Kernels.h>
 
-#include <vexor/foundation/detail/Rounding.h>
+#include <vexor/dynamic/detail/KernelSet.h>
 
-#include <cstddef>
+#if defined(VEXOR_WIDE_KERNELS)
+#    include <cpuid.h>
+#endif
 
 namespace vexor::detail {
 
-namespace {
+#if defined(VEXOR_WIDE_KERNELS)
 
-// The innermost loop runs down columns, where the elements lie side by side.
-template <class Element, class Product>
-void AddColumn(int rows, double const* column, Element* result, Product product)
+bool HasAvx2()
 {
-    for (int i = 0; i < rows; ++i)
-        result[i] += product(column[i]);
+    return __builtin_cpu_supports("avx2");
 }
 
-template <class Element>
-void Clear(int count, Element* result)
+bool HasAvx512()
 {
-    for (int i = 0; i < count; ++i)
-        result[i] = Element(0);
+    return __builtin_cpu_supports("avx512f") && __builtin_cpu_supports("avx512vl")
+           && __builtin_cpu_supports("avx512dq");
+}
+
+#endif
+
+namespace {
+
+#if defined(VEXOR_WIDE_KERNELS)
+
+/// Zen 4 (AMD family 19h) splits each 512-bit operation in two: its AVX2 kernels measure faster.
+bool SplitsWideOperations()
+{
+    unsigned a = 0, b = 0, c = 0, d = 0;
+    __cpuid(0, a, b, c, d);
+    bool const isAmd = b == signature_AMD_ebx && c == signature_AMD_ecx && d == signature_AMD_edx;
+    __cpuid(1, a, b, c, d);
+    unsigned const family = ((a >> 8) & 15) + ((a >> 20) & 255);
+    return isAmd && family == 0x19;
+}
+
+#endif
+
+/// The fastest set that the CPU has.
+KernelSet const& Choose()
+{
+#if defined(VEXOR_WIDE_KERNELS)
+    if (HasAvx512() && !SplitsWideOperations())
+        return avx512::kernels;
+    if (HasAvx2())
+        return avx2::kernels;
+#endif
+#if defined(__GNUC__)
+    return baseline::kernels;
+#else
+    return plain::kernels;
+#endif
+}
+
+KernelSet const& Chosen()
+{
+    static KernelSet const& chosen = Choose();
+    return chosen;
 }
 
 } // namespace
 
+void MultiplyColumnMajor(int rows, int columns, int inner, double const* left, double const* right,
+                         double* result)
+{
+    Chosen().multiplyColumnMajor(rows, columns, inner, left, right, result);
+}
+
 void MultiplyVector(int rows, int columns, double const* matrix, double const* vector, double* result)
 {
-    Clear(rows, result);
-    for (int k = 0; k < columns; ++k, matrix += rows) {
-        double const factor = vector[k];
-        AddColumn(rows, matrix, result, [factor](double element) { return element * factor; });
-    }
+    Chosen().multiplyVector(rows, columns, matrix, vector, result);
 }
 
 void MultiplyVector(int rows, int columns, double const* matrix, float const* vector, float* result)
 {
-    Clear(rows, result);
-    for (int k = 0; k < columns; ++k, matrix += rows) {
-        double const factor = vector[k];
-        AddColumn(rows, matrix, result, [factor](double element) { return RoundToSingle(factor * element); });
-    }
-}
-
-void MultiplyColumnMajor(int rows, int columns, int inner, double const* left, double const* right,
-                         double* result)
-{
-    for (int j = 0; j < columns; ++j, right += inner, result += rows)
-        MultiplyVector(rows, inner, left, right, result);
+    Chosen().multiplyVectorSingle(rows, columns, matrix, vector, result);
 }
 
 void TransposeInto(int rows, int columns, double const* matrix, double* result)
 {
-    for (int j = 0; j < columns; ++j, matrix += rows) {
-        for (int i = 0; i < rows; ++i)
-            result[static_cast<std::ptrdiff_t>(i) * columns + j] = matrix[i];
-    }
+    Chosen().transposeInto(rows, columns, matrix, result);
+}
+
+void TransposeSquare(int rows, double* matrix)
+{
+    Chosen().transposeSquare(rows, matrix);
 }
 
 } // namespace vexor::detail

@@ -25,4 +25,7 @@ void MultiplyVector(int rows, int columns, double const* matrix, float const* ve
 /// Writes the transpose of a rows × columns matrix, which has `columns` rows, to `result`.
 void TransposeInto(int rows, int columns, double const* matrix, double* result);
 
+/// Transposes a square matrix in place.
+void TransposeSquare(int rows, double* matrix);
+
 } // namespace vexor::detail

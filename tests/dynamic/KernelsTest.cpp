@@ -1,0 +1,430 @@
+#include <vexor/dynamic/detail/KernelSet.h>
+#include <vexor/dynamic/MatDbl.h>
+
+#include <support/Bits.h>
+
+#include <cmath>
+#include <cstring>
+#include <random>
+#include <string>
+#include <vector>
+
+// Every set of kernels that this machine can run, compared byte for byte with the loops that state the
+// rule. The kernels are compiled into this program once more, as the library keeps its own to itself.
+
+namespace {
+
+using vexor::detail::KernelSet;
+using vexor_test::SameBits;
+
+std::vector<KernelSet const*> RunnableSets()
+{
+    std::vector<KernelSet const*> sets = {&vexor::detail::plain::kernels};
+#if defined(__GNUC__)
+    sets.push_back(&vexor::detail::baseline::kernels);
+#endif
+#if defined(VEXOR_WIDE_KERNELS)
+    if (vexor::detail::HasAvx2())
+        sets.push_back(&vexor::detail::avx2::kernels);
+    if (vexor::detail::HasAvx512())
+        sets.push_back(&vexor::detail::avx512::kernels);
+#endif
+    return sets;
+}
+
+// ---- Operands ------------------------------------------------------------------------------------
+
+enum class Kind {
+    Finite, ///< products that overflow, underflow and cancel, denormals, zeros of both signs
+    Special ///< the same with infinities and NaN strewn in
+};
+
+class Operands {
+public:
+    Operands(Kind kind, unsigned seed) : kind_(kind), engine_(seed) {}
+
+    double Next()
+    {
+        double const sign = Pick(2) ? 1.0 : -1.0;
+        unsigned const choice = Pick(64);
+        if (choice < 4)
+            return sign * 0.0;
+        if (choice < 8)
+            return sign * std::ldexp(double(1 + Pick(1000)), -1074); // denormal
+        if (choice < 11)
+            return sign * std::ldexp(Mantissa(), -530); // two of them make a denormal product
+        if (choice < 12 && kind_ == Kind::Special)
+            return Pick(3) ? sign * vexor_test::infinity : vexor_test::nan;
+        if (choice < 13 && kind_ == Kind::Special)
+            return sign * std::ldexp(Mantissa(), 600); // two of them overflow
+        return sign * std::ldexp(Mantissa(), int(Pick(12)) - 6);
+    }
+
+    std::vector<double> Many(std::size_t count)
+    {
+        std::vector<double> values(count);
+        for (double& value : values)
+            value = Next();
+        return values;
+    }
+
+private:
+    unsigned Pick(unsigned count) { return unsigned(engine_() >> 33) % count; }
+    double Mantissa() { return 1.0 + double(engine_() >> 12) * 0x1p-52; }
+
+    Kind kind_;
+    std::mt19937_64 engine_;
+};
+
+// ---- The rule, as plain loops ----------------------------------------------------------------------
+
+std::size_t At(int i, int j, int rows)
+{
+    return std::size_t(j) * std::size_t(rows) + std::size_t(i);
+}
+
+std::size_t Count(int rows, int columns)
+{
+    return std::size_t(rows) * std::size_t(columns);
+}
+
+std::vector<double> Product(int rows, int columns, int inner, std::vector<double> const& left,
+                            std::vector<double> const& right)
+{
+    std::vector<double> result(Count(rows, columns));
+    for (int i = 0; i < rows; ++i) {
+        for (int j = 0; j < columns; ++j) {
+            double sum = 0.0;
+            for (int k = 0; k < inner; ++k) {
+                double const term = right[At(k, j, inner)] * left[At(i, k, rows)];
+                sum = sum + term;
+            }
+            result[At(i, j, rows)] = sum;
+        }
+    }
+    return result;
+}
+
+std::vector<float> ProductSingle(int rows, int columns, std::vector<double> const& matrix,
+                                 std::vector<float> const& vector)
+{
+    std::vector<float> result(std::size_t(rows), 0.0f);
+    for (int i = 0; i < rows; ++i) {
+        for (int k = 0; k < columns; ++k) {
+            float volatile const term = float(double(vector[std::size_t(k)]) * matrix[At(i, k, rows)]);
+            float volatile const sum = result[std::size_t(i)] + term;
+            result[std::size_t(i)] = sum;
+        }
+    }
+    return result;
+}
+
+// ---- Comparison --------------------------------------------------------------------------------------
+
+/// A result with elements around it that a kernel must leave alone.
+template <class Number>
+class Guarded {
+public:
+    explicit Guarded(std::size_t count) : values_(count + 2 * margin, guard) {}
+
+    Number* Data() { return values_.data() + margin; }
+
+    testing::AssertionResult Equals(std::vector<Number> const& expected)
+    {
+        for (std::size_t i = 0; i < margin; ++i) {
+            if (values_[i] != guard || values_[values_.size() - 1 - i] != guard)
+                return testing::AssertionFailure() << "wrote outside the result";
+        }
+        if (std::memcmp(Data(), expected.data(), expected.size() * sizeof(Number)) == 0)
+            return testing::AssertionSuccess();
+        for (std::size_t i = 0; i < expected.size(); ++i) {
+            if (!SameBits(Data()[i], expected[i]))
+                return testing::AssertionFailure()
+                       << "element " << i << " is " << Data()[i] << " and not " << expected[i];
+        }
+        return testing::AssertionSuccess(); // some NaN differ, which they may
+    }
+
+private:
+    static constexpr std::size_t margin = 8;
+    static constexpr Number guard = Number(-12345.0);
+    std::vector<Number> values_;
+};
+
+std::string Shape(KernelSet const& set, int rows, int columns, int inner = 0)
+{
+    return std::string(set.name) + ", " + std::to_string(rows) + " x " + std::to_string(columns)
+           + (inner ? ", inner " + std::to_string(inner) : std::string());
+}
+
+void CheckProduct(int rows, int columns, int inner, std::vector<double> const& left,
+                  std::vector<double> const& right)
+{
+    std::vector<double> const expected = Product(rows, columns, inner, left, right);
+    for (KernelSet const* set : RunnableSets()) {
+        Guarded<double> result(expected.size());
+        set->multiplyColumnMajor(rows, columns, inner, left.data(), right.data(), result.Data());
+        ASSERT_TRUE(result.Equals(expected)) << Shape(*set, rows, columns, inner);
+    }
+}
+
+void CheckProduct(int rows, int columns, int inner, Operands& operands)
+{
+    CheckProduct(rows, columns, inner, operands.Many(Count(rows, inner)),
+                 operands.Many(Count(inner, columns)));
+}
+
+void CheckVector(int rows, int columns, Operands& operands)
+{
+    std::vector<double> const matrix = operands.Many(Count(rows, columns));
+    std::vector<double> const vector = operands.Many(std::size_t(columns));
+    std::vector<double> const expected = Product(rows, 1, columns, matrix, vector);
+    for (KernelSet const* set : RunnableSets()) {
+        Guarded<double> result(expected.size());
+        set->multiplyVector(rows, columns, matrix.data(), vector.data(), result.Data());
+        ASSERT_TRUE(result.Equals(expected)) << Shape(*set, rows, columns);
+    }
+}
+
+void CheckVectorSingle(int rows, int columns, Operands& operands)
+{
+    std::vector<double> const matrix = operands.Many(Count(rows, columns));
+    std::vector<float> vector;
+    for (int k = 0; k < columns; ++k)
+        vector.push_back(float(operands.Next()));
+    std::vector<float> const expected = ProductSingle(rows, columns, matrix, vector);
+    for (KernelSet const* set : RunnableSets()) {
+        Guarded<float> result(expected.size());
+        set->multiplyVectorSingle(rows, columns, matrix.data(), vector.data(), result.Data());
+        ASSERT_TRUE(result.Equals(expected)) << Shape(*set, rows, columns);
+    }
+}
+
+void CheckTranspose(int rows, int columns)
+{
+    // All elements differ, so that none can stand in for another.
+    std::vector<double> matrix(Count(rows, columns));
+    std::vector<double> expected(matrix.size());
+    for (int j = 0; j < columns; ++j) {
+        for (int i = 0; i < rows; ++i)
+            expected[At(j, i, columns)] = matrix[At(i, j, rows)] = 1.0 + double(At(i, j, rows));
+    }
+    for (KernelSet const* set : RunnableSets()) {
+        Guarded<double> result(expected.size());
+        set->transposeInto(rows, columns, matrix.data(), result.Data());
+        ASSERT_TRUE(result.Equals(expected)) << Shape(*set, rows, columns);
+        if (rows == columns) {
+            Guarded<double> square(expected.size());
+            std::memcpy(square.Data(), matrix.data(), matrix.size() * sizeof(double));
+            set->transposeSquare(rows, square.Data());
+            ASSERT_TRUE(square.Equals(expected)) << Shape(*set, rows, columns) << ", in place";
+        }
+    }
+}
+
+constexpr int smallSizes = 40;
+
+} // namespace
+
+// ---- The product -------------------------------------------------------------------------------------
+
+TEST(Kernels, MultiplyColumnMajorAllSmallShapes)
+{
+    Operands operands(Kind::Finite, 1);
+    std::vector<double> const left = operands.Many(Count(smallSizes, smallSizes));
+    std::vector<double> const right = operands.Many(Count(smallSizes, smallSizes));
+    for (int rows = 1; rows <= smallSizes; ++rows) {
+        for (int columns = 1; columns <= smallSizes; ++columns) {
+            for (int inner = 1; inner <= smallSizes; ++inner)
+                CheckProduct(rows, columns, inner, left, right);
+        }
+    }
+}
+
+TEST(Kernels, MultiplyColumnMajorInfinitiesAndNan)
+{
+    Operands operands(Kind::Special, 2);
+    for (int rows = 1; rows <= smallSizes; ++rows) {
+        for (int columns = 1; columns <= smallSizes; ++columns)
+            CheckProduct(rows, columns, 1 + (7 * rows + 3 * columns) % 13, operands);
+    }
+    CheckProduct(100, 40, 300, operands);
+}
+
+// Large enough to be packed: every remainder of rows and columns, and partial sums that wait in the
+// result for one and for two further blocks of the inner index.
+TEST(Kernels, MultiplyColumnMajorBlocks)
+{
+    for (Kind kind : {Kind::Finite, Kind::Special}) {
+        Operands operands(kind, 3);
+        for (int rows = 41; rows <= 120; ++rows)
+            CheckProduct(rows, 17 + rows % 16, 250 + rows % 16, operands);
+        for (int columns = 9; columns <= 34; ++columns)
+            CheckProduct(49, columns, 257, operands);
+        for (int inner : {255, 256, 257, 511, 512, 513, 600})
+            CheckProduct(103, 27, inner, operands);
+    }
+}
+
+TEST(Kernels, MultiplyColumnMajorLongAndThin)
+{
+    Operands operands(Kind::Finite, 4);
+    for (int thin : {1, 2, 3, 5, 8, 13}) {
+        CheckProduct(1000, thin, 7, operands);
+        CheckProduct(thin, 1000, 7, operands);
+        CheckProduct(7, thin, 1000, operands);
+        CheckProduct(thin, 7, 1000, operands);
+        CheckProduct(300, 200, thin, operands);
+    }
+}
+
+TEST(Kernels, MultiplyColumnMajorRandomShapes)
+{
+    std::mt19937 shapes(5);
+    std::uniform_int_distribution<int> size(1, 200);
+    Operands operands(Kind::Finite, 5);
+    for (int round = 0; round < 60; ++round) {
+        int const rows = size(shapes);
+        int const columns = size(shapes);
+        CheckProduct(rows, columns, size(shapes), operands);
+    }
+}
+
+// A fused multiply-add would leave 2^-104 here, the part that the rounding of the product drops.
+TEST(Kernels, MultiplyColumnMajorRoundsEachProduct)
+{
+    double const nearOne = 1.0 + 0x1p-52;
+    int const size = 30;
+    // Row i, column j: 1·(−1 − 2^−51) + nearOne·nearOne, the product rounded to 1 + 2^−51.
+    std::vector<double> left(2 * size, 1.0);
+    std::vector<double> right(2 * size, -(1.0 + 0x1p-51));
+    for (int i = 0; i < size; ++i) {
+        left[At(i, 1, size)] = nearOne;
+        right[At(1, i, 2)] = nearOne;
+    }
+    for (KernelSet const* set : RunnableSets()) {
+        std::vector<double> result(size * size, 7.0);
+        set->multiplyColumnMajor(size, size, 2, left.data(), right.data(), result.data());
+        for (double element : result)
+            ASSERT_TRUE(SameBits(element, 0.0)) << set->name;
+    }
+}
+
+// Sums start at +0, so that a sum of nothing but −0 is +0.
+TEST(Kernels, SumsStartAtPositiveZero)
+{
+    std::vector<double> const left(40 * 40, -0.0);
+    std::vector<double> const right(40 * 40, 1.0);
+    std::vector<float> const single(40, 1.0f);
+    for (KernelSet const* set : RunnableSets()) {
+        for (int size = 1; size <= 40; ++size) {
+            std::vector<double> result(Count(size, size), 7.0);
+            set->multiplyColumnMajor(size, size, 1, left.data(), right.data(), result.data());
+            for (double element : result)
+                ASSERT_TRUE(SameBits(element, 0.0)) << set->name << ", " << size;
+            set->multiplyVector(size, size, left.data(), right.data(), result.data());
+            ASSERT_TRUE(SameBits(result[0], 0.0)) << set->name << ", " << size;
+            std::vector<float> resultSingle(std::size_t(size), 7.0f);
+            set->multiplyVectorSingle(size, size, left.data(), single.data(), resultSingle.data());
+            ASSERT_TRUE(SameBits(resultSingle[0], 0.0f)) << set->name << ", " << size;
+        }
+    }
+}
+
+// ---- Matrix × vector -----------------------------------------------------------------------------------
+
+TEST(Kernels, MultiplyVector)
+{
+    for (Kind kind : {Kind::Finite, Kind::Special}) {
+        Operands operands(kind, 6);
+        for (int rows = 1; rows <= smallSizes; ++rows) {
+            for (int columns = 1; columns <= smallSizes; ++columns)
+                CheckVector(rows, columns, operands);
+        }
+        for (int rows : {100, 127, 2047, 2048, 2049, 2055, 2056, 2057, 4100})
+            CheckVector(rows, 19, operands);
+        CheckVector(37, 3000, operands);
+    }
+}
+
+TEST(Kernels, MultiplyVectorSingle)
+{
+    for (Kind kind : {Kind::Finite, Kind::Special}) {
+        Operands operands(kind, 7);
+        for (int rows = 1; rows <= smallSizes; ++rows) {
+            for (int columns = 1; columns <= smallSizes; ++columns)
+                CheckVectorSingle(rows, columns, operands);
+        }
+        for (int rows : {2047, 2048, 2049, 2057, 4100})
+            CheckVectorSingle(rows, 19, operands);
+        CheckVectorSingle(37, 3000, operands);
+    }
+}
+
+// 1 + 1e-9 is 1 in single precision, although the matrix is double.
+TEST(Kernels, MultiplyVectorSingleRoundsEachTermAndEachSum)
+{
+    int const size = 21;
+    std::vector<double> matrix(2 * size);
+    for (int i = 0; i < size; ++i) {
+        matrix[At(i, 0, size)] = 1.0;
+        matrix[At(i, 1, size)] = 1e-9;
+    }
+    std::vector<float> const ones(2, 1.0f);
+    for (KernelSet const* set : RunnableSets()) {
+        std::vector<float> result(size, 7.0f);
+        set->multiplyVectorSingle(size, 2, matrix.data(), ones.data(), result.data());
+        for (float element : result)
+            ASSERT_TRUE(SameBits(element, 1.0f)) << set->name;
+    }
+    // The term 1 + 2^-24 is a tie and becomes 1; unrounded, it would take 2^-24 on to the sum, which
+    // 2^-24 more would lift to 1 + 2^-23.
+    for (int i = 0; i < size; ++i) {
+        matrix[At(i, 0, size)] = 0x1p-24;
+        matrix[At(i, 1, size)] = 1.0 + 0x1p-24;
+    }
+    for (KernelSet const* set : RunnableSets()) {
+        std::vector<float> result(size, 7.0f);
+        set->multiplyVectorSingle(size, 2, matrix.data(), ones.data(), result.data());
+        for (float element : result)
+            ASSERT_TRUE(SameBits(element, 1.0f)) << set->name;
+    }
+}
+
+// ---- Transposition ---------------------------------------------------------------------------------------
+
+TEST(Kernels, Transpose)
+{
+    for (int rows = 1; rows <= 70; ++rows) {
+        for (int columns = 1; columns <= 70; ++columns)
+            CheckTranspose(rows, columns);
+    }
+    CheckTranspose(1, 1000);
+    CheckTranspose(1000, 1);
+    CheckTranspose(129, 517);
+    CheckTranspose(517, 517);
+}
+
+// ---- The library's own choice ------------------------------------------------------------------------------
+
+TEST(Kernels, MatDblGivesTheSameBits)
+{
+    Operands operands(Kind::Finite, 8);
+    for (int size : {1, 2, 3, 5, 8, 13, 21, 34, 55, 89, 144}) {
+        std::vector<double> left = operands.Many(Count(size, size + 3));
+        std::vector<double> right = operands.Many(Count(size + 3, size + 1));
+        MatDbl const a(size, size + 3, left.data());
+        MatDbl const b(size + 3, size + 1, right.data());
+        MatDbl const product = a * b;
+        std::vector<double> const expected = Product(size, size + 1, size + 3, left, right);
+        VecDbl const column = a * b.GetCol(0);
+        MatDbl const transposed = a.GetTransposedCopy();
+        for (int i = 0; i < size; ++i) {
+            for (int j = 0; j < size + 1; ++j)
+                ASSERT_TRUE(SameBits(product(i, j), expected[At(i, j, size)])) << size;
+            ASSERT_TRUE(SameBits(column[i], expected[At(i, 0, size)])) << size;
+            for (int k = 0; k < size + 3; ++k)
+                ASSERT_TRUE(SameBits(transposed(k, i), a(i, k))) << size;
+        }
+    }
+}

@@ -1,0 +1,492 @@
+// The kernels for one instruction set. Each source that includes this file defines
+//   VEXOR_KERNEL_NAMESPACE  the namespace that holds the set, and its name as VEXOR_KERNEL_NAME,
+//   VEXOR_KERNEL_WIDTH      how many doubles a register holds,
+//   VEXOR_KERNEL_COLUMNS    how many columns of a product advance together,
+// and has the compiler generate code for that set. Nothing else is included here, lest an inline
+// function shared with other sources be compiled for a CPU that is not there.
+//
+// The invariant that makes all this the same as the plain triple loop: a lane of a register belongs to
+// one element of the result. It starts at 0.0 and takes that element's terms for rising k, one product
+// rounded and then one sum rounded, never fused. Vectors, tiles, packing and blocks settle only which
+// elements advance side by side and where their factors are read. Between two blocks of k an element
+// rests in the result itself, as a double, which loses nothing. Where a count is no multiple of the
+// width, the last register overlaps the one before it: the shared elements are then computed twice
+// from the same values, and stored twice with the same bits.
+
+#define VEXOR_KERNEL_INLINE inline __attribute__((always_inline))
+#define VEXOR_UNROLL _Pragma("GCC unroll 16")
+
+VEXOR_EXACT_BEGIN
+
+namespace vexor::detail::VEXOR_KERNEL_NAMESPACE {
+
+namespace {
+
+using Distance = std::ptrdiff_t;
+
+// ---- Registers -----------------------------------------------------------------------------------
+
+/// A register of `width` elements; a single element is no vector.
+template <class Element, int width>
+struct RegisterOf {
+    typedef Element Type __attribute__((vector_size(width * sizeof(Element))));
+};
+template <class Element>
+struct RegisterOf<Element, 1> {
+    typedef Element Type;
+};
+template <class Element, int width>
+using Register = typename RegisterOf<Element, width>::Type;
+
+template <class Vector, class Element>
+VEXOR_KERNEL_INLINE Vector Load(Element const* from)
+{
+    Vector vector;
+    __builtin_memcpy(&vector, from, sizeof vector);
+    return vector;
+}
+
+template <class Vector, class Element>
+VEXOR_KERNEL_INLINE void Store(Element* to, Vector const& vector)
+{
+    __builtin_memcpy(to, &vector, sizeof vector);
+}
+
+/// Adds the product, rounded to the element type of the sum.
+template <int width>
+VEXOR_KERNEL_INLINE void AddProduct(Register<double, width>& sum, Register<double, width> const& elements,
+                                    double factor)
+{
+    sum += elements * factor;
+}
+
+template <int width>
+VEXOR_KERNEL_INLINE void AddProduct(Register<float, width>& sum, Register<double, width> const& elements,
+                                    double factor)
+{
+    if constexpr (width == 1)
+        sum += RoundToSingle(elements * factor);
+    else
+        sum += __builtin_convertvector(elements * factor, Register<float, width>);
+}
+
+// ---- The product -----------------------------------------------------------------------------------
+
+/// How many registers of rows a tile has: with VEXOR_KERNEL_COLUMNS columns they fill three quarters
+/// of the register file with sums and leave the rest for factors.
+constexpr int tileVectors = 3;
+constexpr int tileColumns = VEXOR_KERNEL_COLUMNS;
+
+/// The packed part of the left operand: 96 KiB on the stack, which is a small part of any stack and
+/// of the second-level cache.
+constexpr int blockRows = 48;
+constexpr int blockInner = 256;
+static_assert(blockRows % (tileVectors * VEXOR_KERNEL_WIDTH) == 0, "a block holds whole tiles");
+
+/// Where a tile reads and writes: each operand's first element and the distance from column to column.
+struct TileOperands {
+    double const* left;
+    Distance leftStride;
+    double const* right;
+    Distance rightStride;
+    double* result;
+    Distance resultStride;
+};
+
+/// One tile of the result, its sums in registers for all of the inner steps. It has `rows` rows, more
+/// than (vectors − 1)·width and at most vectors·width. The sums start at 0 or where the result stands.
+template <int width, int vectors, int columns>
+void MultiplyTile(int rows, int inner, bool startsAtZero, TileOperands const& operands)
+{
+    using Vector = Register<double, width>;
+    Distance const lastRow = rows - width; // the last register's
+    auto const rowOf = [lastRow](int v) { return v < vectors - 1 ? Distance(v) * width : lastRow; };
+
+    Vector sums[columns][vectors];
+    VEXOR_UNROLL
+    for (int j = 0; j < columns; ++j) {
+        VEXOR_UNROLL
+        for (int v = 0; v < vectors; ++v) {
+            double const* const from = operands.result + j * operands.resultStride + rowOf(v);
+            sums[j][v] = startsAtZero ? Vector{} : Load<Vector>(from);
+        }
+    }
+
+    double const* left = operands.left;
+    double const* right = operands.right;
+    for (int k = 0; k < inner; ++k) {
+        Vector elements[vectors];
+        VEXOR_UNROLL
+        for (int v = 0; v < vectors; ++v)
+            elements[v] = Load<Vector>(left + rowOf(v));
+        VEXOR_UNROLL
+        for (int j = 0; j < columns; ++j) {
+            double const factor = right[j * operands.rightStride];
+            VEXOR_UNROLL
+            for (int v = 0; v < vectors; ++v)
+                AddProduct<width>(sums[j][v], elements[v], factor);
+        }
+        left += operands.leftStride;
+        ++right;
+    }
+
+    VEXOR_UNROLL
+    for (int j = 0; j < columns; ++j) {
+        VEXOR_UNROLL
+        for (int v = 0; v < vectors; ++v)
+            Store(operands.result + j * operands.resultStride + rowOf(v), sums[j][v]);
+    }
+}
+
+using TileFunction = void (*)(int rows, int inner, bool startsAtZero, TileOperands const& operands);
+
+/// The tile for every size of edge: [registers − 1][columns − 1].
+template <int width, class Columns>
+struct TileTable;
+template <int width, int... j>
+struct TileTable<width, std::integer_sequence<int, j...>> {
+    static constexpr TileFunction tiles[tileVectors][tileColumns] = {{MultiplyTile<width, 1, j + 1>...},
+                                                                     {MultiplyTile<width, 2, j + 1>...},
+                                                                     {MultiplyTile<width, 3, j + 1>...}};
+};
+
+template <int width>
+void MultiplyAnyTile(int rows, int columns, int inner, bool startsAtZero, TileOperands const& operands)
+{
+    using Table = TileTable<width, std::make_integer_sequence<int, tileColumns>>;
+    Table::tiles[(rows + width - 1) / width - 1][columns - 1](rows, inner, startsAtZero, operands);
+}
+
+/// The rows of the next tile: a full one, or what is left; never so many that the rest would not fill
+/// a register.
+template <int width>
+int NextRows(int rest)
+{
+    constexpr int full = tileVectors * width;
+    if (rest <= full)
+        return rest;
+    return rest < full + width ? full - width : full;
+}
+
+/// The columns of the next step, at most `most`; the last two steps share what is left, as narrow ones
+/// are slow.
+inline int NextColumns(int rest, int most)
+{
+    if (rest <= most)
+        return rest;
+    return rest < 2 * most ? (rest + 1) / 2 : most;
+}
+
+/// Copies a tile's rows of the left operand, column after column without gaps.
+template <int width>
+void Pack(int rows, int inner, double const* from, Distance stride, double* to)
+{
+    constexpr int full = tileVectors * width;
+    for (int k = 0; k < inner; ++k, from += stride, to += rows) {
+        if (rows == full) {
+            __builtin_memcpy(to, from, full * sizeof(double));
+        } else {
+            for (int i = 0; i < rows; ++i)
+                to[i] = from[i];
+        }
+    }
+}
+
+/// Fetches a stretch of some columns into the cache ahead of their use.
+inline void Prefetch(int columns, double const* from, Distance stride, int begin, int end)
+{
+    constexpr int line = 8;
+    for (int j = 0; j < columns; ++j) {
+        for (int k = begin; k < end; k += line)
+            __builtin_prefetch(from + j * stride + k);
+    }
+}
+
+/// The product where the left operand is too large to be read in place again and again: block by block
+/// it is packed, and multiplied into every column of the result.
+template <int width>
+void MultiplyPacked(int rows, int columns, int inner, double const* left, double const* right, double* result)
+{
+    alignas(64) double packed[blockRows * blockInner];
+
+    for (int k0 = 0; k0 < inner; k0 += blockInner) {
+        int const depth = inner - k0 < blockInner ? inner - k0 : blockInner;
+        for (int i0 = 0, height = 0; i0 < rows; i0 += height) {
+            int const rest = rows - i0;
+            height = rest < blockRows ? rest : blockRows;
+            if (rest > blockRows && rest < blockRows + width)
+                height -= tileVectors * width; // leaves the last block enough for a register
+
+            for (int i = 0, step = 0; i < height; i += step) {
+                step = NextRows<width>(height - i);
+                double const* const from = left + Distance(k0) * rows + i0 + i;
+                Pack<width>(step, depth, from, rows, packed + Distance(i) * depth);
+            }
+            for (int j = 0, across = 0; j < columns; j += across) {
+                across = NextColumns(columns - j, tileColumns);
+                double const* const factors = right + Distance(j) * inner + k0;
+                int const nextAcross =
+                    j + across < columns ? NextColumns(columns - j - across, tileColumns) : 0;
+                for (int i = 0, step = 0; i < height; i += step) {
+                    step = NextRows<width>(height - i);
+                    // Each tile fetches its share of the factors that follow these.
+                    Prefetch(nextAcross, factors + Distance(across) * inner, inner, depth * i / height,
+                             depth * (i + step) / height);
+                    MultiplyAnyTile<width>(step, across, depth, k0 == 0,
+                                           {packed + Distance(i) * depth, step, factors, inner,
+                                            result + Distance(j) * rows + i0 + i, rows});
+                }
+            }
+        }
+    }
+}
+
+/// The product on the operands where they stand.
+template <int width>
+void MultiplyInPlace(int rows, int columns, int inner, double const* left, double const* right,
+                     double* result)
+{
+    for (int i = 0, step = 0; i < rows; i += step) {
+        step = NextRows<width>(rows - i);
+        for (int j = 0, across = 0; j < columns; j += across) {
+            across = NextColumns(columns - j, tileColumns);
+            MultiplyAnyTile<width>(
+                step, across, inner, true,
+                {left + i, rows, right + Distance(j) * inner, inner, result + Distance(j) * rows + i, rows});
+        }
+    }
+}
+
+template <int width>
+void Multiply(int rows, int columns, int inner, double const* left, double const* right, double* result)
+{
+    if constexpr (width > 1) {
+        if (rows < width)
+            return Multiply<width / 2>(rows, columns, inner, left, right, result);
+    }
+    // Packing pays where a packed element is used often and the operand outgrows the first-level cache.
+    bool const packs = width == VEXOR_KERNEL_WIDTH && columns > 2 * tileColumns
+                       && Distance(rows) * inner > 2048 && rows > tileVectors * width;
+    if (packs)
+        MultiplyPacked<width>(rows, columns, inner, left, right, result);
+    else
+        MultiplyInPlace<width>(rows, columns, inner, left, right, result);
+}
+
+void MultiplyColumnMajor(int rows, int columns, int inner, double const* left, double const* right,
+                         double* result)
+{
+    Multiply<VEXOR_KERNEL_WIDTH>(rows, columns, inner, left, right, result);
+}
+
+// ---- Matrix × vector -------------------------------------------------------------------------------
+
+constexpr int stripColumns = 8;
+
+/// Rows whose sums stay in the first-level cache while all columns are added to them.
+constexpr int stripRows = 2048;
+
+/// Adds each column's element times the column's factor to the sum, column by column.
+template <class Element, int width, int columns>
+VEXOR_KERNEL_INLINE void AddColumns(Register<Element, width>& sum, double const* elements, Distance stride,
+                                    double const (&factors)[columns])
+{
+    VEXOR_UNROLL
+    for (int k = 0; k < columns; ++k)
+        AddProduct<width>(sum, Load<Register<double, width>>(elements + k * stride), factors[k]);
+}
+
+/// Adds some columns, each times its factor, to the result, or to 0.
+template <class Element, int width, int columns>
+void AddStrip(int rows, bool startsAtZero, double const* matrix, Distance stride, Element const* vector,
+              Element* result)
+{
+    using Sum = Register<Element, width>;
+    double factors[columns];
+    VEXOR_UNROLL
+    for (int k = 0; k < columns; ++k)
+        factors[k] = vector[k];
+
+    Distance const lastRow = rows - width;
+    Sum last = startsAtZero ? Sum{} : Load<Sum>(result + lastRow); // before the loop changes some of it
+    for (Distance i = 0; i < lastRow; i += width) {
+        Sum sum = startsAtZero ? Sum{} : Load<Sum>(result + i);
+        AddColumns<Element, width>(sum, matrix + i, stride, factors);
+        Store(result + i, sum);
+    }
+    AddColumns<Element, width>(last, matrix + lastRow, stride, factors);
+    Store(result + lastRow, last);
+}
+
+template <class Element>
+using StripFunction = void (*)(int rows, bool startsAtZero, double const* matrix, Distance stride,
+                               Element const* vector, Element* result);
+
+/// The strip for every number of columns: [columns − 1].
+template <class Element, int width, class Columns>
+struct StripTable;
+template <class Element, int width, int... k>
+struct StripTable<Element, width, std::integer_sequence<int, k...>> {
+    static constexpr StripFunction<Element> strips[stripColumns] = {AddStrip<Element, width, k + 1>...};
+};
+
+template <class Element, int width>
+void MultiplyVectorBy(int rows, int columns, double const* matrix, Element const* vector, Element* result)
+{
+    if constexpr (width > 1) {
+        if (rows < width)
+            return MultiplyVectorBy<Element, width / 2>(rows, columns, matrix, vector, result);
+    }
+    using Table = StripTable<Element, width, std::make_integer_sequence<int, stripColumns>>;
+    for (int i = 0, step = 0; i < rows; i += step) {
+        step = rows - i < stripRows + width ? rows - i : stripRows;
+        for (int k = 0, across = 0; k < columns; k += across) {
+            across = NextColumns(columns - k, stripColumns);
+            Table::strips[across - 1](step, k == 0, matrix + Distance(k) * rows + i, rows, vector + k,
+                                      result + i);
+        }
+    }
+}
+
+void MultiplyVector(int rows, int columns, double const* matrix, double const* vector, double* result)
+{
+    MultiplyVectorBy<double, VEXOR_KERNEL_WIDTH>(rows, columns, matrix, vector, result);
+}
+
+void MultiplyVectorSingle(int rows, int columns, double const* matrix, float const* vector, float* result)
+{
+    MultiplyVectorBy<float, VEXOR_KERNEL_WIDTH>(rows, columns, matrix, vector, result);
+}
+
+// ---- Transposition -----------------------------------------------------------------------------------
+
+/// Two registers' elements at the given places, those of `b` counted on from those of `a`.
+template <class Vector, int... places>
+VEXOR_KERNEL_INLINE Vector Shuffle(Vector const& a, Vector const& b, std::integer_sequence<int, places...>)
+{
+#if defined(__clang__)
+    return __builtin_shufflevector(a, b, places...);
+#else
+    typedef long long Places __attribute__((vector_size(sizeof(Vector))));
+    return __builtin_shuffle(a, b, Places{places...});
+#endif
+}
+
+/// A square of width × width elements in registers, one column a register.
+template <int width>
+struct Square {
+    using Vector = Register<double, width>;
+    Vector columns[width];
+
+    VEXOR_KERNEL_INLINE void Read(double const* from, Distance stride)
+    {
+        VEXOR_UNROLL
+        for (int j = 0; j < width; ++j)
+            columns[j] = Load<Vector>(from + j * stride);
+    }
+
+    VEXOR_KERNEL_INLINE void Write(double* to, Distance stride) const
+    {
+        VEXOR_UNROLL
+        for (int j = 0; j < width; ++j)
+            Store(to + j * stride, columns[j]);
+    }
+
+    /// Swaps the squares of `half` × `half` off the diagonal, for every half of the width.
+    template <int half = width / 2>
+    VEXOR_KERNEL_INLINE void Transpose()
+    {
+        if constexpr (half > 0) {
+            SwapOffDiagonal<half>(std::make_integer_sequence<int, width>());
+            Transpose<half / 2>();
+        }
+    }
+
+    template <int half, int... i>
+    VEXOR_KERNEL_INLINE void SwapOffDiagonal(std::integer_sequence<int, i...>)
+    {
+        VEXOR_UNROLL
+        for (int j = 0; j < width; ++j) {
+            if (j & half)
+                continue;
+            Vector const a = columns[j];
+            Vector const b = columns[j + half];
+            columns[j] = Shuffle(a, b, std::integer_sequence<int, (i & half ? width + i - half : i)...>());
+            columns[j + half] =
+                Shuffle(a, b, std::integer_sequence<int, (i & half ? width + i : i + half)...>());
+        }
+    }
+};
+
+/// Side of the part that is transposed before the next one is begun: so that the lines of cache that
+/// it reads and writes stay there until they are used up.
+constexpr int transposeBlock = 32;
+
+template <int width>
+void Transpose(int rows, int columns, double const* matrix, double* result)
+{
+    if constexpr (width > 1) {
+        if (rows < width || columns < width)
+            return Transpose<width / 2>(rows, columns, matrix, result);
+    }
+    // Squares stand at multiples of the width, but for the last ones, which end with the matrix.
+    auto const place = [](int at, int count) { return at + width <= count ? at : count - width; };
+    for (int j0 = 0; j0 < columns; j0 += transposeBlock) {
+        int const jEnd = j0 + transposeBlock < columns ? j0 + transposeBlock : columns;
+        for (int i0 = 0; i0 < rows; i0 += transposeBlock) {
+            int const iEnd = i0 + transposeBlock < rows ? i0 + transposeBlock : rows;
+            for (int i = i0; i < iEnd; i += width) {
+                Distance const row = place(i, rows);
+                for (int j = j0; j < jEnd; j += width) {
+                    Distance const column = place(j, columns);
+                    Square<width> square;
+                    square.Read(matrix + column * rows + row, rows);
+                    square.Transpose();
+                    square.Write(result + row * columns + column, columns);
+                }
+            }
+        }
+    }
+}
+
+void TransposeInto(int rows, int columns, double const* matrix, double* result)
+{
+    Transpose<VEXOR_KERNEL_WIDTH>(rows, columns, matrix, result);
+}
+
+/// Transposes in place: squares on the diagonal by themselves, the others in pairs, and element by
+/// element what is left beside them.
+void TransposeSquare(int rows, double* matrix)
+{
+    constexpr int width = VEXOR_KERNEL_WIDTH;
+    Distance const stride = rows;
+    int const whole = rows - rows % width;
+    for (int j = 0; j < whole; j += width) {
+        for (int i = 0; i <= j; i += width) {
+            Square<width> upper;
+            Square<width> lower;
+            upper.Read(matrix + j * stride + i, stride);
+            lower.Read(matrix + i * stride + j, stride);
+            upper.Transpose();
+            lower.Transpose();
+            lower.Write(matrix + j * stride + i, stride);
+            upper.Write(matrix + i * stride + j, stride);
+        }
+    }
+    for (int i = whole; i < rows; ++i) {
+        for (int j = 0; j < i; ++j) {
+            double const above = matrix[i * stride + j];
+            matrix[i * stride + j] = matrix[j * stride + i];
+            matrix[j * stride + i] = above;
+        }
+    }
+}
+
+} // namespace
+
+KernelSet const kernels = {VEXOR_KERNEL_NAME,    MultiplyColumnMajor, MultiplyVector,
+                           MultiplyVectorSingle, TransposeInto,       TransposeSquare};
+
+} // namespace vexor::detail::VEXOR_KERNEL_NAMESPACE
+
+VEXOR_EXACT_END
