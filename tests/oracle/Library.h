@@ -1,0 +1,124 @@
+#pragma once
+#include <vexor/vexor.h>
+
+#include "oracle/Shapes.h"
+#include "oracle/Source.h"
+
+// The library's values as the oracle's: by their fields and elements, without a computation.
+
+namespace oracle {
+
+inline Dbl Converted(double value)
+{
+    return Dbl(value);
+}
+inline Flt Converted(float value)
+{
+    return Flt(value);
+}
+inline int Converted(int value)
+{
+    return value;
+}
+inline bool Converted(bool value)
+{
+    return value;
+}
+inline Raise Converted(Raise value)
+{
+    return value;
+}
+inline std::int64_t Converted(std::int64_t value)
+{
+    return value;
+}
+
+// The statements' own values pass through.
+inline Dbl const& Converted(Dbl const& value)
+{
+    return value;
+}
+inline Flt const& Converted(Flt const& value)
+{
+    return value;
+}
+template <class Element, int N>
+Vec<Element, N> const& Converted(Vec<Element, N> const& value)
+{
+    return value;
+}
+template <int N>
+Mat<N> const& Converted(Mat<N> const& value)
+{
+    return value;
+}
+template <int N>
+Aff<N> const& Converted(Aff<N> const& value)
+{
+    return value;
+}
+template <class Element>
+Dyn<Element> const& Converted(Dyn<Element> const& value)
+{
+    return value;
+}
+inline DynMat const& Converted(DynMat const& value)
+{
+    return value;
+}
+
+template <class Element, class Class>
+Vec<Element, 3> Three(Class const& v)
+{
+    return {{Element(v.x), Element(v.y), Element(v.z)}};
+}
+
+inline V3 Converted(Vec3Dbl const& v)
+{
+    return Three<Dbl>(v);
+}
+inline F3 Converted(Vec3Flt const& v)
+{
+    return Three<Flt>(v);
+}
+
+/// What a change raises.
+template <class Change>
+Raise RaisedBy(Change change)
+{
+    try {
+        change();
+    } catch (VexorSingular const&) {
+        return Raise::Singular;
+    } catch (VexorDimensionMismatch const&) {
+        return Raise::DimensionMismatch;
+    } catch (VexorAllocationFailed const&) {
+        return Raise::AllocationFailed;
+    } catch (VexorComputationFailed const&) {
+        return Raise::ComputationFailed;
+    } catch (VexorNullVector const&) {
+        return Raise::NullVector;
+    } catch (Raised const& raised) {
+        return raised.what;
+    }
+    return Raise::None;
+}
+
+/// Gives the library's global the fields that the case chose.
+inline void PassGlobal()
+{
+    gVexorTolerance.sin2Angle = globalTolerance.sin2Angle;
+    gVexorTolerance.lengthSquared = globalTolerance.lengthSquared;
+}
+
+template <class Call>
+void CallLibrary(Outcome& outcome, Call call)
+{
+    outcome.Clear();
+    PassGlobal();
+    Raise const raised = RaisedBy(call);
+    if (raised != Raise::None)
+        outcome.SetRaise(raised);
+}
+
+} // namespace oracle

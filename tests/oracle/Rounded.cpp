@@ -1,0 +1,296 @@
+#include "oracle/Rounded.h"
+
+#include <cmath>
+#include <cstdio>
+
+namespace oracle {
+
+Steps steps;
+
+namespace {
+
+// Exponents as MPFR counts them: a normal double has 0.5·2^e ≤ |x| with e from −1021 to 1024.
+struct Format {
+    mpfr_exp_t lowest, highest, lowestNormal;
+};
+constexpr Format doubleFormat = {-1073, 1024, -1021};
+constexpr Format singleFormat = {-148, 128, -125};
+
+// Brings a rounded result into the range of the format; ternary tells how it was rounded.
+void Settle(mpfr_ptr number, int ternary, Format const& format)
+{
+    if (!mpfr_regular_p(number))
+        return;
+    mpfr_exp_t const exponent = mpfr_get_exp(number);
+    if (exponent >= format.lowestNormal && exponent <= format.highest)
+        return;
+    mpfr_exp_t const low = mpfr_get_emin();
+    mpfr_exp_t const high = mpfr_get_emax();
+    mpfr_set_emin(format.lowest);
+    mpfr_set_emax(format.highest);
+    ternary = mpfr_check_range(number, ternary, MPFR_RNDN);
+    mpfr_subnormalize(number, ternary, MPFR_RNDN);
+    mpfr_set_emin(low);
+    mpfr_set_emax(high);
+}
+
+template <class Compute>
+Dbl Rounded(Compute compute)
+{
+    Dbl result = Dbl::Blank();
+    if (steps.deviation != Deviation::None && steps.arithmetic++ == steps.target) {
+        switch (steps.deviation) {
+        case Deviation::Unrounded:
+            result = Dbl::Blank(160);
+            compute(result.Get(), MPFR_RNDN);
+            return result;
+        case Deviation::TowardZero:
+            Settle(result.Get(), compute(result.Get(), MPFR_RNDZ), doubleFormat);
+            return result;
+        case Deviation::ToSingle:
+            Settle(result.Get(), compute(result.Get(), MPFR_RNDN), doubleFormat);
+            return Dbl(static_cast<double>(static_cast<float>(result.Value())));
+        default:
+            break;
+        }
+    }
+    Settle(result.Get(), compute(result.Get(), MPFR_RNDN), doubleFormat);
+    return result;
+}
+
+template <class Compute>
+Wide Unbounded(Compute compute)
+{
+    Dbl result = Dbl::Blank();
+    if (steps.deviation != Deviation::None && steps.arithmetic++ == steps.target
+        && (steps.deviation == Deviation::Unrounded || steps.deviation == Deviation::TowardZero)) {
+        if (steps.deviation == Deviation::Unrounded)
+            result = Dbl::Blank(160);
+        compute(result.Get(), steps.deviation == Deviation::Unrounded ? MPFR_RNDN : MPFR_RNDZ);
+        return Wide(result);
+    }
+    compute(result.Get(), MPFR_RNDN);
+    return Wide(result);
+}
+
+bool EqualityTurned()
+{
+    return steps.deviation != Deviation::None && steps.comparisons++ == steps.target
+           && steps.deviation == Deviation::Strictness;
+}
+
+void Judge(char const* function, double argument, double second, double result, mpfr_srcptr exact)
+{
+    PlatformReport& report = Platform();
+    ++report.calls;
+    bool fault = false;
+    double distance = 0.0;
+    if (mpfr_nan_p(exact) || mpfr_inf_p(exact))
+        fault = mpfr_nan_p(exact) ? result == result : mpfr_cmp_d(exact, result) != 0;
+    else if (std::isnan(result) || std::isinf(result))
+        fault = true;
+    else {
+        mpfr_t difference;
+        mpfr_init2(difference, 200);
+        mpfr_sub_d(difference, exact, result, MPFR_RNDN);
+        mpfr_exp_t exponent = mpfr_zero_p(exact) ? -1073 : mpfr_get_exp(exact);
+        mpfr_mul_2si(difference, difference, -(exponent < -1021 ? -1074 : exponent - 53), MPFR_RNDN);
+        distance = std::fabs(mpfr_get_d(difference, MPFR_RNDN));
+        mpfr_clear(difference);
+        fault = distance > 1.0;
+    }
+    if (distance > report.worst)
+        report.worst = distance;
+    if (fault && report.faults++ == 0) {
+        char text[200];
+        std::snprintf(text, sizeof text, "%s(%a, %a) gives %a, %g units off", function, argument, second,
+                      result, distance);
+        report.first = text;
+    }
+}
+
+template <class Exact>
+Dbl Checked(char const* function, double argument, double second, double result, Exact exact)
+{
+    if (steps.deviation == Deviation::None) {
+        mpfr_t value;
+        mpfr_init2(value, 120);
+        exact(value);
+        Judge(function, argument, second, result, value);
+        mpfr_clear(value);
+    }
+    return Dbl(result);
+}
+
+double Hidden(double value)
+{
+    double volatile hidden = value;
+    return hidden;
+}
+
+} // namespace
+
+Dbl::Dbl(double value)
+{
+    mpfr_custom_init_set(number, MPFR_ZERO_KIND, 0, bits, limbs);
+    mpfr_set_d(number, value, MPFR_RNDN);
+}
+
+Dbl operator+(Dbl const& left, Dbl const& right)
+{
+    return Rounded([&](mpfr_ptr r, mpfr_rnd_t mode) { return mpfr_add(r, left.Get(), right.Get(), mode); });
+}
+
+Dbl operator-(Dbl const& left, Dbl const& right)
+{
+    return Rounded([&](mpfr_ptr r, mpfr_rnd_t mode) { return mpfr_sub(r, left.Get(), right.Get(), mode); });
+}
+
+Dbl operator*(Dbl const& left, Dbl const& right)
+{
+    return Rounded([&](mpfr_ptr r, mpfr_rnd_t mode) { return mpfr_mul(r, left.Get(), right.Get(), mode); });
+}
+
+Dbl operator/(Dbl const& left, Dbl const& right)
+{
+    return Rounded([&](mpfr_ptr r, mpfr_rnd_t mode) { return mpfr_div(r, left.Get(), right.Get(), mode); });
+}
+
+Dbl operator-(Dbl const& value)
+{
+    Dbl result(value);
+    mpfr_neg(result.Get(), result.Get(), MPFR_RNDN);
+    return result;
+}
+
+Dbl Abs(Dbl const& value)
+{
+    Dbl result(value);
+    mpfr_abs(result.Get(), result.Get(), MPFR_RNDN);
+    return result;
+}
+
+Dbl Sqrt(Dbl const& value)
+{
+    return Rounded([&](mpfr_ptr r, mpfr_rnd_t mode) { return mpfr_sqrt(r, value.Get(), mode); });
+}
+
+Dbl Fused(Dbl const& left, Dbl const& right, Dbl const& addend)
+{
+    return Rounded([&](mpfr_ptr r, mpfr_rnd_t mode) {
+        return mpfr_fma(r, left.Get(), right.Get(), addend.Get(), mode);
+    });
+}
+
+bool operator<(Dbl const& left, Dbl const& right)
+{
+    return EqualityTurned() ? mpfr_lessequal_p(left.Get(), right.Get()) != 0
+                            : mpfr_less_p(left.Get(), right.Get()) != 0;
+}
+
+bool operator<=(Dbl const& left, Dbl const& right)
+{
+    return EqualityTurned() ? mpfr_less_p(left.Get(), right.Get()) != 0
+                            : mpfr_lessequal_p(left.Get(), right.Get()) != 0;
+}
+
+bool operator>(Dbl const& left, Dbl const& right)
+{
+    return right < left;
+}
+
+bool operator>=(Dbl const& left, Dbl const& right)
+{
+    return right <= left;
+}
+
+bool operator==(Dbl const& left, Dbl const& right)
+{
+    return mpfr_equal_p(left.Get(), right.Get()) != 0;
+}
+
+bool operator!=(Dbl const& left, Dbl const& right)
+{
+    return !(left == right);
+}
+
+Wide operator+(Wide const& left, Wide const& right)
+{
+    return Unbounded([&](mpfr_ptr r, mpfr_rnd_t mode) {
+        return mpfr_add(r, left.Number().Get(), right.Number().Get(), mode);
+    });
+}
+
+Wide operator*(Wide const& left, Wide const& right)
+{
+    return Unbounded([&](mpfr_ptr r, mpfr_rnd_t mode) {
+        return mpfr_mul(r, left.Number().Get(), right.Number().Get(), mode);
+    });
+}
+
+Wide Sqrt(Wide const& value)
+{
+    return Unbounded([&](mpfr_ptr r, mpfr_rnd_t mode) { return mpfr_sqrt(r, value.Number().Get(), mode); });
+}
+
+Dbl Quotient(Dbl const& left, Wide const& right)
+{
+    return Rounded(
+        [&](mpfr_ptr r, mpfr_rnd_t mode) { return mpfr_div(r, left.Get(), right.Number().Get(), mode); });
+}
+
+Dbl Narrow(Wide const& value)
+{
+    return Rounded([&](mpfr_ptr r, mpfr_rnd_t mode) { return mpfr_set(r, value.Number().Get(), mode); });
+}
+
+Flt Single(Dbl const& value)
+{
+    if (steps.deviation != Deviation::None && steps.singles++ == steps.target
+        && steps.deviation == Deviation::SingleKept)
+        return Flt(value);
+    mpfr_t narrow;
+    mp_limb_t limb[1];
+    mpfr_custom_init_set(narrow, MPFR_ZERO_KIND, 0, 24, limb);
+    Settle(narrow, mpfr_set(narrow, value.Get(), MPFR_RNDN), singleFormat);
+    Dbl result = Dbl::Blank();
+    mpfr_set(result.Get(), narrow, MPFR_RNDN);
+    return Flt(result);
+}
+
+PlatformReport& Platform()
+{
+    static PlatformReport report;
+    return report;
+}
+
+Dbl Sin(Dbl const& value)
+{
+    double const x = value.Value();
+    return Checked("sin", x, 0.0, std::sin(Hidden(x)),
+                   [&](mpfr_ptr r) { mpfr_sin(r, value.Get(), MPFR_RNDN); });
+}
+
+Dbl Cos(Dbl const& value)
+{
+    double const x = value.Value();
+    return Checked("cos", x, 0.0, std::cos(Hidden(x)),
+                   [&](mpfr_ptr r) { mpfr_cos(r, value.Get(), MPFR_RNDN); });
+}
+
+Dbl Acos(Dbl const& value)
+{
+    double const x = value.Value();
+    return Checked("acos", x, 0.0, std::acos(Hidden(x)),
+                   [&](mpfr_ptr r) { mpfr_acos(r, value.Get(), MPFR_RNDN); });
+}
+
+Dbl Atan2(Dbl const& ordinate, Dbl const& abscissa)
+{
+    double const y = ordinate.Value();
+    double const x = abscissa.Value();
+    return Checked("atan2", y, x, std::atan2(Hidden(y), Hidden(x)),
+                   [&](mpfr_ptr r) { mpfr_atan2(r, ordinate.Get(), abscissa.Get(), MPFR_RNDN); });
+}
+
+} // namespace oracle

@@ -1,0 +1,151 @@
+#pragma once
+#include "oracle/Registry.h"
+
+// Pieces of the vectors' rules that other classes' rules name.
+
+namespace oracle {
+
+template <class E, int N>
+Dbl ProductSum(Vec<E, N> const& a, Vec<E, N> const& b)
+{
+    Dbl sum = Dbl(a[0]) * Dbl(b[0]);
+    for (int i = 1; i < N; ++i)
+        sum = sum + Dbl(a[i]) * Dbl(b[i]);
+    return sum;
+}
+
+template <class E, int N>
+E DotOf(Vec<E, N> const& a, Vec<E, N> const& b)
+{
+    return To<E>(ProductSum(a, b));
+}
+
+template <class E, int N>
+E LengthSquaredOf(Vec<E, N> const& a)
+{
+    return DotOf(a, a);
+}
+
+/// The length of a double vector has the bits that an exponent without bounds would give.
+template <int N>
+Wide WideLength(Vec<Dbl, N> const& a)
+{
+    Wide sum = Wide(a[0]) * Wide(a[0]);
+    for (int i = 1; i < N; ++i)
+        sum = sum + Wide(a[i]) * Wide(a[i]);
+    return Sqrt(sum);
+}
+
+template <int N>
+Dbl LengthOf(Vec<Dbl, N> const& a)
+{
+    return Narrow(WideLength(a));
+}
+
+template <int N>
+Flt LengthOf(Vec<Flt, N> const& a)
+{
+    return Single(Sqrt(LengthSquaredOf(a)));
+}
+
+template <class E, int N>
+bool NullOf(Vec<E, N> const& a)
+{
+    for (int i = 0; i < N; ++i)
+        if (!(Dbl(a[i]) == 0.0))
+            return false;
+    return true;
+}
+
+template <int N>
+Vec<Dbl, N> NormalizedOf(Vec<Dbl, N> a)
+{
+    if (NullOf(a))
+        throw Raised{Raise::NullVector};
+    Wide const length = WideLength(a);
+    for (int i = 0; i < N; ++i)
+        a[i] = Quotient(a[i], length);
+    return a;
+}
+
+template <int N>
+Vec<Flt, N> NormalizedOf(Vec<Flt, N> a)
+{
+    if (NullOf(a))
+        throw Raised{Raise::NullVector};
+    Flt const length = LengthOf(a);
+    for (int i = 0; i < N; ++i)
+        a[i] = Single(a[i] / length);
+    return a;
+}
+
+template <class E, int N>
+Vec<E, N> NegatedOf(Vec<E, N> a)
+{
+    for (int i = 0; i < N; ++i)
+        a[i] = To<E>(-Dbl(a[i]));
+    return a;
+}
+
+template <class E>
+Vec<E, 3> CrossOf(Vec<E, 3> const& a, Vec<E, 3> const& b)
+{
+    return {{To<E>(a[1] * b[2] - b[1] * a[2]), To<E>(a[2] * b[0] - a[0] * b[2]),
+             To<E>(b[1] * a[0] - a[1] * b[0])}};
+}
+
+template <int N>
+Vec<Dbl, N> operator*(Dbl const& factor, Vec<Dbl, N> const& a)
+{
+    Vec<Dbl, N> result;
+    for (int i = 0; i < N; ++i)
+        result[i] = a[i] * factor;
+    return result;
+}
+
+template <int N>
+Vec<Dbl, N> operator+(Vec<Dbl, N> const& a, Vec<Dbl, N> const& b)
+{
+    Vec<Dbl, N> result;
+    for (int i = 0; i < N; ++i)
+        result[i] = a[i] + b[i];
+    return result;
+}
+
+template <int N>
+Vec<Dbl, N> operator-(Vec<Dbl, N> const& a, Vec<Dbl, N> const& b)
+{
+    Vec<Dbl, N> result;
+    for (int i = 0; i < N; ++i)
+        result[i] = a[i] - b[i];
+    return result;
+}
+
+// A tolerance argument below 0 stands for the global's field of the same form.
+template <class E>
+Dbl ResolvedLength(E const& argument)
+{
+    return argument < 0.0 ? Dbl(static_cast<double>(globalTolerance.lengthSquared)) : Dbl(argument);
+}
+
+template <class E>
+Dbl ResolvedAngle(E const& argument)
+{
+    return argument < 0.0 ? Dbl(static_cast<double>(globalTolerance.sin2Angle)) : Dbl(argument);
+}
+
+/// 0.0 from 1 on, π down from −1, else the platform's acos.
+inline Dbl ClampedAcos(Dbl const& cosine)
+{
+    if (cosine >= 1.0)
+        return 0.0;
+    if (cosine <= -1.0)
+        return pi;
+    return Acos(cosine);
+}
+
+V3 PerpendicularOf(V3 const& a);
+V3 RotatedOf(V3 const& a, V3 const& axis, Dbl const& angle);
+Dbl CounterClockwiseAngle(V3 const& a, V3 const& b, V3 const& normal);
+
+} // namespace oracle
