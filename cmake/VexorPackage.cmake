@@ -1,0 +1,76 @@
+# Debian packages by CPack: libvexor1 (the library), libvexor-dev (headers, package files, debugger
+# views) and vexor-doc.
+
+find_program(GZIP gzip)
+
+# Debian wants its copyright file and a compressed changelog in each package's own folder.
+set(debian_files "${CMAKE_CURRENT_BINARY_DIR}/debian")
+file(MAKE_DIRECTORY "${debian_files}")
+file(READ "${CMAKE_CURRENT_SOURCE_DIR}/LICENSE" license_text)
+string(REGEX REPLACE "\n\n" "\n.\n" license_text "${license_text}")
+string(REGEX REPLACE "\n" "\n " license_text "${license_text}")
+string(STRIP "${license_text}" license_text)
+file(WRITE "${debian_files}/copyright"
+    "Format: https://www.debian.org/doc/packaging-manuals/copyright-format/1.0/\n"
+    "Upstream-Name: vexor\n\nFiles: *\nCopyright: 2026 the vexor authors\nLicense: Expat\n ${license_text}\n")
+file(WRITE "${debian_files}/changelog.Debian"
+    "vexor (${PROJECT_VERSION}) unstable; urgency=medium\n\n"
+    "  * Packaged from the release; CHANGELOG.md tells what is in it.\n\n"
+    " -- the vexor authors <authors@vexor.invalid>  Sat, 21 Nov 2026 12:00:00 +0000\n")
+if(GZIP)
+    execute_process(COMMAND "${GZIP}" -9nkf "${debian_files}/changelog.Debian")
+endif()
+
+foreach(package_and_component "libvexor${PROJECT_VERSION_MAJOR};runtime" "libvexor-dev;dev" "vexor-doc;doc")
+    list(GET package_and_component 0 package)
+    list(GET package_and_component 1 component)
+    # Named "changelog.gz" where the version has no Debian revision, as here.
+    install(FILES "${debian_files}/copyright"
+        DESTINATION "${CMAKE_INSTALL_DATADIR}/doc/${package}" COMPONENT ${component} EXCLUDE_FROM_ALL)
+    if(GZIP)
+        install(FILES "${debian_files}/changelog.Debian.gz" RENAME changelog.gz
+            DESTINATION "${CMAKE_INSTALL_DATADIR}/doc/${package}" COMPONENT ${component} EXCLUDE_FROM_ALL)
+    endif()
+endforeach()
+
+install(DIRECTORY "${CMAKE_CURRENT_SOURCE_DIR}/docs/"
+    DESTINATION "${CMAKE_INSTALL_DATADIR}/doc/vexor-doc"
+    COMPONENT doc EXCLUDE_FROM_ALL
+    FILES_MATCHING PATTERN "*.md" PATTERN "*.svg")
+
+set(CPACK_GENERATOR DEB)
+set(CPACK_PACKAGE_NAME vexor)
+set(CPACK_PACKAGE_VENDOR "the vexor authors")
+set(CPACK_PACKAGE_CONTACT "the vexor authors <authors@vexor.invalid>")
+set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
+set(CPACK_STRIP_FILES ON)
+set(CPACK_DEB_COMPONENT_INSTALL ON)
+set(CPACK_COMPONENTS_ALL runtime dev doc)
+set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS
+    OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE WORLD_READ WORLD_EXECUTE)
+set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
+set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
+
+set(CPACK_DEBIAN_RUNTIME_PACKAGE_NAME libvexor${PROJECT_VERSION_MAJOR})
+set(CPACK_DEBIAN_RUNTIME_PACKAGE_SECTION libs)
+set(CPACK_DEBIAN_RUNTIME_PACKAGE_SHLIBDEPS ON)
+# Written by hand: with CPack's own files come maintainer scripts that Debian no longer wants.
+file(WRITE "${debian_files}/shlibs"
+    "libvexor ${PROJECT_VERSION_MAJOR} libvexor${PROJECT_VERSION_MAJOR} (>= ${PROJECT_VERSION})\n")
+file(WRITE "${debian_files}/triggers" "activate-noawait ldconfig\n")
+set(CPACK_DEBIAN_RUNTIME_PACKAGE_CONTROL_EXTRA "${debian_files}/shlibs;${debian_files}/triggers")
+set(CPACK_COMPONENT_RUNTIME_DESCRIPTION "Geometric and linear-algebra value classes (library)
+ Vectors, points, small matrices with their own solvers, affine maps,
+ rotations, and dense solvers through LAPACK, with every rounding point
+ documented.")
+set(CPACK_DEBIAN_DEV_PACKAGE_NAME libvexor-dev)
+set(CPACK_DEBIAN_DEV_PACKAGE_SECTION libdevel)
+set(CPACK_DEBIAN_DEV_PACKAGE_DEPENDS "libvexor${PROJECT_VERSION_MAJOR} (= ${PROJECT_VERSION})")
+set(CPACK_COMPONENT_DEV_DESCRIPTION "Geometric and linear-algebra value classes (development files)
+ Headers, CMake and pkg-config files and debugger views of vexor.")
+set(CPACK_DEBIAN_DOC_PACKAGE_NAME vexor-doc)
+set(CPACK_DEBIAN_DOC_PACKAGE_SECTION doc)
+set(CPACK_DEBIAN_DOC_PACKAGE_ARCHITECTURE all)
+set(CPACK_COMPONENT_DOC_DESCRIPTION "Geometric and linear-algebra value classes (documentation)
+ Guides and reference of vexor.")
+include(CPack)

@@ -1,0 +1,148 @@
+"""Shows vexor's objects in gdb: (1, 2, 3) for vectors and points, matrices by rows.
+
+gdb loads this file by itself when it loads the installed library (see docs/debuggers.md); by hand:
+    source /usr/share/gdb/auto-load/.../libvexor.so.<version>-gdb.py
+"""
+
+import gdb
+import gdb.printing
+
+# A long vector or a big matrix is shown up to so many elements a row, and so many rows.
+MOST_ELEMENTS = 12
+
+FIELDS = {
+    "Vec3Dbl": "x y z", "Vec3Flt": "x y z", "Vec2Dbl": "x y", "Vec2Flt": "x y", "Vec2Int": "x y",
+    "Pnt3Dbl": "x y z", "Pnt3Flt": "x y z", "Pnt2Dbl": "x y", "Pnt2Flt": "x y",
+}
+
+
+def number(value):
+    """A number as a person writes it: 1 and not 1.0, 0.1 and not 0.10000000000000001."""
+    if value.type.strip_typedefs().code == gdb.TYPE_CODE_INT:
+        return str(int(value))
+    if value.type.strip_typedefs().sizeof == 4:
+        return "%.9g" % float(value)
+    text = repr(float(value))
+    return text[:-2] if text.endswith(".0") else text
+
+
+def row(values, count):
+    """'(1, 2, 3)', with '...' for what is left out; values is called with each index."""
+    shown = [number(values(i)) for i in range(min(count, MOST_ELEMENTS))]
+    return "(" + ", ".join(shown + (["..."] if count > MOST_ELEMENTS else [])) + ")"
+
+
+def rows(texts, count):
+    shown = [texts(i) for i in range(min(count, MOST_ELEMENTS))]
+    return "(" + ", ".join(shown + (["..."] if count > MOST_ELEMENTS else [])) + ")"
+
+
+class Fields:
+    """Vectors and points: their named fields."""
+
+    def __init__(self, value):
+        self.value = value
+        self.names = FIELDS[value.type.strip_typedefs().unqualified().name].split()
+
+    def to_string(self):
+        return row(lambda i: self.value[self.names[i]], len(self.names))
+
+
+class Quaternion:
+    """The vector part, then the scalar: (u, v, w; s)."""
+
+    def __init__(self, value):
+        self.value = value
+
+    def to_string(self):
+        u, v, w, s = (number(self.value[name]) for name in "uvws")
+        return "(%s, %s, %s; %s)" % (u, v, w, s)
+
+
+class FixedMatrix:
+    """Mat3Dbl and Mat2Dbl by rows."""
+
+    def __init__(self, value):
+        self.value = value
+
+    def to_string(self):
+        matrix = self.value["rows"]
+        low, high = matrix.type.range()
+        return rows(lambda i: Fields(matrix[i]).to_string(), high - low + 1)
+
+
+class AffineMap:
+    """The linear part by rows, then the translation."""
+
+    def __init__(self, value):
+        self.linear, self.translation = (value[field] for field in value.type.strip_typedefs().fields()[:2])
+
+    def to_string(self):
+        return "%s + %s" % (FixedMatrix(self.linear).to_string(), Fields(self.translation).to_string())
+
+
+class DynamicVector:
+    """VecDbl and VecFlt: the size, whether a view, the elements."""
+
+    def __init__(self, value):
+        self.value = value
+
+    def to_string(self):
+        size = int(self.value["size"])
+        kind = "view of %d" if int(self.value["isExternal"]) else "%d"
+        return kind % size + " " + row(lambda i: self.value["values"][i], size)
+
+
+class DynamicMatrix:
+    """MatDbl: its shape, whether a view, whether factorised, the elements by rows."""
+
+    def __init__(self, value):
+        self.value = value
+
+    def to_string(self):
+        height, width = int(self.value["rowCount"]), int(self.value["columnCount"])
+        columns = self.value["columns"]
+        kind = "view of %dx%d" if int(self.value["isExternal"]) else "%dx%d"
+        factorised = " factorised" if int(self.value["pivots"]) != 0 else ""
+        elements = rows(lambda i: row(lambda j: columns[j][i], width), height)
+        return kind % (height, width) + factorised + " " + elements
+
+
+class Counter:
+    """UInt64: the value, which the class reads as a signed one."""
+
+    def __init__(self, value):
+        self.value = value
+
+    def to_string(self):
+        bits = int(self.value["highWord"]) << 32 | int(self.value["lowWord"])
+        return str(bits - (1 << 64) if bits >> 63 else bits)
+
+
+class Tolerance:
+    def __init__(self, value):
+        self.value = value
+
+    def to_string(self):
+        return "angle %s, length %s" % (number(self.value["angle"]), number(self.value["length"]))
+
+
+def printers():
+    collection = gdb.printing.RegexpCollectionPrettyPrinter("vexor")
+    for name in FIELDS:
+        collection.add_printer(name, "^%s$" % name, Fields)
+    for names, printer in (
+        ("Mat3Dbl Mat2Dbl", FixedMatrix),
+        ("AffMat3Dbl AffMat2Dbl", AffineMap),
+        ("Quaternion", Quaternion),
+        ("VecDbl VecFlt", DynamicVector),
+        ("MatDbl", DynamicMatrix),
+        ("UInt64", Counter),
+        ("VexorTolerance", Tolerance),
+    ):
+        for name in names.split():
+            collection.add_printer(name, "^%s$" % name, printer)
+    return collection
+
+
+gdb.printing.register_pretty_printer(gdb.current_objfile(), printers(), replace=True)

@@ -1,0 +1,82 @@
+"""Shows vexor's objects in lldb: command script import /usr/share/vexor/vexor_lldb.py"""
+
+MOST_ELEMENTS = 12
+
+FIELDS = {
+    "Vec3Dbl": "xyz", "Vec3Flt": "xyz", "Vec2Dbl": "xy", "Vec2Flt": "xy", "Vec2Int": "xy",
+    "Pnt3Dbl": "xyz", "Pnt3Flt": "xyz", "Pnt2Dbl": "xy", "Pnt2Flt": "xy",
+}
+
+
+def member(value, name):
+    return value.GetNonSyntheticValue().GetChildMemberWithName(name)
+
+
+def integer(value, name):
+    return member(value, name).GetValueAsSigned()
+
+
+def joined(texts, count):
+    shown = [texts(i) for i in range(min(count, MOST_ELEMENTS))]
+    return "(" + ", ".join(shown + (["..."] if count > MOST_ELEMENTS else [])) + ")"
+
+
+def element(pointer, index):
+    return pointer.GetChildAtIndex(index, 0, True)
+
+
+def fields(value, _):
+    names = FIELDS[value.GetType().GetUnqualifiedType().GetName()]
+    return joined(lambda i: member(value, names[i]).GetValue(), len(names))
+
+
+def quaternion(value, _):
+    return "(%s, %s, %s; %s)" % tuple(member(value, name).GetValue() for name in "uvws")
+
+
+def fixed_matrix(value, _):
+    matrix = member(value, "rows")
+    return joined(lambda i: fields(matrix.GetChildAtIndex(i), None), matrix.GetNumChildren())
+
+
+def affine_map(value, _):
+    plain = value.GetNonSyntheticValue()
+    return fixed_matrix(plain.GetChildAtIndex(0), None) + " + " + fields(plain.GetChildAtIndex(1), None)
+
+
+def dynamic_vector(value, _):
+    size = integer(value, "size")
+    kind = "view of %d " if integer(value, "isExternal") else "%d "
+    values = member(value, "values")
+    return kind % size + joined(lambda i: element(values, i).GetValue(), size)
+
+
+def dynamic_matrix(value, _):
+    height, width = integer(value, "rowCount"), integer(value, "columnCount")
+    columns = member(value, "columns")
+    kind = "view of %dx%d" if integer(value, "isExternal") else "%dx%d"
+    factorised = " factorised " if member(value, "pivots").GetValueAsUnsigned() else " "
+
+    def text(i):
+        return joined(lambda j: element(element(columns, j), i).GetValue(), width)
+
+    return kind % (height, width) + factorised + joined(text, height)
+
+
+def counter(value, _):
+    bits = member(value, "highWord").GetValueAsUnsigned() << 32 | member(value, "lowWord").GetValueAsUnsigned()
+    return str(bits - (1 << 64) if bits >> 63 else bits)
+
+
+def __lldb_init_module(debugger, _):
+    summaries = {name: "fields" for name in FIELDS}
+    summaries.update({
+        "Mat3Dbl": "fixed_matrix", "Mat2Dbl": "fixed_matrix",
+        "AffMat3Dbl": "affine_map", "AffMat2Dbl": "affine_map",
+        "Quaternion": "quaternion", "VecDbl": "dynamic_vector", "VecFlt": "dynamic_vector",
+        "MatDbl": "dynamic_matrix", "UInt64": "counter",
+    })
+    for name, function in summaries.items():
+        debugger.HandleCommand(
+            'type summary add "%s" -w vexor -F %s.%s' % (name, __name__, function))
+    debugger.HandleCommand("type category enable vexor")
