@@ -1,0 +1,13 @@
+# Usage: cmake -DOBJDUMP=... -DFILES=a;b -P NoFusedMultiplyAdd.cmake
+foreach(file ${FILES})
+    execute_process(COMMAND "${OBJDUMP}" -d --no-show-raw-insn "${file}"
+        RESULT_VARIABLE status OUTPUT_VARIABLE code)
+    if(NOT status STREQUAL "0" OR NOT code MATCHES "mulsd")
+        message(FATAL_ERROR "${file}: cannot be disassembled")
+    endif()
+    string(REGEX MATCHALL "[^\n]*v?fn?m(add|sub)[^\n]*" fused "${code}")
+    if(fused)
+        message(FATAL_ERROR "${file}: fused multiply-adds:\n${fused}")
+    endif()
+    message(STATUS "${file}: no fused multiply-add")
+endforeach()
