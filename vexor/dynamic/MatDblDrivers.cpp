@@ -299,7 +299,7 @@ void MatDbl::EigenSym(VecDbl& eigenValues, int wantVectors, int firstIndex, int 
     if (wantVectors) {
         for (int j = 0; j < selected; ++j) {
             for (int i = 0; i < rowCount; ++i)
-                columns[i][j] = vectors[CountOf(rowCount, j) + i];
+                columns[i][j] = vectors[static_cast<std::size_t>(CountOf(rowCount, j) + i)];
         }
     }
     unconverged.block.reset();
