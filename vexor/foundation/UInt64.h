@@ -1,0 +1,125 @@
+#pragma once
+#include <vexor/foundation/Config.h>
+#include <vexor/foundation/detail/Wrapping.h>
+
+#include <cstdint>
+
+// The signed 64-bit integer type of the interface. Where neither the compiler nor a macro provides the
+// name, it is `long long` under that name.
+#if !defined(__int64) && !defined(_MSC_VER)
+#    if !defined(__is_identifier)
+#        define VEXOR_LACKS_INT64 1
+#    elif __is_identifier(__int64)
+#        define VEXOR_LACKS_INT64 1
+#    endif
+#endif
+#if defined(VEXOR_LACKS_INT64)
+typedef long long __int64;
+#    undef VEXOR_LACKS_INT64
+#endif
+
+/// A 64-bit counter in two 32-bit words, the low one first.
+///
+/// In spite of its name it compares, divides and converts as a signed number V in two's complement;
+/// equality, sum, difference and product have the same bits in both readings. Overflow wraps. The set
+/// of operators is small and uneven: callers rely on it as it stands. The two words are not written at
+/// once: an update is not atomic.
+class VEXOR_CLASS UInt64 {
+public:
+    std::uint32_t lowWord;  ///< Bits 0 to 31.
+    std::uint32_t highWord; ///< Bits 32 to 63.
+
+    // ---- Construction and assignment ---------------------------------------------------------
+
+    /// Zero.
+    VEXOR_INLINE UInt64() : lowWord(0), highWord(0) {}
+    VEXOR_INLINE UInt64(__int64 const& value)
+        : lowWord(static_cast<std::uint32_t>(value & 0xFFFFFFFF)),
+          highWord(static_cast<std::uint32_t>(static_cast<std::uint64_t>(value) >> 32))
+    {}
+    UInt64(UInt64 const&) = default;
+    ~UInt64() = default;
+
+    UInt64& operator=(UInt64 const&) = default;
+    VEXOR_INLINE UInt64& operator=(__int64 const& value) { return *this = UInt64(value); }
+
+    // ---- Comparison --------------------------------------------------------------------------
+    // These four alone, and none of them const.
+
+    /// The same in all 64 bits.
+    VEXOR_INLINE bool operator==(UInt64 const& other) { return int64() == other.int64(); }
+    VEXOR_INLINE bool operator!=(UInt64 const& other) { return !(*this == other); }
+    /// Signed: a set top bit means a negative number.
+    VEXOR_INLINE bool operator>=(UInt64 const& other) { return int64() >= other.int64(); }
+    /// Signed: a set top bit means a negative number.
+    VEXOR_INLINE bool operator<=(UInt64 const& other) { return int64() <= other.int64(); }
+
+    // ---- Arithmetic --------------------------------------------------------------------------
+
+    /// V + other, modulo 2^64.
+    VEXOR_INLINE UInt64 operator+(UInt64 const& other) const
+    {
+        return UInt64(vexor::detail::WrappedSum(int64(), other.int64()));
+    }
+    /// V − other, modulo 2^64.
+    VEXOR_INLINE UInt64 operator-(UInt64 const& other) const
+    {
+        return UInt64(vexor::detail::WrappedDifference(int64(), other.int64()));
+    }
+    /// The low 64 bits of V · other.
+    VEXOR_INLINE UInt64 operator*(UInt64 const& other) const
+    {
+        return UInt64(vexor::detail::WrappedProduct(int64(), other.int64()));
+    }
+    /// Signed division, truncating towards zero. The most negative number divided by −1 wraps to itself.
+    /// A division by zero does what the platform's signed 64-bit division does: most raise a signal or
+    /// a structured exception, some yield a number.
+    VEXOR_API UInt64 operator/(UInt64 const& other) const;
+
+    /// Multiplies nothing: the value stays as it is. Write `a = a * b`.
+    VEXOR_INLINE UInt64& operator*=(UInt64 const&) { return *this; }
+    /// Adds to V. The result is a copy of the new value, not a reference.
+    VEXOR_INLINE UInt64 operator+=(int value)
+    {
+        return *this = vexor::detail::WrappedSum(int64(), __int64(value));
+    }
+    /// Subtracts from V. The result is a copy of the new value, not a reference.
+    VEXOR_INLINE UInt64 operator-=(int value)
+    {
+        return *this = vexor::detail::WrappedDifference(int64(), __int64(value));
+    }
+    /// The result is a copy of the new value, not a reference.
+    VEXOR_INLINE UInt64 operator++() { return *this += 1; }
+    /// The result is the old value.
+    VEXOR_INLINE UInt64 operator++(int)
+    {
+        UInt64 const old(*this);
+        *this += 1;
+        return old;
+    }
+    /// The result is a copy of the new value, not a reference.
+    VEXOR_INLINE UInt64 operator--() { return *this -= 1; }
+    /// The result is the old value.
+    VEXOR_INLINE UInt64 operator--(int)
+    {
+        UInt64 const old(*this);
+        *this -= 1;
+        return old;
+    }
+
+    // ---- Conversion --------------------------------------------------------------------------
+
+    /// The low 32 bits, read as a signed number: the high word is dropped.
+    VEXOR_INLINE operator int() const { return static_cast<int>(lowWord); }
+    /// V, rounded once.
+    VEXOR_INLINE operator float() const { return static_cast<float>(int64()); }
+    /// V, rounded once.
+    VEXOR_INLINE operator double() const { return static_cast<double>(int64()); }
+    /// V.
+    VEXOR_INLINE operator __int64() const { return int64(); }
+    /// V. The same operation as the conversion.
+    VEXOR_INLINE __int64 int64() const
+    {
+        return static_cast<__int64>((static_cast<std::uint64_t>(highWord) << 32) | lowWord);
+    }
+};

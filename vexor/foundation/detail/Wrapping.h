@@ -1,0 +1,46 @@
+#pragma once
+#include <vexor/foundation/Config.h>
+
+#include <type_traits>
+
+// Integer arithmetic that wraps in two's complement. Signed overflow is undefined in C++, so it is
+// computed in the unsigned type of the same width, where it wraps, and converted back.
+
+namespace vexor::detail {
+
+template <class Signed>
+using UnsignedOf = std::make_unsigned_t<Signed>;
+
+template <class Signed>
+inline Signed WrappedSum(Signed a, Signed b)
+{
+    return static_cast<Signed>(static_cast<UnsignedOf<Signed>>(a) + static_cast<UnsignedOf<Signed>>(b));
+}
+
+template <class Signed>
+inline Signed WrappedDifference(Signed a, Signed b)
+{
+    return static_cast<Signed>(static_cast<UnsignedOf<Signed>>(a) - static_cast<UnsignedOf<Signed>>(b));
+}
+
+template <class Signed>
+inline Signed WrappedProduct(Signed a, Signed b)
+{
+    return static_cast<Signed>(static_cast<UnsignedOf<Signed>>(a) * static_cast<UnsignedOf<Signed>>(b));
+}
+
+/// −a; the most negative number stays itself.
+template <class Signed>
+inline Signed WrappedNegation(Signed a)
+{
+    return WrappedDifference(Signed(0), a);
+}
+
+/// |a|, formed by negating a negative value; the most negative number stays itself, a negative one.
+template <class Signed>
+inline Signed WrappedMagnitude(Signed a)
+{
+    return a < Signed(0) ? WrappedNegation(a) : a;
+}
+
+} // namespace vexor::detail

@@ -1,0 +1,284 @@
+#pragma once
+#include <vexor/foundation/detail/Element.h>
+#include <vexor/vectors/Vec2Dbl.h>
+#include <vexor/vectors/Vec2Flt.h>
+
+VEXOR_EXACT_BEGIN
+
+/// A 2×2 matrix of doubles: two rows, each a `Vec2Dbl` inside the object, so that the four elements lie
+/// row by row, and nothing else.
+///
+/// Unlike `Mat3Dbl`, which keeps the factors of a factorisation, it keeps its explicit inverse, so that
+/// an inverted matrix may be copied and go on solving; and where `Mat3Dbl` refuses exact zeros alone,
+/// it refuses a determinant below a fixed threshold. Indices count from 0 and are not checked.
+class VEXOR_CLASS Mat2Dbl {
+public:
+    // ---- Construction ------------------------------------------------------------------------
+
+    /// Leaves the elements as the memory held them.
+    VEXOR_INLINE Mat2Dbl() {}
+    /// All four elements take the value, not the diagonal alone.
+    VEXOR_INLINE Mat2Dbl(double value) : rows{value, value} {}
+    VEXOR_INLINE Mat2Dbl(Vec2Dbl const& row0, Vec2Dbl const& row1) : rows{row0, row1} {}
+    Mat2Dbl(Mat2Dbl const&) = default;
+    ~Mat2Dbl() = default;
+
+    Mat2Dbl& operator=(Mat2Dbl const&) = default;
+
+    // ---- Elements, rows and columns ----------------------------------------------------------
+
+    /// Row first, column second.
+    VEXOR_INLINE double& operator()(int row, int column)
+    {
+        return vexor::detail::ElementOf<double, 4>(*this, row * 2 + column);
+    }
+    VEXOR_INLINE double const& operator()(int row, int column) const
+    {
+        return vexor::detail::ElementOf<double const, 4>(*this, row * 2 + column);
+    }
+
+    /// The row inside the matrix, to read: unlike `Mat3Dbl`, none is handed out for writing.
+    VEXOR_INLINE Vec2Dbl const& GetRow(unsigned int row) const
+    {
+        return vexor::detail::ElementOf<Vec2Dbl const, 2>(*this, static_cast<int>(row));
+    }
+    VEXOR_INLINE Mat2Dbl& SetRow(unsigned int row, Vec2Dbl const& values)
+    {
+        vexor::detail::ElementOf<Vec2Dbl, 2>(*this, static_cast<int>(row)) = values;
+        return *this;
+    }
+    /// A copy: columns are not stored as vectors.
+    VEXOR_INLINE Vec2Dbl GetCol(unsigned int column) const
+    {
+        int const c = static_cast<int>(column);
+        return Vec2Dbl((*this)(0, c), (*this)(1, c));
+    }
+    VEXOR_INLINE Mat2Dbl& SetCol(unsigned int column, Vec2Dbl const& values)
+    {
+        int const c = static_cast<int>(column);
+        Vec2Dbl const copy(values); // it may be one of our own rows
+        (*this)(0, c) = copy.x;
+        (*this)(1, c) = copy.y;
+        return *this;
+    }
+    VEXOR_INLINE Vec2Dbl GetDiagonal() const { return Vec2Dbl(rows[0].x, rows[1].y); }
+    /// Writes the diagonal; the other elements stay.
+    VEXOR_INLINE Mat2Dbl& SetDiagonal(Vec2Dbl const& values)
+    {
+        rows[0].x = values.x;
+        rows[1].y = values.y;
+        return *this;
+    }
+    /// Writes the value on the diagonal; the other elements stay.
+    VEXOR_INLINE Mat2Dbl& SetDiagonal(double value) { return SetDiagonal(Vec2Dbl(value)); }
+
+    /// All four elements take the value.
+    VEXOR_INLINE Mat2Dbl& SetValue(double value)
+    {
+        Vec2Dbl const row(value);
+        return SetValue(row, row);
+    }
+    VEXOR_INLINE Mat2Dbl& SetValue(Vec2Dbl const& row0, Vec2Dbl const& row1)
+    {
+        return *this = Mat2Dbl(row0, row1); // an argument may be one of our own rows
+    }
+    /// Not const, though it changes nothing.
+    VEXOR_INLINE void GetValue(Vec2Dbl& row0, Vec2Dbl& row1)
+    {
+        Mat2Dbl const copy(*this); // an argument may be one of our own rows
+        row0 = copy.rows[0];
+        row1 = copy.rows[1];
+    }
+
+    // ---- The whole matrix --------------------------------------------------------------------
+
+    /// Sets the unit matrix.
+    VEXOR_INLINE Mat2Dbl& Identity() { return SetValue(Vec2Dbl(1.0, 0.0), Vec2Dbl(0.0, 1.0)); }
+    VEXOR_INLINE Mat2Dbl& Transpose() { return *this = GetTransposedCopy(); }
+    VEXOR_INLINE Mat2Dbl GetTransposedCopy() const
+    {
+        return Mat2Dbl(Vec2Dbl(rows[0].x, rows[1].x), Vec2Dbl(rows[0].y, rows[1].y));
+    }
+    /// Flips the sign of each element; 0 becomes −0.
+    VEXOR_INLINE Mat2Dbl& Negate()
+    {
+        rows[0].Negate();
+        rows[1].Negate();
+        return *this;
+    }
+    VEXOR_INLINE Mat2Dbl GetNegatedCopy() const { return Mat2Dbl(-rows[0], -rows[1]); }
+
+    /// (row 0 + row 1) + THE TWO DOUBLES THAT FOLLOW THE MATRIX IN MEMORY.
+    ///
+    /// Only call it on the linear part of an `AffMat2Dbl`, where those two are the translation. A matrix
+    /// that stands alone is followed by whatever the program keeps there: the result is then arbitrary,
+    /// and in the worst case, at the end of a mapped page, the read ends the process. For the sum of the
+    /// two rows alone write `m.GetRow(0) + m.GetRow(1)`. Not const, though it changes nothing.
+    VEXOR_API Vec2Dbl RowSum();
+    /// `RowSum()`, with the same third term and the same warning, times the reciprocal of 2 (not of 3).
+    VEXOR_API Vec2Dbl RowAverage();
+
+    // ---- Exact comparison: not const, unlike that of Mat3Dbl ---------------------------------
+
+    /// Exact, element by element; a NaN is unequal to everything.
+    VEXOR_INLINE int operator==(Mat2Dbl const& other)
+    {
+        return rows[0] == other.rows[0] && rows[1] == other.rows[1];
+    }
+    VEXOR_INLINE int operator!=(Mat2Dbl const& other) { return !(*this == other); }
+
+    // ---- Arithmetic, element by element ------------------------------------------------------
+
+    VEXOR_INLINE Mat2Dbl& operator*=(double scalar)
+    {
+        rows[0] *= scalar;
+        rows[1] *= scalar;
+        return *this;
+    }
+    /// Four divisions, unlike the free `operator/`, which multiplies by a reciprocal.
+    VEXOR_INLINE Mat2Dbl& operator/=(double scalar)
+    {
+        rows[0] /= scalar;
+        rows[1] /= scalar;
+        return *this;
+    }
+    VEXOR_INLINE Mat2Dbl& operator+=(Mat2Dbl const& other)
+    {
+        rows[0] += other.rows[0];
+        rows[1] += other.rows[1];
+        return *this;
+    }
+    VEXOR_INLINE Mat2Dbl& operator-=(Mat2Dbl const& other)
+    {
+        rows[0] -= other.rows[0];
+        rows[1] -= other.rows[1];
+        return *this;
+    }
+
+    // ---- Inverse and solution ----------------------------------------------------------------
+    // With the determinant d = m00·m11 − m01·m10. Where |d| is below 1e-20, all of these but `ReSolve`
+    // raise `VexorSingular`, with the matrix and the right-hand sides unchanged. The threshold is
+    // absolute, whatever the scale of the elements: a perfectly conditioned matrix of elements around
+    // 1e-11 is refused. A NaN passes.
+
+    /// Replaces the matrix by its inverse: four divisions by d.
+    VEXOR_API Mat2Dbl& Invert();
+    VEXOR_INLINE Mat2Dbl GetInvertedCopy() const
+    {
+        Mat2Dbl copy(*this);
+        copy.Invert();
+        return copy;
+    }
+    /// Replaces the matrix by its inverse, and the vector by the solution of matrix · x = vector. A
+    /// second `Solve` inverts the inverse.
+    VEXOR_INLINE void Solve(Vec2Dbl& vector)
+    {
+        Invert();
+        ReSolve(vector);
+    }
+    /// The same for `count` vectors, any number. With a count below 1 the matrix is inverted all the
+    /// same.
+    VEXOR_INLINE void Solve(Vec2Dbl* const vectors, int count)
+    {
+        Invert();
+        ReSolve(vectors, count);
+    }
+    /// Replaces the vector by matrix · vector: after `Solve` or `Invert`, the next solution. It checks
+    /// nothing and needs no more than the four elements. Not const, though it changes no element.
+    VEXOR_INLINE void ReSolve(Vec2Dbl& vector);
+    /// The same for `count` vectors, one after the other; none for a count below 1.
+    VEXOR_INLINE void ReSolve(Vec2Dbl* const vectors, int count);
+
+    // ---- Symmetric eigenproblem --------------------------------------------------------------
+
+    /// The eigenvalues in ascending order of the symmetric matrix whose upper triangle this is: m10 is
+    /// not read. If `withVectors` is not 0, also overwrites the matrix: row i is a unit eigenvector of
+    /// eigenvalue i. Never fails, and unlike `Mat3Dbl` takes a multiple of the unit matrix as well.
+    VEXOR_API void EigenSym(Vec2Dbl& values, int withVectors);
+
+private:
+    Vec2Dbl rows[2];
+};
+
+// ---- Free operators --------------------------------------------------------------------------------
+
+VEXOR_INLINE Mat2Dbl operator*(Mat2Dbl const& matrix, double scalar)
+{
+    return Mat2Dbl(matrix.GetRow(0) * scalar, matrix.GetRow(1) * scalar);
+}
+
+VEXOR_INLINE Mat2Dbl operator*(double scalar, Mat2Dbl const& matrix)
+{
+    return matrix * scalar;
+}
+
+/// Forms 1 / scalar once and multiplies by it, unlike `operator/=`, which divides: the two may differ
+/// in the last place.
+VEXOR_INLINE Mat2Dbl operator/(Mat2Dbl const& matrix, double scalar)
+{
+    return matrix * (1.0 / scalar);
+}
+
+VEXOR_INLINE Mat2Dbl operator-(Mat2Dbl const& matrix)
+{
+    return matrix.GetNegatedCopy();
+}
+
+VEXOR_INLINE Mat2Dbl operator+(Mat2Dbl const& left, Mat2Dbl const& right)
+{
+    return Mat2Dbl(left.GetRow(0) + right.GetRow(0), left.GetRow(1) + right.GetRow(1));
+}
+
+VEXOR_INLINE Mat2Dbl operator-(Mat2Dbl const& left, Mat2Dbl const& right)
+{
+    return Mat2Dbl(left.GetRow(0) - right.GetRow(0), left.GetRow(1) - right.GetRow(1));
+}
+
+/// Row r, column c is left(r, 0)·right(0, c) + left(r, 1)·right(1, c). The sum starts from the first
+/// product and not from 0 as in `Mat3Dbl`, so two products of −0 make −0.
+VEXOR_INLINE Mat2Dbl operator*(Mat2Dbl const& left, Mat2Dbl const& right)
+{
+    return Mat2Dbl(Vec2Dbl(left(0, 0) * right(0, 0) + left(0, 1) * right(1, 0),
+                           left(0, 0) * right(0, 1) + left(0, 1) * right(1, 1)),
+                   Vec2Dbl(left(1, 0) * right(0, 0) + left(1, 1) * right(1, 0),
+                           left(1, 0) * right(0, 1) + left(1, 1) * right(1, 1)));
+}
+
+/// Matrix times column vector: component r is row r `Dot` the vector.
+VEXOR_INLINE Vec2Dbl operator*(Mat2Dbl const& matrix, Vec2Dbl const& vector)
+{
+    return Vec2Dbl(matrix.GetRow(0).Dot(vector), matrix.GetRow(1).Dot(vector));
+}
+
+/// The same in double; each component rounded to single once.
+VEXOR_INLINE Vec2Flt operator*(Mat2Dbl const& matrix, Vec2Flt const& vector)
+{
+    return (matrix * Vec2Dbl(vector)).ToVec2Flt();
+}
+
+// ---- Members that use them ---------------------------------------------------------------------------
+
+VEXOR_INLINE void Mat2Dbl::ReSolve(Vec2Dbl& vector)
+{
+    vector = *this * vector;
+}
+
+VEXOR_INLINE void Mat2Dbl::ReSolve(Vec2Dbl* const vectors, int count)
+{
+    for (int i = 0; i < count; ++i)
+        ReSolve(vectors[i]);
+}
+
+// ---- Members of earlier classes that name Mat2Dbl ------------------------------------------------------
+
+VEXOR_INLINE Mat2Dbl Vec2Dbl::OuterProduct(Vec2Dbl const& other) const
+{
+    return Mat2Dbl(x * other, y * other);
+}
+
+VEXOR_INLINE Mat2Dbl Vec2Flt::OuterProduct(Vec2Flt const& other) const
+{
+    return Vec2Dbl(*this).OuterProduct(Vec2Dbl(other));
+}
+
+VEXOR_EXACT_END

@@ -1,0 +1,175 @@
+#pragma once
+#include <vexor/points/detail/Distance.h>
+#include <vexor/vectors/Vec2Dbl.h>
+#include <vexor/vectors/Vec2Flt.h>
+
+class Pnt2Flt;
+
+VEXOR_EXACT_BEGIN
+
+/// A point in the plane: two doubles and nothing else, laid out as an array of two, as in `Vec2Dbl`.
+///
+/// What a point is, see `Pnt3Dbl`: a place, where a vector is a displacement. Predicates return 1 or 0,
+/// here `operator<` too.
+class VEXOR_CLASS Pnt2Dbl {
+public:
+    double x; ///< Coordinate 0.
+    double y; ///< Coordinate 1.
+
+    // ---- Construction ------------------------------------------------------------------------
+
+    /// Leaves the coordinates as the memory held them.
+    VEXOR_INLINE Pnt2Dbl() { vexor::detail::LeaveUnset(x, y); }
+    /// Both coordinates take the value.
+    VEXOR_INLINE Pnt2Dbl(double value) : x(value), y(value) {}
+    VEXOR_INLINE Pnt2Dbl(double x0, double y0) : x(x0), y(y0) {}
+    /// Copies two doubles from the array.
+    VEXOR_INLINE Pnt2Dbl(double* values) : x(values[0]), y(values[1]) {}
+    Pnt2Dbl(Pnt2Dbl const&) = default;
+    /// The point that the vector leads to from the origin.
+    VEXOR_INLINE Pnt2Dbl(Vec2Dbl const& vector) : x(vector.x), y(vector.y) {}
+    /// Widens each coordinate exactly. Comes with Pnt2Flt.h.
+    VEXOR_INLINE Pnt2Dbl(Pnt2Flt const& other);
+    /// Widens each component exactly.
+    VEXOR_INLINE Pnt2Dbl(Vec2Flt const& vector) : x(vector.x), y(vector.y) {}
+    ~Pnt2Dbl() = default;
+
+    // ---- Assignment and access ---------------------------------------------------------------
+
+    Pnt2Dbl& operator=(Pnt2Dbl const&) = default;
+    VEXOR_INLINE Pnt2Dbl& operator=(Vec2Dbl const& vector) { return SetValue(vector.x, vector.y); }
+    /// Widens each coordinate exactly. Comes with Pnt2Flt.h.
+    VEXOR_INLINE Pnt2Dbl& operator=(Pnt2Flt const& other);
+    /// Widens each component exactly.
+    VEXOR_INLINE Pnt2Dbl& operator=(Vec2Flt const& vector) { return SetValue(vector.x, vector.y); }
+
+    /// Both coordinates take the value.
+    VEXOR_INLINE Pnt2Dbl& SetValue(double value) { return SetValue(value, value); }
+    VEXOR_INLINE Pnt2Dbl& SetValue(double x0, double y0)
+    {
+        x = x0;
+        y = y0;
+        return *this;
+    }
+    /// Copies two doubles from the array.
+    VEXOR_INLINE Pnt2Dbl& SetValue(double const* const values) { return SetValue(values[0], values[1]); }
+
+    /// Not const, unlike the form that fills an array.
+    VEXOR_INLINE void GetValue(double& x0, double& y0)
+    {
+        double const copy[2] = {x, y}; // an argument may be one of our own coordinates
+        x0 = copy[0];
+        y0 = copy[1];
+    }
+    VEXOR_INLINE void GetValue(double* const values) const
+    {
+        double const copy[2] = {x, y}; // the array may overlap this object
+        values[0] = copy[0];
+        values[1] = copy[1];
+    }
+
+    /// The coordinate of the index 0 or 1, which is not checked.
+    VEXOR_INLINE double& operator[](int index) { return vexor::detail::ElementOf<double, 2>(*this, index); }
+    VEXOR_INLINE double const& operator[](int index) const
+    {
+        return vexor::detail::ElementOf<double const, 2>(*this, index);
+    }
+    /// The same operation as `operator[]`.
+    VEXOR_INLINE double& operator()(int index) { return (*this)[index]; }
+    VEXOR_INLINE double const& operator()(int index) const { return (*this)[index]; }
+
+    /// The vector from the origin to this point.
+    VEXOR_INLINE Vec2Dbl Vector() const { return Vec2Dbl(x, y); }
+    /// Rounds each coordinate to single. Comes with Pnt2Flt.h.
+    VEXOR_INLINE Pnt2Flt ToPnt2Flt() const;
+
+    // ---- Arithmetic --------------------------------------------------------------------------
+
+    /// Adds coordinates: the sum of two points is a point.
+    VEXOR_INLINE Pnt2Dbl operator+(Pnt2Dbl const& other) const { return Pnt2Dbl(x + other.x, y + other.y); }
+    /// This point moved by the vector.
+    VEXOR_INLINE Pnt2Dbl operator+(Vec2Dbl const& vector) const
+    {
+        return Pnt2Dbl(x + vector.x, y + vector.y);
+    }
+    /// The vector from `other` to this point.
+    VEXOR_INLINE Vec2Dbl operator-(Pnt2Dbl const& other) const { return Vec2Dbl(x - other.x, y - other.y); }
+    /// This point moved back by the vector.
+    VEXOR_INLINE Pnt2Dbl operator-(Vec2Dbl const& vector) const
+    {
+        return Pnt2Dbl(x - vector.x, y - vector.y);
+    }
+    VEXOR_INLINE Pnt2Dbl& operator+=(Pnt2Dbl const& other) { return SetValue(x + other.x, y + other.y); }
+    VEXOR_INLINE Pnt2Dbl& operator+=(Vec2Dbl const& vector) { return SetValue(x + vector.x, y + vector.y); }
+    // No operator-= takes a point: what it would yield is a vector.
+    VEXOR_INLINE Pnt2Dbl& operator-=(Vec2Dbl const& vector) { return SetValue(x - vector.x, y - vector.y); }
+    VEXOR_INLINE Pnt2Dbl& operator*=(double scalar) { return SetValue(x * scalar, y * scalar); }
+    /// Two divisions, unlike the free `operator/`, which multiplies by a reciprocal.
+    VEXOR_INLINE Pnt2Dbl& operator/=(double scalar) { return SetValue(x / scalar, y / scalar); }
+
+    // ---- Distance ----------------------------------------------------------------------------
+
+    /// (0 + dx²) + dy², with d this point minus the other.
+    VEXOR_INLINE double DistanceSqTo(Pnt2Dbl const& other) const
+    {
+        using vexor::detail::AddSquare;
+        return AddSquare(AddSquare(0.0, x - other.x), y - other.y);
+    }
+    /// The square root of `DistanceSqTo`; where that overflows, so does this.
+    VEXOR_INLINE double DistanceTo(Pnt2Dbl const& other) const { return std::sqrt(DistanceSqTo(other)); }
+
+    // ---- Comparison --------------------------------------------------------------------------
+
+    /// Exact, coordinate by coordinate; a NaN is unequal to everything.
+    VEXOR_INLINE int operator==(Pnt2Dbl const& other) const { return int(x == other.x) & int(y == other.y); }
+    VEXOR_INLINE int operator!=(Pnt2Dbl const& other) const { return !(*this == other); }
+    /// Strict lexicographic order: the first coordinate that is not equal decides. A NaN there gives 0.
+    /// The result is an int here and a bool on `Pnt3Dbl`: callers may store or add it as such.
+    VEXOR_INLINE int operator<(Pnt2Dbl const& other) const
+    {
+        if (!(x == other.x))
+            return x < other.x;
+        return y < other.y;
+    }
+    /// Within the distance `tolerance` of the other, inclusive: a plain length, unlike the tolerances
+    /// of the vectors' predicates. A negative one, the default, selects the global's length tolerance.
+    VEXOR_INLINE int IsEqualTo(Pnt2Dbl const& other, double tolerance = -1.0) const
+    {
+        return DistanceSqTo(other) <= vexor::detail::SquaredDistanceLimit(tolerance);
+    }
+    /// Both coordinates less than or equal to the other's: not strict, and no order.
+    VEXOR_INLINE int IsLessThan(Pnt2Dbl const& other) const { return int(x <= other.x) & int(y <= other.y); }
+    /// Both coordinates greater than or equal to the other's: not strict, and no order.
+    VEXOR_INLINE int IsGreaterThan(Pnt2Dbl const& other) const
+    {
+        return int(x >= other.x) & int(y >= other.y);
+    }
+};
+
+// ---- Free operators --------------------------------------------------------------------------------
+
+VEXOR_INLINE Pnt2Dbl operator*(Pnt2Dbl const& point, double scalar)
+{
+    return Pnt2Dbl(point.x * scalar, point.y * scalar);
+}
+
+VEXOR_INLINE Pnt2Dbl operator*(double scalar, Pnt2Dbl const& point)
+{
+    return point * scalar;
+}
+
+/// Forms 1 / scalar once and multiplies by it, unlike `operator/=`, which divides: the two may differ
+/// in the last place.
+VEXOR_INLINE Pnt2Dbl operator/(Pnt2Dbl const& point, double scalar)
+{
+    return point * (1.0 / scalar);
+}
+
+// ---- Members of Vec2Dbl that name Pnt2Dbl --------------------------------------------------------------
+
+VEXOR_INLINE Vec2Dbl& Vec2Dbl::operator=(Pnt2Dbl const& point)
+{
+    return SetValue(point.x, point.y);
+}
+
+VEXOR_EXACT_END

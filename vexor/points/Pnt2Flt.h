@@ -1,0 +1,227 @@
+#pragma once
+#include <vexor/points/Pnt2Dbl.h>
+
+VEXOR_EXACT_BEGIN
+
+/// A point in the plane in single precision: two floats and nothing else, laid out as an array of two.
+///
+/// It is no smaller `Pnt3Flt`: it moves by double vectors and takes double scalars as well as single
+/// ones, and its operators round those differently. `p + v` keeps the double component to the end,
+/// `p += v` rounds it to single first, so the two can differ. There is no sum of two of these points
+/// and no order; a `Vec2Flt` moves one only where the compiler widens it to a `Vec2Dbl`.
+class VEXOR_CLASS Pnt2Flt {
+public:
+    float x; ///< Coordinate 0.
+    float y; ///< Coordinate 1.
+
+    // ---- Construction ------------------------------------------------------------------------
+    // There is no constructor from `Pnt2Dbl` or `Vec2Dbl`: narrowing takes an assignment or
+    // `Pnt2Dbl::ToPnt2Flt`.
+
+    /// Leaves the coordinates as the memory held them.
+    VEXOR_INLINE Pnt2Flt() { vexor::detail::LeaveUnset(x, y); }
+    /// Both coordinates take the value.
+    VEXOR_INLINE Pnt2Flt(float value) : x(value), y(value) {}
+    VEXOR_INLINE Pnt2Flt(float x0, float y0) : x(x0), y(y0) {}
+    /// Copies two floats from the array.
+    VEXOR_INLINE Pnt2Flt(float* values) : x(values[0]), y(values[1]) {}
+    Pnt2Flt(Pnt2Flt const&) = default;
+    /// The point that the vector leads to from the origin.
+    VEXOR_INLINE Pnt2Flt(Vec2Flt const& vector) : x(vector.x), y(vector.y) {}
+    ~Pnt2Flt() = default;
+
+    // ---- Assignment and access ---------------------------------------------------------------
+
+    Pnt2Flt& operator=(Pnt2Flt const&) = default;
+    VEXOR_INLINE Pnt2Flt& operator=(Vec2Flt const& vector) { return SetValue(vector.x, vector.y); }
+    /// Rounds each coordinate to single.
+    VEXOR_INLINE Pnt2Flt& operator=(Pnt2Dbl const& other)
+    {
+        using vexor::detail::RoundToSingle;
+        return SetValue(RoundToSingle(other.x), RoundToSingle(other.y));
+    }
+    /// Rounds each component to single.
+    VEXOR_INLINE Pnt2Flt& operator=(Vec2Dbl const& vector)
+    {
+        using vexor::detail::RoundToSingle;
+        return SetValue(RoundToSingle(vector.x), RoundToSingle(vector.y));
+    }
+
+    /// Both coordinates take the value.
+    VEXOR_INLINE Pnt2Flt& SetValue(float value) { return SetValue(value, value); }
+    VEXOR_INLINE Pnt2Flt& SetValue(float x0, float y0)
+    {
+        x = x0;
+        y = y0;
+        return *this;
+    }
+    /// Copies two floats from the array.
+    VEXOR_INLINE Pnt2Flt& SetValue(float const* const values) { return SetValue(values[0], values[1]); }
+
+    /// Not const, unlike the form that fills an array.
+    VEXOR_INLINE void GetValue(float& x0, float& y0)
+    {
+        float const copy[2] = {x, y}; // an argument may be one of our own coordinates
+        x0 = copy[0];
+        y0 = copy[1];
+    }
+    VEXOR_INLINE void GetValue(float* const values) const
+    {
+        float const copy[2] = {x, y}; // the array may overlap this object
+        values[0] = copy[0];
+        values[1] = copy[1];
+    }
+
+    /// The coordinate of the index 0 or 1, which is not checked.
+    VEXOR_INLINE float& operator[](int index) { return vexor::detail::ElementOf<float, 2>(*this, index); }
+    VEXOR_INLINE float const& operator[](int index) const
+    {
+        return vexor::detail::ElementOf<float const, 2>(*this, index);
+    }
+    /// The same operation as `operator[]`.
+    VEXOR_INLINE float& operator()(int index) { return (*this)[index]; }
+    VEXOR_INLINE float const& operator()(int index) const { return (*this)[index]; }
+
+    /// The vector from the origin to this point.
+    VEXOR_INLINE Vec2Flt Vector() const { return Vec2Flt(x, y); }
+
+    // ---- Arithmetic: mind where each operator rounds -----------------------------------------
+
+    /// The vector from `other` to this point; each component rounded once.
+    VEXOR_INLINE Vec2Flt operator-(Pnt2Flt const& other) const { return Vec2Flt(x - other.x, y - other.y); }
+    /// This point moved by the vector: added in double, the sum rounded once.
+    VEXOR_INLINE Pnt2Flt operator+(Vec2Dbl const& vector) const
+    {
+        using vexor::detail::RoundToSingle;
+        return Pnt2Flt(RoundToSingle(x + vector.x), RoundToSingle(y + vector.y));
+    }
+    /// This point moved back by the vector: subtracted in double, the difference rounded once.
+    VEXOR_INLINE Pnt2Flt operator-(Vec2Dbl const& vector) const
+    {
+        using vexor::detail::RoundToSingle;
+        return Pnt2Flt(RoundToSingle(x - vector.x), RoundToSingle(y - vector.y));
+    }
+    /// Rounds each component of the vector to single first, unlike `operator+`; then the sum.
+    VEXOR_INLINE Pnt2Flt& operator+=(Vec2Dbl const& vector)
+    {
+        using vexor::detail::RoundToSingle;
+        return SetValue(x + RoundToSingle(vector.x), y + RoundToSingle(vector.y));
+    }
+    /// Rounds each component of the vector to single first, unlike `operator-`; then the difference.
+    VEXOR_INLINE Pnt2Flt& operator-=(Vec2Dbl const& vector)
+    {
+        using vexor::detail::RoundToSingle;
+        return SetValue(x - RoundToSingle(vector.x), y - RoundToSingle(vector.y));
+    }
+    /// Each product rounded once.
+    VEXOR_INLINE Pnt2Flt& operator*=(float scalar) { return SetValue(x * scalar, y * scalar); }
+    /// Rounds the scalar to single first.
+    VEXOR_INLINE Pnt2Flt& operator*=(double scalar) { return *this *= vexor::detail::RoundToSingle(scalar); }
+    /// Two divisions, unlike the free `operator/`, which multiplies by a reciprocal.
+    VEXOR_INLINE Pnt2Flt& operator/=(float scalar) { return SetValue(x / scalar, y / scalar); }
+    /// Rounds the scalar to single first.
+    VEXOR_INLINE Pnt2Flt& operator/=(double scalar) { return *this /= vexor::detail::RoundToSingle(scalar); }
+
+    // ---- Distance ----------------------------------------------------------------------------
+
+    /// (0 + dx²) + dy², with d this point minus the other. Each difference is rounded to single before
+    /// it is squared, and the running sum after each addition; the squares themselves are exact.
+    VEXOR_INLINE float DistanceSqTo(Pnt2Flt const& other) const
+    {
+        using vexor::detail::AddSquare;
+        return AddSquare(AddSquare(0.0f, x - other.x), y - other.y);
+    }
+    /// The root of the rounded `DistanceSqTo`, rounded. Infinite where the square overflows a float.
+    VEXOR_INLINE float DistanceTo(Pnt2Flt const& other) const
+    {
+        return vexor::detail::RoundToSingle(std::sqrt(double(DistanceSqTo(other))));
+    }
+
+    // ---- Comparison --------------------------------------------------------------------------
+    // There is no operator<.
+
+    /// Exact, coordinate by coordinate; a NaN is unequal to everything.
+    VEXOR_INLINE int operator==(Pnt2Flt const& other) const { return int(x == other.x) & int(y == other.y); }
+    VEXOR_INLINE int operator!=(Pnt2Flt const& other) const { return !(*this == other); }
+    /// Within the distance `tolerance` of the other, inclusive: a plain length. It is a double, unlike
+    /// that of `Pnt3Flt`, and its square is not rounded to single; the squared distance is, at every
+    /// step. A negative one, the default, selects the global's length tolerance.
+    VEXOR_INLINE int IsEqualTo(Pnt2Flt const& other, double tolerance = -1.0) const
+    {
+        return double(DistanceSqTo(other)) <= vexor::detail::SquaredDistanceLimit(tolerance);
+    }
+    /// Both coordinates less than or equal to the other's: not strict, and no order.
+    VEXOR_INLINE int IsLessThan(Pnt2Flt const& other) const { return int(x <= other.x) & int(y <= other.y); }
+    /// Both coordinates greater than or equal to the other's: not strict, and no order.
+    VEXOR_INLINE int IsGreaterThan(Pnt2Flt const& other) const
+    {
+        return int(x >= other.x) & int(y >= other.y);
+    }
+};
+
+// ---- Free operators: a double scalar is rounded to single first, each product once -------------------
+
+VEXOR_INLINE Pnt2Flt operator*(Pnt2Flt const& point, float scalar)
+{
+    return Pnt2Flt(point.x * scalar, point.y * scalar);
+}
+
+VEXOR_INLINE Pnt2Flt operator*(float scalar, Pnt2Flt const& point)
+{
+    return point * scalar;
+}
+
+VEXOR_INLINE Pnt2Flt operator*(Pnt2Flt const& point, double scalar)
+{
+    return point * vexor::detail::RoundToSingle(scalar);
+}
+
+VEXOR_INLINE Pnt2Flt operator*(double scalar, Pnt2Flt const& point)
+{
+    return point * scalar;
+}
+
+/// Rounds the reciprocal 1 / scalar to single and multiplies by it, unlike `operator/=`, which divides.
+VEXOR_INLINE Pnt2Flt operator/(Pnt2Flt const& point, float scalar)
+{
+    return point * (1.0f / scalar);
+}
+
+/// Rounds the scalar to single, and then its reciprocal.
+VEXOR_INLINE Pnt2Flt operator/(Pnt2Flt const& point, double scalar)
+{
+    return point / vexor::detail::RoundToSingle(scalar);
+}
+
+// ---- Members of earlier classes that name Pnt2Flt ------------------------------------------------------
+
+VEXOR_INLINE Pnt2Dbl::Pnt2Dbl(Pnt2Flt const& other) : x(other.x), y(other.y) {}
+
+VEXOR_INLINE Pnt2Dbl& Pnt2Dbl::operator=(Pnt2Flt const& other)
+{
+    return SetValue(other.x, other.y);
+}
+
+VEXOR_INLINE Pnt2Flt Pnt2Dbl::ToPnt2Flt() const
+{
+    using vexor::detail::RoundToSingle;
+    return Pnt2Flt(RoundToSingle(x), RoundToSingle(y));
+}
+
+VEXOR_INLINE Vec2Dbl& Vec2Dbl::operator=(Pnt2Flt const& point)
+{
+    return SetValue(point.x, point.y);
+}
+
+VEXOR_INLINE Vec2Flt& Vec2Flt::operator=(Pnt2Flt const& point)
+{
+    return SetValue(point.x, point.y);
+}
+
+VEXOR_INLINE Vec2Flt& Vec2Flt::operator=(Pnt2Dbl const& point)
+{
+    using vexor::detail::RoundToSingle;
+    return SetValue(RoundToSingle(point.x), RoundToSingle(point.y));
+}
+
+VEXOR_EXACT_END

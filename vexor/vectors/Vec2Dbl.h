@@ -1,0 +1,305 @@
+#pragma once
+#include <vexor/vectors/Vec3Dbl.h>
+
+class Vec2Flt;
+class Pnt2Dbl;
+class Pnt2Flt;
+class Mat2Dbl;
+
+VEXOR_EXACT_BEGIN
+
+/// A vector in the plane: two doubles and nothing else, laid out as an array of two.
+///
+/// Rounding, tolerances and results of predicates are as in `Vec3Dbl`. What is not: the cross product
+/// is a scalar, the area of a triangle is signed, a perpendicular has a definite side, the
+/// counter-clockwise angle needs no normal, and of equal candidates the second component wins.
+class VEXOR_CLASS Vec2Dbl {
+public:
+    double x; ///< Component 0.
+    double y; ///< Component 1.
+
+    // ---- Construction ------------------------------------------------------------------------
+
+    /// Leaves the components as the memory held them.
+    VEXOR_INLINE Vec2Dbl() { vexor::detail::LeaveUnset(x, y); }
+    /// Both components take the value.
+    VEXOR_INLINE Vec2Dbl(double value) : x(value), y(value) {}
+    VEXOR_INLINE Vec2Dbl(double x0, double y0) : x(x0), y(y0) {}
+    /// Copies two doubles from the array.
+    VEXOR_INLINE Vec2Dbl(double* values) : x(values[0]), y(values[1]) {}
+    Vec2Dbl(Vec2Dbl const&) = default;
+    /// Widens each component exactly. Comes with Vec2Flt.h.
+    VEXOR_INLINE Vec2Dbl(Vec2Flt const& other);
+    ~Vec2Dbl() = default;
+
+    // ---- Assignment and access ---------------------------------------------------------------
+
+    Vec2Dbl& operator=(Vec2Dbl const&) = default;
+    /// Widens each component exactly. Comes with Vec2Flt.h.
+    VEXOR_INLINE Vec2Dbl& operator=(Vec2Flt const& other);
+    /// Takes the point's coordinates. Comes with Pnt2Dbl.h.
+    VEXOR_INLINE Vec2Dbl& operator=(Pnt2Dbl const& point);
+    /// Takes the point's coordinates, widened exactly. Comes with Pnt2Flt.h.
+    VEXOR_INLINE Vec2Dbl& operator=(Pnt2Flt const& point);
+
+    /// Both components take the value.
+    VEXOR_INLINE Vec2Dbl& SetValue(double value) { return SetValue(value, value); }
+    VEXOR_INLINE Vec2Dbl& SetValue(double x0, double y0)
+    {
+        x = x0;
+        y = y0;
+        return *this;
+    }
+    /// Copies two doubles from the array.
+    VEXOR_INLINE Vec2Dbl& SetValue(double const* const values) { return SetValue(values[0], values[1]); }
+
+    VEXOR_INLINE void GetValue(double& x0, double& y0) const
+    {
+        double const copy[2] = {x, y}; // an argument may be one of our own components
+        x0 = copy[0];
+        y0 = copy[1];
+    }
+    VEXOR_INLINE void GetValue(double* const values) const { GetValue(values[0], values[1]); }
+
+    /// The component of the index 0 or 1, which is not checked.
+    VEXOR_INLINE double& operator[](int index) { return vexor::detail::ElementOf<double, 2>(*this, index); }
+    VEXOR_INLINE double const& operator[](int index) const
+    {
+        return vexor::detail::ElementOf<double const, 2>(*this, index);
+    }
+    /// The same operation as `operator[]`.
+    VEXOR_INLINE double& operator()(int index) { return (*this)[index]; }
+    VEXOR_INLINE double const& operator()(int index) const { return (*this)[index]; }
+
+    /// Rounds each component to single. Comes with Vec2Flt.h.
+    VEXOR_INLINE Vec2Flt ToVec2Flt() const;
+
+    // ---- Arithmetic --------------------------------------------------------------------------
+
+    VEXOR_INLINE Vec2Dbl& operator*=(double scalar) { return SetValue(x * scalar, y * scalar); }
+    /// Two divisions, unlike the free `operator/`, which multiplies by a reciprocal.
+    VEXOR_INLINE Vec2Dbl& operator/=(double scalar) { return SetValue(x / scalar, y / scalar); }
+    VEXOR_INLINE Vec2Dbl& operator+=(Vec2Dbl const& other) { return SetValue(x + other.x, y + other.y); }
+    VEXOR_INLINE Vec2Dbl& operator-=(Vec2Dbl const& other) { return SetValue(x - other.x, y - other.y); }
+    /// Flips the sign of each component; 0 becomes −0.
+    VEXOR_INLINE Vec2Dbl& Negate() { return SetValue(-x, -y); }
+    VEXOR_INLINE Vec2Dbl GetNegatedCopy() const { return Vec2Dbl(-x, -y); }
+
+    // ---- Products ----------------------------------------------------------------------------
+
+    /// x·ox + y·oy.
+    VEXOR_INLINE double Dot(Vec2Dbl const& other) const { return x * other.x + y * other.y; }
+    /// The scalar x·oy − y·ox: above 0 where `other` lies counter-clockwise of this vector.
+    VEXOR_INLINE double Cross(Vec2Dbl const& other) const { return x * other.y - y * other.x; }
+    /// The products of the components.
+    VEXOR_INLINE Vec2Dbl ElemMult(Vec2Dbl const& other) const { return Vec2Dbl(x * other.x, y * other.y); }
+    /// Each component divided by the other's; a zero divisor is not checked.
+    VEXOR_INLINE Vec2Dbl ElemDiv(Vec2Dbl const& other) const { return Vec2Dbl(x / other.x, y / other.y); }
+    /// Row i, column j is this[i]·other[j]. Comes with Mat2Dbl.h.
+    VEXOR_INLINE Mat2Dbl OuterProduct(Vec2Dbl const& other) const;
+
+    // ---- Length ------------------------------------------------------------------------------
+
+    /// x² + y². Overflows above about 1e154 and underflows below about 1e-162.
+    VEXOR_INLINE double LengthSquared() const { return x * x + y * y; }
+    /// The square root of x² + y², right over the whole range of a double, as in `Vec3Dbl`.
+    VEXOR_INLINE double Length() const
+    {
+        double const sum = LengthSquared();
+        return vexor::detail::IsPlainSum(sum) ? std::sqrt(sum) : vexor::detail::FullRangeLength(x, y, 0.0);
+    }
+    /// Divides each component by `Length()`: two divisions. Raises `VexorNullVector`, the vector
+    /// unchanged, if both components are exactly 0; however short, any other vector is normalised.
+    VEXOR_INLINE Vec2Dbl& Normalize()
+    {
+        double const sum = LengthSquared();
+        if (vexor::detail::IsPlainSum(sum))
+            return *this /= std::sqrt(sum);
+        double noThird = 0.0;
+        vexor::detail::FullRangeNormalize(x, y, noThird);
+        return *this;
+    }
+    /// As `Normalize`, on a copy.
+    VEXOR_INLINE Vec2Dbl GetNormalizedCopy() const
+    {
+        Vec2Dbl copy(*this);
+        copy.Normalize();
+        return copy;
+    }
+
+    // ---- Extremes ----------------------------------------------------------------------------
+    // Of equal candidates y wins, index 1, for maximum and minimum alike, and so does it where one of
+    // the two is a NaN. Absolute values are formed as v if v > 0, else −v, so that of (0, 0) is −0.
+
+    VEXOR_INLINE double MaxValue() const { return vexor::detail::MaxOfTwo(x, y); }
+    VEXOR_INLINE double MinValue() const { return vexor::detail::MinOfTwo(x, y); }
+    VEXOR_INLINE double MaxAbsValue() const
+    {
+        using vexor::detail::Magnitude;
+        return vexor::detail::MaxOfTwo(Magnitude(x), Magnitude(y));
+    }
+    VEXOR_INLINE double MinAbsValue() const
+    {
+        using vexor::detail::Magnitude;
+        return vexor::detail::MinOfTwo(Magnitude(x), Magnitude(y));
+    }
+    VEXOR_INLINE int MaxValueIdx() const { return vexor::detail::MaxIndexOfTwo(x, y); }
+    VEXOR_INLINE int MinValueIdx() const { return vexor::detail::MinIndexOfTwo(x, y); }
+    VEXOR_INLINE int MaxAbsValueIdx() const
+    {
+        using vexor::detail::Magnitude;
+        return vexor::detail::MaxIndexOfTwo(Magnitude(x), Magnitude(y));
+    }
+    VEXOR_INLINE int MinAbsValueIdx() const
+    {
+        using vexor::detail::Magnitude;
+        return vexor::detail::MinIndexOfTwo(Magnitude(x), Magnitude(y));
+    }
+
+    // ---- Exact comparison --------------------------------------------------------------------
+
+    /// Both components exactly 0, of either sign. No tolerance.
+    VEXOR_INLINE int IsNull() const { return int(x == 0.0) & int(y == 0.0); }
+    /// `LengthSquared()` within the squared length given.
+    VEXOR_INLINE int IsZeroLength(double length = -1.0) const
+    {
+        return LengthSquared() <= vexor::detail::LengthTolerance(length);
+    }
+    /// Exact, component by component; a NaN is unequal to everything.
+    VEXOR_INLINE int operator==(Vec2Dbl const& other) const { return int(x == other.x) & int(y == other.y); }
+    VEXOR_INLINE int operator!=(Vec2Dbl const& other) const { return !(*this == other); }
+    /// Strict lexicographic order: the first component that is not equal decides. A NaN there gives 0.
+    VEXOR_INLINE int operator<(Vec2Dbl const& other) const
+    {
+        if (!(x == other.x))
+            return x < other.x;
+        return y < other.y;
+    }
+    /// Both components less than or equal to the other's: not strict, and no order.
+    VEXOR_INLINE int IsLessThan(Vec2Dbl const& other) const { return int(x <= other.x) & int(y <= other.y); }
+    /// Both components greater than or equal to the other's: not strict, and no order.
+    VEXOR_INLINE int IsGreaterThan(Vec2Dbl const& other) const
+    {
+        return int(x >= other.x) & int(y >= other.y);
+    }
+
+    // ---- Direction within a tolerance: as in Vec3Dbl -----------------------------------------
+    // With d the dot product and A, B the squared lengths, Q = ((d·d) / A) / B is the squared cosine.
+    // A vector whose squared length is within the length tolerance has no direction: every one of
+    // these predicates answers 0 for it.
+
+    /// The same direction within the angle (sine squared) and a difference within the length
+    /// (squared). Two exactly null vectors are equal; a vector that is not null but within the
+    /// global's length tolerance equals nothing, not even itself, whatever `length` says.
+    VEXOR_INLINE int IsEqualTo(Vec2Dbl const& other, double angular = -1.0, double length = -1.0) const;
+    /// Parallel or antiparallel: 1 − Q within the sine squared.
+    VEXOR_INLINE int IsParallelTo(Vec2Dbl const& other, double angular = -1.0, double length = -1.0) const
+    {
+        double const a = LengthSquared();
+        double const b = other.LengthSquared();
+        return vexor::detail::AreBothLonger(a, b, length)
+               & vexor::detail::AreParallel(Dot(other), a, b, angular);
+    }
+    /// Parallel, and the dot product above 0.
+    VEXOR_INLINE int IsCodirectionalTo(Vec2Dbl const& other, double angular = -1.0,
+                                       double length = -1.0) const
+    {
+        return int(Dot(other) > 0.0) & IsParallelTo(other, angular, length);
+    }
+    /// Q itself within the sine squared.
+    VEXOR_INLINE int IsPerpendicularTo(Vec2Dbl const& other, double angular = -1.0,
+                                       double length = -1.0) const
+    {
+        double const a = LengthSquared();
+        double const b = other.LengthSquared();
+        return vexor::detail::AreBothLonger(a, b, length)
+               & vexor::detail::ArePerpendicular(Dot(other), a, b, angular);
+    }
+    /// For two vectors known to be unit: |1 − d·d| within the sine squared.
+    VEXOR_INLINE int IsUnitParallelTo(Vec2Dbl const& other, double angular = -1.0) const
+    {
+        return vexor::detail::AreUnitParallel(Dot(other), angular);
+    }
+    /// For two vectors known to be unit: parallel as above, and d above 0.
+    VEXOR_INLINE int IsUnitCodirectionalTo(Vec2Dbl const& other, double angular = -1.0) const
+    {
+        return int(Dot(other) > 0.0) & IsUnitParallelTo(other, angular);
+    }
+    /// For two vectors known to be unit: d·d within the sine squared.
+    VEXOR_INLINE int IsUnitPerpendicularTo(Vec2Dbl const& other, double angular = -1.0) const
+    {
+        return vexor::detail::AreUnitPerpendicular(Dot(other), angular);
+    }
+
+    // ---- Angles and area ---------------------------------------------------------------------
+
+    /// The unsigned angle in radians, from 0 to π; 0 if one of the vectors has length 0.
+    VEXOR_INLINE double GetAngleWith(Vec2Dbl const& other) const
+    {
+        return vexor::detail::UnsignedAngle(Dot(other), Length(), other.Length());
+    }
+    /// The angle in radians from this vector to `other`, counter-clockwise, from 0 up to 2π: a small
+    /// clockwise turn gives almost 2π. A vector within the global's length tolerance gives 0.
+    VEXOR_API double GetCCWAngleWith(Vec2Dbl const& other) const;
+    /// 0.5·`Cross(other)`. Unlike in space the sign stays: below 0 where `other` lies clockwise.
+    VEXOR_INLINE double GetAreaFormedByTriangleWith(Vec2Dbl const& other) const { return 0.5 * Cross(other); }
+
+    // ---- Projection and perpendicular --------------------------------------------------------
+
+    /// The component of this vector along `target`. Raises `VexorNullVector` if `target` is null.
+    VEXOR_INLINE Vec2Dbl GetProjectionOnTo(Vec2Dbl const& target) const;
+    /// (−y, x) made unit: this vector turned a quarter counter-clockwise. Unlike in space a null vector
+    /// raises `VexorNullVector`.
+    VEXOR_INLINE Vec2Dbl GetPerpendicular() const { return Vec2Dbl(-y, x).GetNormalizedCopy(); }
+};
+
+// ---- Free operators --------------------------------------------------------------------------------
+
+VEXOR_INLINE Vec2Dbl operator*(Vec2Dbl const& vector, double scalar)
+{
+    return Vec2Dbl(vector.x * scalar, vector.y * scalar);
+}
+
+VEXOR_INLINE Vec2Dbl operator*(double scalar, Vec2Dbl const& vector)
+{
+    return vector * scalar;
+}
+
+/// Forms 1 / scalar once and multiplies by it, unlike `operator/=`, which divides: the two may differ
+/// in the last place.
+VEXOR_INLINE Vec2Dbl operator/(Vec2Dbl const& vector, double scalar)
+{
+    return vector * (1.0 / scalar);
+}
+
+VEXOR_INLINE Vec2Dbl operator+(Vec2Dbl const& left, Vec2Dbl const& right)
+{
+    return Vec2Dbl(left.x + right.x, left.y + right.y);
+}
+
+VEXOR_INLINE Vec2Dbl operator-(Vec2Dbl const& left, Vec2Dbl const& right)
+{
+    return Vec2Dbl(left.x - right.x, left.y - right.y);
+}
+
+VEXOR_INLINE Vec2Dbl operator-(Vec2Dbl const& vector)
+{
+    return vector.GetNegatedCopy();
+}
+
+// ---- Members that use them ---------------------------------------------------------------------------
+
+VEXOR_INLINE int Vec2Dbl::IsEqualTo(Vec2Dbl const& other, double angular, double length) const
+{
+    return vexor::detail::AreEqual(*this, other, angular, length, [](Vec2Dbl const& a, Vec2Dbl const& b) {
+        return (a - b).LengthSquared();
+    });
+}
+
+VEXOR_INLINE Vec2Dbl Vec2Dbl::GetProjectionOnTo(Vec2Dbl const& target) const
+{
+    Vec2Dbl const unit = target.GetNormalizedCopy();
+    return Dot(unit) * unit;
+}
+
+VEXOR_EXACT_END

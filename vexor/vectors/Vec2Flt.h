@@ -1,0 +1,310 @@
+#pragma once
+#include <vexor/vectors/Vec2Dbl.h>
+
+VEXOR_EXACT_BEGIN
+
+/// A vector in the plane in single precision: two floats and nothing else, laid out as an array of two.
+///
+/// An operation computes in double and rounds to single where it stores or returns a value, and where
+/// its comment says so. Where it is a single multiplication, division, addition or subtraction, that
+/// is the same as the operation on floats, and is written so. Tolerances are as in `Vec3Dbl`.
+class VEXOR_CLASS Vec2Flt {
+public:
+    float x; ///< Component 0.
+    float y; ///< Component 1.
+
+    // ---- Construction ------------------------------------------------------------------------
+    // There is no constructor from `Vec2Dbl`: narrowing takes an assignment or `Vec2Dbl::ToVec2Flt`.
+
+    /// Leaves the components as the memory held them.
+    VEXOR_INLINE Vec2Flt() { vexor::detail::LeaveUnset(x, y); }
+    /// Both components take the value.
+    VEXOR_INLINE Vec2Flt(float value) : x(value), y(value) {}
+    VEXOR_INLINE Vec2Flt(float x0, float y0) : x(x0), y(y0) {}
+    /// Copies two floats from the array.
+    VEXOR_INLINE Vec2Flt(float* values) : x(values[0]), y(values[1]) {}
+    Vec2Flt(Vec2Flt const&) = default;
+    ~Vec2Flt() = default;
+
+    // ---- Assignment and access ---------------------------------------------------------------
+
+    Vec2Flt& operator=(Vec2Flt const&) = default;
+    /// Rounds each component to single.
+    VEXOR_INLINE Vec2Flt& operator=(Vec2Dbl const& other)
+    {
+        using vexor::detail::RoundToSingle;
+        return SetValue(RoundToSingle(other.x), RoundToSingle(other.y));
+    }
+    /// Takes the point's coordinates. Comes with Pnt2Flt.h.
+    VEXOR_INLINE Vec2Flt& operator=(Pnt2Flt const& point);
+    /// Takes the point's coordinates, rounded to single. Comes with Pnt2Flt.h.
+    VEXOR_INLINE Vec2Flt& operator=(Pnt2Dbl const& point);
+
+    /// Both components take the value.
+    VEXOR_INLINE Vec2Flt& SetValue(float value) { return SetValue(value, value); }
+    VEXOR_INLINE Vec2Flt& SetValue(float x0, float y0)
+    {
+        x = x0;
+        y = y0;
+        return *this;
+    }
+    /// Copies two floats from the array.
+    VEXOR_INLINE Vec2Flt& SetValue(float const* const values) { return SetValue(values[0], values[1]); }
+
+    VEXOR_INLINE void GetValue(float& x0, float& y0) const
+    {
+        float const copy[2] = {x, y}; // an argument may be one of our own components
+        x0 = copy[0];
+        y0 = copy[1];
+    }
+    VEXOR_INLINE void GetValue(float* const values) const { GetValue(values[0], values[1]); }
+
+    /// The component of the index 0 or 1, which is not checked.
+    VEXOR_INLINE float& operator[](int index) { return vexor::detail::ElementOf<float, 2>(*this, index); }
+    VEXOR_INLINE float const& operator[](int index) const
+    {
+        return vexor::detail::ElementOf<float const, 2>(*this, index);
+    }
+    /// The same operation as `operator[]`.
+    VEXOR_INLINE float& operator()(int index) { return (*this)[index]; }
+    VEXOR_INLINE float const& operator()(int index) const { return (*this)[index]; }
+
+    // ---- Arithmetic: each component rounded once ---------------------------------------------
+
+    VEXOR_INLINE Vec2Flt& operator*=(float scalar) { return SetValue(x * scalar, y * scalar); }
+    /// Two divisions, unlike the free `operator/`, which multiplies by a reciprocal.
+    VEXOR_INLINE Vec2Flt& operator/=(float scalar) { return SetValue(x / scalar, y / scalar); }
+    VEXOR_INLINE Vec2Flt& operator+=(Vec2Flt const& other) { return SetValue(x + other.x, y + other.y); }
+    VEXOR_INLINE Vec2Flt& operator-=(Vec2Flt const& other) { return SetValue(x - other.x, y - other.y); }
+    /// Flips the sign of each component; 0 becomes −0.
+    VEXOR_INLINE Vec2Flt& Negate() { return SetValue(-x, -y); }
+    VEXOR_INLINE Vec2Flt GetNegatedCopy() const { return Vec2Flt(-x, -y); }
+
+    // ---- Products ----------------------------------------------------------------------------
+
+    /// x·ox + y·oy in double, the sum rounded once.
+    VEXOR_INLINE float Dot(Vec2Flt const& other) const
+    {
+        return vexor::detail::RoundToSingle(Vec2Dbl(*this).Dot(Vec2Dbl(other)));
+    }
+    /// The scalar x·oy − y·ox in double, the difference rounded once: above 0 where `other` lies
+    /// counter-clockwise of this vector.
+    VEXOR_INLINE float Cross(Vec2Flt const& other) const
+    {
+        return vexor::detail::RoundToSingle(Vec2Dbl(*this).Cross(Vec2Dbl(other)));
+    }
+    /// The products of the components.
+    VEXOR_INLINE Vec2Flt ElemMult(Vec2Flt const& other) const { return Vec2Flt(x * other.x, y * other.y); }
+    /// Each component divided by the other's; a zero divisor is not checked.
+    VEXOR_INLINE Vec2Flt ElemDiv(Vec2Flt const& other) const { return Vec2Flt(x / other.x, y / other.y); }
+    /// Row i, column j is this[i]·other[j], in double, where the product is exact. Comes with Mat2Dbl.h.
+    VEXOR_INLINE Mat2Dbl OuterProduct(Vec2Flt const& other) const;
+
+    // ---- Length ------------------------------------------------------------------------------
+
+    /// x² + y² in double, the sum rounded once.
+    VEXOR_INLINE float LengthSquared() const { return Dot(*this); }
+    /// The root of the rounded `LengthSquared()`, rounded.
+    VEXOR_INLINE float Length() const
+    {
+        return vexor::detail::RoundToSingle(std::sqrt(double(LengthSquared())));
+    }
+    /// Divides each component by the rounded `Length()`. Raises `VexorNullVector`, the vector
+    /// unchanged, if both components are exactly 0.
+    VEXOR_INLINE Vec2Flt& Normalize()
+    {
+        if (IsNull())
+            vexor::detail::RaiseNullVector();
+        return *this /= Length();
+    }
+    /// As `Normalize`, on a copy.
+    VEXOR_INLINE Vec2Flt GetNormalizedCopy() const
+    {
+        Vec2Flt copy(*this);
+        copy.Normalize();
+        return copy;
+    }
+
+    // ---- Extremes: rules and ties as in Vec2Dbl ------------------------------------------------
+
+    VEXOR_INLINE float MaxValue() const { return vexor::detail::MaxOfTwo(x, y); }
+    VEXOR_INLINE float MinValue() const { return vexor::detail::MinOfTwo(x, y); }
+    VEXOR_INLINE float MaxAbsValue() const
+    {
+        using vexor::detail::Magnitude;
+        return vexor::detail::MaxOfTwo(Magnitude(x), Magnitude(y));
+    }
+    VEXOR_INLINE float MinAbsValue() const
+    {
+        using vexor::detail::Magnitude;
+        return vexor::detail::MinOfTwo(Magnitude(x), Magnitude(y));
+    }
+    VEXOR_INLINE int MaxValueIdx() const { return vexor::detail::MaxIndexOfTwo(x, y); }
+    VEXOR_INLINE int MinValueIdx() const { return vexor::detail::MinIndexOfTwo(x, y); }
+    VEXOR_INLINE int MaxAbsValueIdx() const
+    {
+        using vexor::detail::Magnitude;
+        return vexor::detail::MaxIndexOfTwo(Magnitude(x), Magnitude(y));
+    }
+    VEXOR_INLINE int MinAbsValueIdx() const
+    {
+        using vexor::detail::Magnitude;
+        return vexor::detail::MinIndexOfTwo(Magnitude(x), Magnitude(y));
+    }
+
+    // ---- Exact comparison --------------------------------------------------------------------
+    // There is no operator<: single-precision vectors are not sorted.
+
+    /// Both components exactly 0, of either sign. No tolerance.
+    VEXOR_INLINE int IsNull() const { return int(x == 0.0f) & int(y == 0.0f); }
+    /// The rounded `LengthSquared()` within the squared length given.
+    VEXOR_INLINE int IsZeroLength(float length = -1.0f) const
+    {
+        return LengthSquared() <= vexor::detail::LengthTolerance(length);
+    }
+    /// Exact, component by component; a NaN is unequal to everything.
+    VEXOR_INLINE int operator==(Vec2Flt const& other) const { return int(x == other.x) & int(y == other.y); }
+    VEXOR_INLINE int operator!=(Vec2Flt const& other) const { return !(*this == other); }
+    /// Both components less than or equal to the other's: not strict, and no order.
+    VEXOR_INLINE int IsLessThan(Vec2Flt const& other) const { return int(x <= other.x) & int(y <= other.y); }
+    /// Both components greater than or equal to the other's: not strict, and no order.
+    VEXOR_INLINE int IsGreaterThan(Vec2Flt const& other) const
+    {
+        return int(x >= other.x) & int(y >= other.y);
+    }
+
+    // ---- Direction within a tolerance: as in Vec2Dbl -----------------------------------------
+    // The dot product and the squared lengths are rounded to single; Q and 1 − Q are formed of them in
+    // double, and the value compared with the tolerance is rounded once.
+
+    /// The same direction within the angle (sine squared) and a difference within the length
+    /// (squared); the difference is rounded by component, and its squared length again.
+    VEXOR_INLINE int IsEqualTo(Vec2Flt const& other, float angular = -1.0f, float length = -1.0f) const;
+    /// Parallel or antiparallel: 1 − Q within the sine squared.
+    VEXOR_INLINE int IsParallelTo(Vec2Flt const& other, float angular = -1.0f, float length = -1.0f) const
+    {
+        float const a = LengthSquared();
+        float const b = other.LengthSquared();
+        return vexor::detail::AreBothLonger(a, b, length)
+               & vexor::detail::AreParallel(Dot(other), a, b, angular);
+    }
+    /// Parallel, and the dot product above 0.
+    VEXOR_INLINE int IsCodirectionalTo(Vec2Flt const& other, float angular = -1.0f,
+                                       float length = -1.0f) const
+    {
+        return int(Dot(other) > 0.0f) & IsParallelTo(other, angular, length);
+    }
+    /// Q itself within the sine squared.
+    VEXOR_INLINE int IsPerpendicularTo(Vec2Flt const& other, float angular = -1.0f,
+                                       float length = -1.0f) const
+    {
+        float const a = LengthSquared();
+        float const b = other.LengthSquared();
+        return vexor::detail::AreBothLonger(a, b, length)
+               & vexor::detail::ArePerpendicular(Dot(other), a, b, angular);
+    }
+    /// For two vectors known to be unit: |1 − d·d|, rounded, within the sine squared.
+    VEXOR_INLINE int IsUnitParallelTo(Vec2Flt const& other, float angular = -1.0f) const
+    {
+        return vexor::detail::AreUnitParallel(Dot(other), angular);
+    }
+    /// For two vectors known to be unit: parallel as above, and d above 0.
+    VEXOR_INLINE int IsUnitCodirectionalTo(Vec2Flt const& other, float angular = -1.0f) const
+    {
+        return int(Dot(other) > 0.0f) & IsUnitParallelTo(other, angular);
+    }
+    /// For two vectors known to be unit: d·d, rounded, within the sine squared.
+    VEXOR_INLINE int IsUnitPerpendicularTo(Vec2Flt const& other, float angular = -1.0f) const
+    {
+        return vexor::detail::AreUnitPerpendicular(Dot(other), angular);
+    }
+
+    // ---- Angle and area ----------------------------------------------------------------------
+
+    /// The unsigned angle in radians, from 0 to the single nearest π; 0 if one of the rounded lengths
+    /// is 0. The cosine stays in double; its arc cosine is rounded.
+    VEXOR_INLINE float GetAngleWith(Vec2Flt const& other) const
+    {
+        return vexor::detail::UnsignedAngle(Dot(other), Length(), other.Length());
+    }
+    /// 0.5·(x·oy − y·ox) in double, rounded once: not half of the rounded `Cross`, which can overflow
+    /// or lose digits where this does not. Below 0 where `other` lies clockwise.
+    VEXOR_INLINE float GetAreaFormedByTriangleWith(Vec2Flt const& other) const
+    {
+        return vexor::detail::RoundToSingle(Vec2Dbl(*this).GetAreaFormedByTriangleWith(Vec2Dbl(other)));
+    }
+
+    // ---- Projection and perpendicular --------------------------------------------------------
+
+    /// The component of this vector along `target`: the dot product with the normalised target is
+    /// rounded before it scales. Raises `VexorNullVector` if `target` is null.
+    VEXOR_INLINE Vec2Flt GetProjectionOnTo(Vec2Flt const& target) const;
+    /// (−y, x) made unit: this vector turned a quarter counter-clockwise. A null vector raises
+    /// `VexorNullVector`.
+    VEXOR_INLINE Vec2Flt GetPerpendicular() const { return Vec2Flt(-y, x).GetNormalizedCopy(); }
+};
+
+// ---- Free operators: each component rounded once -----------------------------------------------------
+
+VEXOR_INLINE Vec2Flt operator*(Vec2Flt const& vector, float scalar)
+{
+    return Vec2Flt(vector.x * scalar, vector.y * scalar);
+}
+
+VEXOR_INLINE Vec2Flt operator*(float scalar, Vec2Flt const& vector)
+{
+    return vector * scalar;
+}
+
+/// Rounds the reciprocal 1 / scalar to single and multiplies by it, unlike `operator/=`, which divides.
+VEXOR_INLINE Vec2Flt operator/(Vec2Flt const& vector, float scalar)
+{
+    return vector * (1.0f / scalar);
+}
+
+VEXOR_INLINE Vec2Flt operator+(Vec2Flt const& left, Vec2Flt const& right)
+{
+    return Vec2Flt(left.x + right.x, left.y + right.y);
+}
+
+VEXOR_INLINE Vec2Flt operator-(Vec2Flt const& left, Vec2Flt const& right)
+{
+    return Vec2Flt(left.x - right.x, left.y - right.y);
+}
+
+VEXOR_INLINE Vec2Flt operator-(Vec2Flt const& vector)
+{
+    return vector.GetNegatedCopy();
+}
+
+// ---- Members that use them ---------------------------------------------------------------------------
+
+VEXOR_INLINE int Vec2Flt::IsEqualTo(Vec2Flt const& other, float angular, float length) const
+{
+    return vexor::detail::AreEqual(*this, other, angular, length, [](Vec2Flt const& a, Vec2Flt const& b) {
+        return (a - b).LengthSquared();
+    });
+}
+
+VEXOR_INLINE Vec2Flt Vec2Flt::GetProjectionOnTo(Vec2Flt const& target) const
+{
+    Vec2Flt const unit = target.GetNormalizedCopy();
+    return Dot(unit) * unit;
+}
+
+// ---- Members of Vec2Dbl that name Vec2Flt --------------------------------------------------------------
+
+VEXOR_INLINE Vec2Dbl::Vec2Dbl(Vec2Flt const& other) : x(other.x), y(other.y) {}
+
+VEXOR_INLINE Vec2Dbl& Vec2Dbl::operator=(Vec2Flt const& other)
+{
+    return SetValue(other.x, other.y);
+}
+
+VEXOR_INLINE Vec2Flt Vec2Dbl::ToVec2Flt() const
+{
+    using vexor::detail::RoundToSingle;
+    return Vec2Flt(RoundToSingle(x), RoundToSingle(y));
+}
+
+VEXOR_EXACT_END

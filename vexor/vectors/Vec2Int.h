@@ -1,0 +1,188 @@
+#pragma once
+#include <vexor/foundation/Config.h>
+#include <vexor/foundation/detail/Element.h>
+#include <vexor/foundation/detail/Wrapping.h>
+#include <vexor/vectors/detail/Extremes.h>
+
+/// A pair of integers with the vocabulary of the vectors: two ints and nothing else, laid out as an
+/// array of two.
+///
+/// All arithmetic wraps in two's complement, silently. The class stands alone: it converts to and from
+/// no other, uses no tolerance and raises nothing. It divides nothing and has no direction. Some names
+/// keep their place in the family and change their meaning: `Length`, `IsEqualTo`, `IsZeroLength`.
+class VEXOR_CLASS Vec2Int {
+public:
+    int x; ///< Component 0.
+    int y; ///< Component 1.
+
+    // ---- Construction ------------------------------------------------------------------------
+
+    /// Leaves the components as the memory held them.
+    VEXOR_INLINE Vec2Int() { vexor::detail::LeaveUnset(x, y); }
+    /// Both components take the value.
+    VEXOR_INLINE Vec2Int(int value) : x(value), y(value) {}
+    VEXOR_INLINE Vec2Int(int x0, int y0) : x(x0), y(y0) {}
+    /// Copies two ints from the array.
+    VEXOR_INLINE Vec2Int(int* values) : x(values[0]), y(values[1]) {}
+    Vec2Int(Vec2Int const&) = default;
+    ~Vec2Int() = default;
+
+    // ---- Assignment and access ---------------------------------------------------------------
+
+    Vec2Int& operator=(Vec2Int const&) = default;
+
+    /// Both components take the value.
+    VEXOR_INLINE Vec2Int& SetValue(int value) { return SetValue(value, value); }
+    VEXOR_INLINE Vec2Int& SetValue(int x0, int y0)
+    {
+        x = x0;
+        y = y0;
+        return *this;
+    }
+    /// Copies two ints from the array.
+    VEXOR_INLINE Vec2Int& SetValue(int const* const values) { return SetValue(values[0], values[1]); }
+
+    VEXOR_INLINE void GetValue(int& x0, int& y0) const
+    {
+        int const copy[2] = {x, y}; // an argument may be one of our own components
+        x0 = copy[0];
+        y0 = copy[1];
+    }
+    VEXOR_INLINE void GetValue(int* const values) const { GetValue(values[0], values[1]); }
+
+    /// The component of the index 0 or 1, which is not checked.
+    VEXOR_INLINE int& operator[](int index) { return vexor::detail::ElementOf<int, 2>(*this, index); }
+    VEXOR_INLINE int const& operator[](int index) const
+    {
+        return vexor::detail::ElementOf<int const, 2>(*this, index);
+    }
+    /// The same operation as `operator[]`.
+    VEXOR_INLINE int& operator()(int index) { return (*this)[index]; }
+    VEXOR_INLINE int const& operator()(int index) const { return (*this)[index]; }
+
+    // ---- Arithmetic, all of it wrapping ------------------------------------------------------
+
+    VEXOR_INLINE Vec2Int& operator*=(int scalar)
+    {
+        using vexor::detail::WrappedProduct;
+        return SetValue(WrappedProduct(x, scalar), WrappedProduct(y, scalar));
+    }
+    VEXOR_INLINE Vec2Int& operator+=(Vec2Int const& other)
+    {
+        using vexor::detail::WrappedSum;
+        return SetValue(WrappedSum(x, other.x), WrappedSum(y, other.y));
+    }
+    VEXOR_INLINE Vec2Int& operator-=(Vec2Int const& other)
+    {
+        using vexor::detail::WrappedDifference;
+        return SetValue(WrappedDifference(x, other.x), WrappedDifference(y, other.y));
+    }
+    /// The most negative int stays itself.
+    VEXOR_INLINE Vec2Int& Negate() { return *this = GetNegatedCopy(); }
+    VEXOR_INLINE Vec2Int GetNegatedCopy() const
+    {
+        using vexor::detail::WrappedNegation;
+        return Vec2Int(WrappedNegation(x), WrappedNegation(y));
+    }
+
+    // ---- Products ----------------------------------------------------------------------------
+
+    /// x·ox + y·oy.
+    VEXOR_INLINE int Dot(Vec2Int const& other) const
+    {
+        using vexor::detail::WrappedProduct;
+        return vexor::detail::WrappedSum(WrappedProduct(x, other.x), WrappedProduct(y, other.y));
+    }
+    /// The products of the components.
+    VEXOR_INLINE Vec2Int ElemMult(Vec2Int const& other) const
+    {
+        using vexor::detail::WrappedProduct;
+        return Vec2Int(WrappedProduct(x, other.x), WrappedProduct(y, other.y));
+    }
+
+    // ---- Length ------------------------------------------------------------------------------
+
+    /// |x| + |y|, the steps of a walk along the axes, and not the Euclidean length in any rounding: an
+    /// integer vector has that length only by chance, and this one always. That of (3, 4) is 7.
+    VEXOR_INLINE int Length() const
+    {
+        using vexor::detail::WrappedMagnitude;
+        return vexor::detail::WrappedSum(WrappedMagnitude(x), WrappedMagnitude(y));
+    }
+
+    // ---- Extremes ----------------------------------------------------------------------------
+    // Of equal candidates y wins, index 1, as in Vec2Dbl. The magnitude of the most negative int is
+    // that same negative number, and is compared as such.
+
+    VEXOR_INLINE int MaxValue() const { return vexor::detail::MaxOfTwo(x, y); }
+    VEXOR_INLINE int MinValue() const { return vexor::detail::MinOfTwo(x, y); }
+    VEXOR_INLINE int MaxAbsValue() const
+    {
+        using vexor::detail::WrappedMagnitude;
+        return vexor::detail::MaxOfTwo(WrappedMagnitude(x), WrappedMagnitude(y));
+    }
+    VEXOR_INLINE int MinAbsValue() const
+    {
+        using vexor::detail::WrappedMagnitude;
+        return vexor::detail::MinOfTwo(WrappedMagnitude(x), WrappedMagnitude(y));
+    }
+    VEXOR_INLINE int MaxValueIdx() const { return vexor::detail::MaxIndexOfTwo(x, y); }
+    VEXOR_INLINE int MinValueIdx() const { return vexor::detail::MinIndexOfTwo(x, y); }
+    VEXOR_INLINE int MaxAbsValueIdx() const
+    {
+        using vexor::detail::WrappedMagnitude;
+        return vexor::detail::MaxIndexOfTwo(WrappedMagnitude(x), WrappedMagnitude(y));
+    }
+    VEXOR_INLINE int MinAbsValueIdx() const
+    {
+        using vexor::detail::WrappedMagnitude;
+        return vexor::detail::MinIndexOfTwo(WrappedMagnitude(x), WrappedMagnitude(y));
+    }
+
+    // ---- Comparison --------------------------------------------------------------------------
+    // There is no operator<.
+
+    /// Both components 0.
+    VEXOR_INLINE int IsNull() const { return int(x == 0) & int(y == 0); }
+    /// The same operation as `IsNull`: it takes no tolerance.
+    VEXOR_INLINE int IsZeroLength() const { return IsNull(); }
+    VEXOR_INLINE int operator==(Vec2Int const& other) const { return int(x == other.x) & int(y == other.y); }
+    VEXOR_INLINE int operator!=(Vec2Int const& other) const { return !(*this == other); }
+    /// Whether the difference of the two is null. It takes no tolerance, and however the difference
+    /// wraps, it is null for equal vectors alone: the same answer as `operator==`.
+    VEXOR_INLINE int IsEqualTo(Vec2Int const& other) const { return *this == other; }
+    /// Both components less than or equal to the other's: not strict, and no order.
+    VEXOR_INLINE int IsLessThan(Vec2Int const& other) const { return int(x <= other.x) & int(y <= other.y); }
+    /// Both components greater than or equal to the other's: not strict, and no order.
+    VEXOR_INLINE int IsGreaterThan(Vec2Int const& other) const
+    {
+        return int(x >= other.x) & int(y >= other.y);
+    }
+};
+
+// ---- Free operators, all of them wrapping ------------------------------------------------------------
+
+VEXOR_INLINE Vec2Int operator*(Vec2Int const& vector, int scalar)
+{
+    return Vec2Int(vector) *= scalar;
+}
+
+VEXOR_INLINE Vec2Int operator*(int scalar, Vec2Int const& vector)
+{
+    return vector * scalar;
+}
+
+VEXOR_INLINE Vec2Int operator+(Vec2Int const& left, Vec2Int const& right)
+{
+    return Vec2Int(left) += right;
+}
+
+VEXOR_INLINE Vec2Int operator-(Vec2Int const& left, Vec2Int const& right)
+{
+    return Vec2Int(left) -= right;
+}
+
+VEXOR_INLINE Vec2Int operator-(Vec2Int const& vector)
+{
+    return vector.GetNegatedCopy();
+}
