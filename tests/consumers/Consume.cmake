@@ -17,7 +17,7 @@ if(PROJECT STREQUAL "pkg_config")
     get_filename_component(pc_dir "${pc}" DIRECTORY)
     set(client "${SOURCE}/tests/consumers/client")
     run("g++ with pkg-config" sh -c
-        "export PKG_CONFIG_PATH='${pc_dir}'; lib=$(pkg-config --variable=libdir vexor) && ${COMPILER} -std=c++17 -O2 $(pkg-config --cflags vexor) '${client}/main.cpp' '${client}/Client.cpp' -o '${BUILD}/consumer' $(pkg-config --libs vexor) -Wl,-rpath,$lib")
+        "export PKG_CONFIG_PATH='${pc_dir}' && lib=$(pkg-config --variable=libdir vexor) && ${COMPILER} -std=c++17 -O2 $(pkg-config --cflags vexor) '${client}/main.cpp' '${client}/Client.cpp' -o '${BUILD}/consumer' $(pkg-config --libs vexor) -Wl,-rpath,$lib")
 else()
     run("configuring" "${CMAKE_COMMAND}" -S "${SOURCE}/tests/consumers/${PROJECT}" -B "${BUILD}" -G Ninja
         -DCMAKE_BUILD_TYPE=Release "-DCMAKE_PREFIX_PATH=${PREFIX}" "-DVEXOR_SOURCE=${SOURCE}" ${OPTIONS})
