@@ -4,16 +4,17 @@
 #include <limits>
 
 // Lengths of double vectors over the whole range of a double. The plain sum of squares overflows
-// from about 1e154 on and loses digits below about 1e-145; there the components are scaled by a power
+// from about 1e154 on and can lose digits below about 1e-128; there the components are scaled by a power
 // of two first, which gives the bits that arithmetic with an unlimited exponent would.
 
 namespace vexor::detail {
 
-/// Whether a sum of squares has neither overflowed nor lost digits to underflow. From 2^-960 on, a
-/// square that did underflow (below 2^-1022) is too small to change the sum by rounding.
+/// Whether a sum of squares, of up to four components and added one by one, has neither overflowed nor
+/// lost digits to underflow. A square that did (below 2^-1022) can tip the rounding of a partial sum up
+/// to about 2^-968, that sum of the next up to about 2^-914, and that one of a last up to about 2^-860.
 inline bool IsPlainSum(double sumOfSquares)
 {
-    return sumOfSquares >= 0x1p-960 && sumOfSquares <= std::numeric_limits<double>::max();
+    return sumOfSquares >= 0x1p-850 && sumOfSquares <= std::numeric_limits<double>::max();
 }
 
 /// √((x² + y²) + z²) where the sum is no plain one.

@@ -1,0 +1,180 @@
+// Length and Normalize of the double vectors over the whole range of a double, against MPFR with the
+// precision of a double and an exponent without limits: (x² + y²) + z² with a rounding at each step, its
+// root, and the quotients, which at last are narrowed to a double.
+
+#include <vexor/vexor.h>
+
+#include <support/Bits.h>
+
+#include <mpfr.h>
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <random>
+
+using vexor_test::infinity;
+
+namespace {
+
+/// A number of 53 bits whose exponent has no limits in practice.
+class Wide {
+public:
+    Wide() { mpfr_init2(value_, 53); }
+    explicit Wide(double value) : Wide() { mpfr_set_d(value_, value, MPFR_RNDN); }
+    Wide(Wide const& other) : Wide() { mpfr_set(value_, other.value_, MPFR_RNDN); }
+    Wide& operator=(Wide const&) = delete;
+    ~Wide() { mpfr_clear(value_); }
+
+    Wide operator+(Wide const& other) const
+    {
+        Wide result;
+        mpfr_add(result.value_, value_, other.value_, MPFR_RNDN);
+        return result;
+    }
+    Wide Square() const
+    {
+        Wide result;
+        mpfr_sqr(result.value_, value_, MPFR_RNDN);
+        return result;
+    }
+    Wide Root() const
+    {
+        Wide result;
+        mpfr_sqrt(result.value_, value_, MPFR_RNDN);
+        return result;
+    }
+    double ToDouble() const { return mpfr_get_d(value_, MPFR_RNDN); }
+
+    /// The quotient as a double division gives it: rounded once, also where it is denormal.
+    double QuotientBy(Wide const& divisor) const
+    {
+        mpfr_exp_t const leastExponent = mpfr_get_emin();
+        Wide result;
+        mpfr_set_emin(-1073); // of the smallest denormal double, in MPFR's way of counting
+        int inexact = mpfr_div(result.value_, value_, divisor.value_, MPFR_RNDN);
+        inexact = mpfr_subnormalize(result.value_, inexact, MPFR_RNDN);
+        double const quotient = mpfr_get_d(result.value_, MPFR_RNDN);
+        mpfr_set_emin(leastExponent);
+        return quotient;
+    }
+
+private:
+    mpfr_t value_;
+};
+
+Wide LengthOf(Vec3Dbl const& v)
+{
+    return (Wide(v.x).Square() + Wide(v.y).Square() + Wide(v.z).Square()).Root();
+}
+
+Wide LengthOf(Vec2Dbl const& v)
+{
+    return (Wide(v.x).Square() + Wide(v.y).Square()).Root();
+}
+
+template <class Vector, int count>
+void ExpectFullRange(Vector const& v)
+{
+    SCOPED_TRACE(testing::Message() << std::hexfloat << v[0] << ' ' << v[1] << ' ' << v[count - 1]);
+    Wide const length = LengthOf(v);
+    EXPECT_SAME_BITS(v.Length(), length.ToDouble());
+    Vector const unit = v.GetNormalizedCopy();
+    Vector inPlace(v);
+    EXPECT_EQ(&inPlace.Normalize(), &inPlace);
+    for (int i = 0; i < count; ++i) {
+        double const expected = v[i] == 0.0 ? v[i] : Wide(v[i]).QuotientBy(length);
+        EXPECT_SAME_BITS(unit[i], expected);
+        EXPECT_SAME_BITS(inPlace[i], expected);
+    }
+}
+
+void ExpectFullRange(Vec3Dbl const& v)
+{
+    ExpectFullRange<Vec3Dbl, 3>(v);
+}
+
+void ExpectFullRange(Vec2Dbl const& v)
+{
+    ExpectFullRange<Vec2Dbl, 2>(v);
+}
+
+/// Components of random digits; the exponents lie near a random one or anywhere, down to the smallest
+/// denormal and up to the largest double.
+class Components {
+public:
+    std::array<double, 3> Next()
+    {
+        int const base = Between(-1074, 1023);
+        int const spread = std::array<int, 5>{0, 3, 60, 540, 2200}[static_cast<std::size_t>(Between(0, 4))];
+        std::array<double, 3> result = {};
+        for (double& component : result) {
+            int const exponent = std::clamp(base + Between(-spread, spread), -1074, 1023);
+            component = std::ldexp(1.0 + std::generate_canonical<double, 53>(random_), exponent);
+            if (Between(0, 1))
+                component = -component;
+            if (Between(0, 9) == 0)
+                component = 0.0;
+        }
+        if (result[0] == 0.0 && result[1] == 0.0)
+            result[0] = std::ldexp(1.0, base);
+        return result;
+    }
+
+private:
+    int Between(int least, int most) { return std::uniform_int_distribution<int>(least, most)(random_); }
+
+    std::mt19937_64 random_{20261121};
+};
+
+TEST(FullRange, RandomVectors)
+{
+    Components components;
+    for (int i = 0; i < 40000 && !testing::Test::HasFailure(); ++i) {
+        std::array<double, 3> const c = components.Next();
+        ExpectFullRange(Vec3Dbl(c[0], c[1], c[2]));
+        ExpectFullRange(Vec2Dbl(c[0], c[1]));
+    }
+}
+
+TEST(FullRange, EdgesOfTheRange)
+{
+    double const edges[] = {0.0,      5e-324,   -1e-323,    0x1p-1022, 1e-300,
+                            0x1p-538, 0x1p-537, 0x1.8p-512, 0x1p-481,  0x1p-480,
+                            0x1p-451, 0x1p-425, 1.0,        0x1p+511,  0x1.6p+511,
+                            0x1p+512, 1e200,    -3e200,     0x1p+1023, 0x1.fffffffffffffp+1023};
+    for (double x : edges)
+        for (double y : edges) {
+            if (x != 0.0 || y != 0.0)
+                ExpectFullRange(Vec2Dbl(x, y));
+            for (double z : edges)
+                if (x != 0.0 || y != 0.0 || z != 0.0)
+                    ExpectFullRange(Vec3Dbl(x, y, z));
+        }
+}
+
+// The squares of y, below the range of normal doubles, decide a tie in the sum of the first two, and
+// that sum a tie in the whole: the longest reach that a lost digit can have.
+TEST(FullRange, AnUnderflowThatDecidesTwoTies)
+{
+    for (double z : {0x1.a184840f05a79p-480, 0x1.c49a735ff795dp-480, 0x1.6c036ba83eabfp-480}) {
+        Vec3Dbl const v(0x1p-506, 0x1.6a0cba7bc08cbp-533, z);
+        EXPECT_SAME_BITS(v.Length(), std::nextafter(z, infinity));
+        ExpectFullRange(v);
+    }
+}
+
+TEST(FullRange, KnownLengths)
+{
+    EXPECT_DOUBLE_EQ(Vec3Dbl(3e200, 4e200, 0.0).Length(), 5e200); // decimals are not exact
+    EXPECT_SAME_BITS(Vec3Dbl(0x1p-1073, 0x1p-1072, 0x1p-1072).Length(), 3 * 0x1p-1073);
+    EXPECT_SAME_BITS(Vec2Dbl(0x3p-1074, 0x4p-1074).Length(), 0x5p-1074);
+    EXPECT_SAME_BITS(Vec2Dbl(0x3p+1021, 0x4p+1021).Length(), 0x5p+1021);
+    double const largest = 0x1.fffffffffffffp+1023;
+    EXPECT_SAME_BITS(Vec2Dbl(largest, largest).Length(), infinity);
+    EXPECT_SAME_BITS(Vec3Dbl(largest, 0.0, -0.0).Length(), largest);
+    Vec3Dbl const cube = Vec3Dbl(largest).GetNormalizedCopy(); // though its length is beyond a double
+    EXPECT_SAME_BITS(cube.x, Vec3Dbl(1.0).GetNormalizedCopy().x);
+}
+
+} // namespace
