@@ -352,9 +352,11 @@ TEST(Quaternion, NormalizeOverTheWholeRange)
     EXPECT_TRUE(HasBits(Components(0.0, -denormal, 0.0, -0.0).Normalize(), 0.0, -1.0, 0.0, -0.0));
     EXPECT_TRUE(HasBits(Components(0.0, denormal, 0.0, 1.0).Normalize(), 0.0, denormal, 0.0, 1.0));
     EXPECT_TRUE(HasBits(Components(largest, largest, largest, -largest).Normalize(), 0.5, 0.5, 0.5, -0.5));
-    // A small component beside a huge one keeps its digits: 0x1.23456789abcdfp-400 / 2^600.
-    EXPECT_TRUE(HasBits(Components(0x1p600, 0x1.23456789abcdfp-400, 0.0, 0.0).Normalize(), 1.0,
-                        0x1.23456789abcdfp-1000, 0.0, 0.0));
+    // A small component beside a huge one keeps its digits: here it is divided by 2^600 and by 2^520.
+    double const small = 0x1.23456789abcdfp-400;
+    EXPECT_TRUE(HasBits(Components(0x1p600, small, 0.0, 0.0).Normalize(), 1.0, small * 0x1p-600, 0.0, 0.0));
+    EXPECT_TRUE(HasBits(Components(0.0, 0x1p520, -0.0, small * 0x1p-30).Normalize(), 0.0, 1.0, -0.0,
+                        small * 0x1p-550));
     // Scaling all components by a power of two changes nothing. (From 2^-980 on down the operands
     // themselves would lose digits.)
     for (auto const& figure : exact_figures::normalizeCases)

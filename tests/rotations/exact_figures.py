@@ -159,7 +159,12 @@ def from_matrix(m):
     return normalize(from_matrix_raw(m))
 
 
-def from_matrix_raw(m, divide=lambda a, r: a / r, order=0):
+def from_matrix_raw(m, inverted=(), order=0):
+    """As documented, or with the quotients of the components in `inverted` formed by a reciprocal, or with
+    the sum in another order."""
+    def quotient(component, a, root):
+        return a * (1 / root) if component in inverted else a / root
+
     at = lambda r, c: m[3 * r + c]
     trace = (at(0, 0) + at(1, 1)) + at(2, 2)
     values = [trace, at(0, 0), at(1, 1), at(2, 2)]
@@ -170,17 +175,17 @@ def from_matrix_raw(m, divide=lambda a, r: a / r, order=0):
     if best == 0:
         trace = (trace, at(0, 0) + (at(1, 1) + at(2, 2)), (at(0, 0) + at(2, 2)) + at(1, 1))[order]
         root = 2 * (trace + 1).root()
-        return (divide(at(2, 1) - at(1, 2), root), divide(at(0, 2) - at(2, 0), root),
-                divide(at(1, 0) - at(0, 1), root), root * Fraction(1, 4))
+        return (quotient(0, at(2, 1) - at(1, 2), root), quotient(1, at(0, 2) - at(2, 0), root),
+                quotient(2, at(1, 0) - at(0, 1), root), root * Fraction(1, 4))
     i = best - 1
     j, k = (i + 1) % 3, (i + 2) % 3
     a, b, c = at(i, i), at(j, j), at(k, k)
     root = 2 * (((a - b) - c) + 1, (a + 1) - (b + c), ((a + 1) - b) - c)[order].root()
     result = [None] * 4
     result[i] = root * Fraction(1, 4)
-    result[j] = divide(at(i, j) + at(j, i), root)
-    result[k] = divide(at(i, k) + at(k, i), root)
-    result[3] = divide(at(k, j) - at(j, k), root)
+    result[j] = quotient(j, at(i, j) + at(j, i), root)
+    result[k] = quotient(k, at(i, k) + at(k, i), root)
+    result[3] = quotient(3, at(k, j) - at(j, k), root)
     return tuple(result)
 
 
@@ -190,10 +195,17 @@ def from_matrix_others(m):
     return [
         raw,
         tuple(x / length for x in raw),
-        normalize(from_matrix_raw(m, divide=lambda a, r: a * (1 / r))),
         normalize(from_matrix_raw(m, order=1)),
         normalize(from_matrix_raw(m, order=2)),
+        *[tuple(x if c == component else None
+                for c, x in enumerate(normalize(from_matrix_raw(m, inverted=(component,)))))
+          for component in range(4) if raw[component] != from_matrix_root(m)],
     ]
+
+
+def from_matrix_root(m):
+    """The component that is no quotient."""
+    return max(from_matrix_raw(m), key=lambda x: x.exact)
 
 
 def unit(axis):
@@ -242,7 +254,8 @@ rng = random.Random(20260101)
 
 
 def number():
-    return Dbl(rng.choice((-1, 1)) * (1 + Fraction(rng.getrandbits(52), 2**52)) * Fraction(2)**rng.randint(-3, 1))
+    significand = 1 + Fraction(rng.getrandbits(52), 2**52)
+    return Dbl(rng.choice((-1, 1)) * significand * Fraction(2)**rng.randint(-3, 1))
 
 
 def numbers(count): return tuple(number() for _ in range(count))
@@ -272,7 +285,8 @@ def cases(formula, others, draw):
         result = formula(*operands)
         rivals = others(*operands)
         if open_questions is None:
-            open_questions = {(r, e) for r, rival in enumerate(rivals) for e, x in enumerate(rival) if x is not None}
+            open_questions = {(r, e) for r, rival in enumerate(rivals)
+                              for e, element in enumerate(rival) if element is not None}
         answered = {(r, e) for r, e in open_questions if rivals[r][e] != result[e]}
         if answered:
             open_questions -= answered
@@ -296,7 +310,8 @@ def main():
     print("// clang-format off")
     print("namespace exact_figures {")
     figures = (
-        ("Product", "double a[4], b[4], result[4];", product, product_others, lambda: (numbers(4), numbers(4))),
+        ("Product", "double a[4], b[4], result[4];", product, product_others,
+         lambda: (numbers(4), numbers(4))),
         ("Normalize", "double q[4], result[4];", normalize, normalize_others, lambda: (numbers(4),)),
         ("RotatePoint", "double q[4], p[3], result[3];", rotate, rotate_others,
          lambda: (numbers(4), numbers(3))),
