@@ -81,12 +81,12 @@ public:
     /// Adds to V. The result is a copy of the new value, not a reference.
     VEXOR_INLINE UInt64 operator+=(int value)
     {
-        return *this = vexor::detail::WrappedSum(int64(), __int64(value));
+        return *this = vexor::detail::WrappedSum(int64(), static_cast<__int64>(value));
     }
     /// Subtracts from V. The result is a copy of the new value, not a reference.
     VEXOR_INLINE UInt64 operator-=(int value)
     {
-        return *this = vexor::detail::WrappedDifference(int64(), __int64(value));
+        return *this = vexor::detail::WrappedDifference(int64(), static_cast<__int64>(value));
     }
     /// The result is a copy of the new value, not a reference.
     VEXOR_INLINE UInt64 operator++() { return *this += 1; }

@@ -7,7 +7,7 @@
 #    include <cstddef>
 
 extern "C"
-#    if defined(__GNUC__)
+#    if defined(__GNUC__) && !defined(_WIN32) // on Windows what is not exported is hidden
     __attribute__((visibility("hidden")))
 #    endif
     void
