@@ -50,7 +50,9 @@ public:
     VEXOR_API void ReSize(int rows, int cols, double* externalStorage = nullptr);
     /// As above, and every element then takes the value.
     VEXOR_API void ReSize(int rows, int cols, double value, double* externalStorage = nullptr);
+    /// The number of rows, at least 1.
     VEXOR_INLINE int RowCount() const { return rowCount; }
+    /// The number of columns, at least 1.
     VEXOR_INLINE int ColumnCount() const { return columnCount; }
 
     // ---- Elements, rows and columns --------------------------------------------------------------
@@ -62,12 +64,15 @@ public:
         VEXOR_CHECK(row >= 0 && row < rowCount && column >= 0 && column < columnCount, "index out of range");
         return columns[column][row];
     }
+    /// The same, read-only.
     VEXOR_INLINE double const& operator()(int row, int column) const
     {
         VEXOR_CHECK(row >= 0 && row < rowCount && column >= 0 && column < columnCount, "index out of range");
         return columns[column][row];
     }
+    /// The row; nothing checks its index.
     VEXOR_API VecDbl GetRow(int row) const;
+    /// A copy of the column; nothing checks its index.
     VEXOR_API VecDbl GetCol(int column) const;
     /// Raises `VexorDimensionMismatch` also for an index out of range.
     VEXOR_API MatDbl& SetRow(int row, VecDbl const& rowValues);
@@ -77,6 +82,7 @@ public:
     VEXOR_API VecDbl GetDiagonal() const;
     /// The other elements stay.
     VEXOR_API MatDbl& SetDiagonal(VecDbl const& diagonal);
+    /// Writes the value on the main diagonal; the other elements keep theirs.
     VEXOR_API MatDbl& SetDiagonal(double value);
     /// Every element takes the value.
     VEXOR_API MatDbl& SetValue(double value);
@@ -88,21 +94,27 @@ public:
     /// Exact, element by element; a NaN is unequal to everything. Matrices of different shapes are
     /// unequal, without a raise.
     VEXOR_API int operator==(MatDbl const& other);
+    /// The exact negation of `operator==`.
     VEXOR_INLINE int operator!=(MatDbl const& other) { return !(*this == other); }
 
     // ---- Arithmetic ------------------------------------------------------------------------------
 
+    /// Multiplies each element by the scalar.
     VEXOR_API MatDbl& operator*=(double scalar);
     /// One division for each element; a zero divisor is not checked.
     VEXOR_API MatDbl& operator/=(double scalar);
+    /// Adds element by element. Raises `VexorDimensionMismatch` unless both counts match.
     VEXOR_API MatDbl& operator+=(MatDbl const& other);
+    /// Subtracts element by element. Raises `VexorDimensionMismatch` unless both counts match.
     VEXOR_API MatDbl& operator-=(MatDbl const& other);
     /// Flips the sign of each element; 0 becomes −0.
     VEXOR_API MatDbl& Negate();
     /// In place: a view stays a view on its block. The pivots go, but stay, though useless, with a
     /// square matrix that owns its block. Needs storage for a copy of the elements.
     VEXOR_API MatDbl& Transpose();
+    /// The transposed copy.
     VEXOR_API MatDbl GetTransposedCopy() const;
+    /// The negated copy.
     VEXOR_API MatDbl GetNegatedCopy() const;
     /// The rows added up as vectors, from the first on: element j is the sum down column j.
     VEXOR_API VecDbl RowSum();
@@ -119,18 +131,22 @@ public:
 
     /// Factorises into L·U with pivots, and solves.
     VEXOR_API void Solve(VecDbl& b);
+    /// As above, for each column.
     VEXOR_API void Solve(MatDbl& b);
     /// Solves with the factors that `Solve` left. Raises `VexorComputationFailed`, with nothing
     /// changed, where no pivots are there, and where they are none that `Solve` can have left. On
     /// elements written since, the result means nothing.
     VEXOR_API void ReSolve(VecDbl& b);
+    /// As above, for each column.
     VEXOR_API void ReSolve(MatDbl& b);
     /// For a symmetric matrix, of which only the upper triangle is read. Where workspace is not to be
     /// had, the pivots of a former factorisation go as well.
     VEXOR_API void SolveSym(VecDbl& b);
+    /// As above, for each column.
     VEXOR_API void SolveSym(MatDbl& b);
     /// Solves with the factors that `SolveSym` left; raises as `ReSolve` does.
     VEXOR_API void ReSolveSym(VecDbl& b);
+    /// As above, for each column.
     VEXOR_API void ReSolveSym(MatDbl& b);
     /// The least squares solution for a matrix of full rank with more rows than columns, the solution
     /// of least norm for one with fewer. The argument has as many rows as the matrix, and comes back
@@ -138,6 +154,7 @@ public:
     /// go. Very many right-hand sides, more than 127 times the larger dimension, are a failure of the
     /// driver.
     VEXOR_API void SolveLinearLeastSquares(VecDbl& b);
+    /// As above for each column; the row count becomes `ColumnCount()`, the column count stays.
     VEXOR_API void SolveLinearLeastSquares(MatDbl& b);
     /// Replaces the matrix by its inverse in own storage, without pivots: a view leaves the factors in
     /// the caller's block. Where the matrix is singular, it is lost.

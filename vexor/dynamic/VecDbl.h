@@ -49,6 +49,7 @@ public:
     VEXOR_API void ReSize(int newSize, double* externalStorage = nullptr);
     /// As above, and every element then takes the value.
     VEXOR_API void ReSize(int newSize, double value, double* externalStorage = nullptr);
+    /// The number of elements, at least 1.
     VEXOR_INLINE int Size() const { return size; }
 
     // ---- Access --------------------------------------------------------------------------------
@@ -59,6 +60,7 @@ public:
         VEXOR_CHECK(index >= 0 && index < size, "index out of range");
         return values[index];
     }
+    /// The same, read-only.
     VEXOR_INLINE double const& operator[](int index) const
     {
         VEXOR_CHECK(index >= 0 && index < size, "index out of range");
@@ -66,6 +68,7 @@ public:
     }
     /// The same operation as `operator[]`.
     VEXOR_INLINE double& operator()(int index) { return (*this)[index]; }
+    /// The same, read-only.
     VEXOR_INLINE double const& operator()(int index) const { return (*this)[index]; }
 
     /// Every element takes the value.
@@ -80,22 +83,29 @@ public:
     /// Exact, element by element; a NaN is unequal to everything. Vectors of different sizes are
     /// unequal, without a raise.
     VEXOR_API int operator==(VecDbl const& other) const;
+    /// The exact negation of `operator==`.
     VEXOR_INLINE int operator!=(VecDbl const& other) const { return !(*this == other); }
 
     // ---- Arithmetic ------------------------------------------------------------------------------
 
+    /// Multiplies each element by the scalar.
     VEXOR_API VecDbl& operator*=(double scalar);
     /// One division for each element; a zero divisor is not checked.
     VEXOR_API VecDbl& operator/=(double scalar);
+    /// Adds element by element. Raises `VexorDimensionMismatch` if the sizes differ.
     VEXOR_API VecDbl& operator+=(VecDbl const& other);
+    /// Subtracts element by element. Raises `VexorDimensionMismatch` if the sizes differ.
     VEXOR_API VecDbl& operator-=(VecDbl const& other);
     /// Flips the sign of each element; 0 becomes −0.
     VEXOR_API VecDbl& Negate();
+    /// The negated copy.
     VEXOR_API VecDbl GetNegatedCopy() const;
 
     // ---- Sums, products, length ------------------------------------------------------------------
 
+    /// The elements added up in index order, from 0.0, rounded at each step.
     VEXOR_API double Sum() const;
+    /// The sum of the squares in index order, from 0, rounded at each step.
     VEXOR_API double LengthSquared() const;
     /// The root of `LengthSquared()`, which overflows above about 1e154 and vanishes below 1e-162.
     VEXOR_API double Length() const;
@@ -132,13 +142,21 @@ public:
     // index is 0 and means nothing. A NaN beats nothing. Absolute values are formed as v if v > 0,
     // else −v, so that of a zero vector is −0.
 
+    /// The largest element.
     VEXOR_API double MaxValue() const;
+    /// The index of the largest element.
     VEXOR_API int MaxValueIdx() const;
+    /// The smallest element.
     VEXOR_API double MinValue() const;
+    /// The index of the smallest element.
     VEXOR_API int MinValueIdx() const;
+    /// The largest absolute value.
     VEXOR_API double MaxAbsValue() const;
+    /// The index of the largest absolute value.
     VEXOR_API int MaxAbsValueIdx() const;
+    /// The smallest absolute value.
     VEXOR_API double MinAbsValue() const;
+    /// The index of the smallest absolute value.
     VEXOR_API int MinAbsValueIdx() const;
 
     // ---- Predicates ------------------------------------------------------------------------------

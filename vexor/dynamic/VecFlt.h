@@ -35,6 +35,7 @@ public:
     VEXOR_API void ReSize(int newSize, float* externalStorage = nullptr);
     /// As above, and every element then takes the value.
     VEXOR_API void ReSize(int newSize, float value, float* externalStorage = nullptr);
+    /// The number of elements, at least 1.
     VEXOR_INLINE int Size() const { return size; }
 
     // ---- Access --------------------------------------------------------------------------------
@@ -45,6 +46,7 @@ public:
         VEXOR_CHECK(index >= 0 && index < size, "index out of range");
         return values[index];
     }
+    /// The same, read-only.
     VEXOR_INLINE float const& operator[](int index) const
     {
         VEXOR_CHECK(index >= 0 && index < size, "index out of range");
@@ -52,6 +54,7 @@ public:
     }
     /// The same operation as `operator[]`.
     VEXOR_INLINE float& operator()(int index) { return (*this)[index]; }
+    /// The same, read-only.
     VEXOR_INLINE float const& operator()(int index) const { return (*this)[index]; }
 
     /// Every element takes the value.
@@ -66,17 +69,22 @@ public:
     /// Exact, element by element; a NaN is unequal to everything. Vectors of different sizes are
     /// unequal, without a raise.
     VEXOR_API int operator==(VecFlt const& other) const;
+    /// The exact negation of `operator==`.
     VEXOR_INLINE int operator!=(VecFlt const& other) const { return !(*this == other); }
 
     // ---- Arithmetic: each element rounded once -----------------------------------------------------
 
+    /// Multiplies each element by the scalar.
     VEXOR_API VecFlt& operator*=(float scalar);
     /// One division for each element; a zero divisor is not checked.
     VEXOR_API VecFlt& operator/=(float scalar);
+    /// Adds element by element. Raises `VexorDimensionMismatch` if the sizes differ.
     VEXOR_API VecFlt& operator+=(VecFlt const& other);
+    /// Subtracts element by element. Raises `VexorDimensionMismatch` if the sizes differ.
     VEXOR_API VecFlt& operator-=(VecFlt const& other);
     /// Flips the sign of each element; 0 becomes −0.
     VEXOR_API VecFlt& Negate();
+    /// The negated copy.
     VEXOR_API VecFlt GetNegatedCopy() const;
 
     // ---- Products, length ------------------------------------------------------------------------
@@ -113,13 +121,21 @@ public:
     // ---- Extremes --------------------------------------------------------------------------------
     // As in VecDbl; the bounds are −1e20 and 1e20 rounded to single.
 
+    /// The largest element.
     VEXOR_API float MaxValue() const;
+    /// The index of the largest element.
     VEXOR_API int MaxValueIdx() const;
+    /// The smallest element.
     VEXOR_API float MinValue() const;
+    /// The index of the smallest element.
     VEXOR_API int MinValueIdx() const;
+    /// The largest absolute value.
     VEXOR_API float MaxAbsValue() const;
+    /// The index of the largest absolute value.
     VEXOR_API int MaxAbsValueIdx() const;
+    /// The smallest absolute value.
     VEXOR_API float MinAbsValue() const;
+    /// The index of the smallest absolute value.
     VEXOR_API int MinAbsValueIdx() const;
 
     // ---- Predicates ------------------------------------------------------------------------------

@@ -33,14 +33,18 @@ public:
 
     /// Zero.
     VEXOR_INLINE UInt64() : lowWord(0), highWord(0) {}
+    /// The value of the integer.
     VEXOR_INLINE UInt64(__int64 const& value)
         : lowWord(static_cast<std::uint32_t>(value & 0xFFFFFFFF)),
           highWord(static_cast<std::uint32_t>(static_cast<std::uint64_t>(value) >> 32))
     {}
+    /// Copies.
     UInt64(UInt64 const&) = default;
     ~UInt64() = default;
 
+    /// Copies.
     UInt64& operator=(UInt64 const&) = default;
+    /// Takes the value of the integer.
     VEXOR_INLINE UInt64& operator=(__int64 const& value) { return *this = UInt64(value); }
 
     // ---- Comparison --------------------------------------------------------------------------
@@ -48,6 +52,7 @@ public:
 
     /// The same in all 64 bits.
     VEXOR_INLINE bool operator==(UInt64 const& other) { return int64() == other.int64(); }
+    /// The exact negation of `operator==`.
     VEXOR_INLINE bool operator!=(UInt64 const& other) { return !(*this == other); }
     /// Signed: a set top bit means a negative number.
     VEXOR_INLINE bool operator>=(UInt64 const& other) { return int64() >= other.int64(); }

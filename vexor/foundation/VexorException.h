@@ -8,7 +8,19 @@
 class VEXOR_API VexorException {
 public:
     VexorException();
+    /// There is nothing to copy.
+    /// There is nothing to copy.
+    /// There is nothing to copy.
+    /// There is nothing to copy.
+    /// There is nothing to copy.
+    /// There is nothing to copy.
     VexorException(VexorException const&);
+    /// Does nothing: there is nothing to copy.
+    /// Does nothing: there is nothing to copy.
+    /// Does nothing: there is nothing to copy.
+    /// Does nothing: there is nothing to copy.
+    /// Does nothing: there is nothing to copy.
+    /// Does nothing: there is nothing to copy.
     VexorException& operator=(VexorException const&);
     virtual ~VexorException();
 };
@@ -17,7 +29,9 @@ public:
 class VEXOR_API VexorSingular : public VexorException {
 public:
     VexorSingular();
+    /// There is nothing to copy.
     VexorSingular(VexorSingular const&);
+    /// Does nothing: there is nothing to copy.
     VexorSingular& operator=(VexorSingular const&);
     ~VexorSingular() override;
 };
@@ -26,7 +40,9 @@ public:
 class VEXOR_API VexorDimensionMismatch : public VexorException {
 public:
     VexorDimensionMismatch();
+    /// There is nothing to copy.
     VexorDimensionMismatch(VexorDimensionMismatch const&);
+    /// Does nothing: there is nothing to copy.
     VexorDimensionMismatch& operator=(VexorDimensionMismatch const&);
     ~VexorDimensionMismatch() override;
 };
@@ -35,7 +51,9 @@ public:
 class VEXOR_API VexorAllocationFailed : public VexorException {
 public:
     VexorAllocationFailed();
+    /// There is nothing to copy.
     VexorAllocationFailed(VexorAllocationFailed const&);
+    /// Does nothing: there is nothing to copy.
     VexorAllocationFailed& operator=(VexorAllocationFailed const&);
     ~VexorAllocationFailed() override;
 };
@@ -44,7 +62,9 @@ public:
 class VEXOR_API VexorComputationFailed : public VexorException {
 public:
     VexorComputationFailed();
+    /// There is nothing to copy.
     VexorComputationFailed(VexorComputationFailed const&);
+    /// Does nothing: there is nothing to copy.
     VexorComputationFailed& operator=(VexorComputationFailed const&);
     ~VexorComputationFailed() override;
 };
@@ -53,7 +73,9 @@ public:
 class VEXOR_API VexorNullVector : public VexorException {
 public:
     VexorNullVector();
+    /// There is nothing to copy.
     VexorNullVector(VexorNullVector const&);
+    /// Does nothing: there is nothing to copy.
     VexorNullVector& operator=(VexorNullVector const&);
     ~VexorNullVector() override;
 };

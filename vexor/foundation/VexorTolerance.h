@@ -14,20 +14,26 @@ public:
 
     /// An angle of 1e-7 and a length of 1e-5.
     VEXOR_API VexorTolerance();
+    /// Copies.
     VexorTolerance(VexorTolerance const&) = default;
+    /// Copies.
     VexorTolerance& operator=(VexorTolerance const&) = default;
     ~VexorTolerance() = default;
 
     /// Sets the angle in radians. The sine is taken of the double argument and rounded to single;
     /// its square, formed in double, is rounded to single again. Nothing is validated.
     VEXOR_API void SetAngle(double radians);
+    /// The angle in radians, as stored.
     VEXOR_INLINE float GetAngle() { return angle; }
+    /// The square of its sine, as stored.
     VEXOR_INLINE float GetSin2Angle() { return sin2Angle; }
 
     /// Sets the length. The argument is rounded to single first; the square of that single, formed in
     /// double, is rounded to single again. Nothing is validated.
     VEXOR_API void SetLength(double length);
+    /// The length, as stored.
     VEXOR_INLINE float GetLength() { return length; }
+    /// The square of the length, as stored.
     VEXOR_INLINE float GetLengthSquared() { return lengthSquared; }
 };
 

@@ -16,21 +16,26 @@ public:
 
     /// The identity map.
     VEXOR_INLINE AffMat2Dbl() : linear(Vec2Dbl(1.0, 0.0), Vec2Dbl(0.0, 1.0)), translation(0.0) {}
+    /// The map x ↦ L x + t from its two parts.
     VEXOR_INLINE AffMat2Dbl(Mat2Dbl const& linearPart, Vec2Dbl const& translationPart)
         : linear(linearPart), translation(translationPart)
     {}
+    /// Copies.
     AffMat2Dbl(AffMat2Dbl const&) = default;
     ~AffMat2Dbl() = default;
 
+    /// Copies.
     AffMat2Dbl& operator=(AffMat2Dbl const&) = default;
 
     // ---- Access ------------------------------------------------------------------------------
 
     /// L inside the map: writing to it changes the map.
     VEXOR_INLINE Mat2Dbl& LinearPart() { return linear; }
+    /// The linear part, read-only.
     VEXOR_INLINE Mat2Dbl const& LinearPart() const { return linear; }
     /// t inside the map: writing to it changes the map.
     VEXOR_INLINE Vec2Dbl& Translation() { return translation; }
+    /// The translation, read-only.
     VEXOR_INLINE Vec2Dbl const& Translation() const { return translation; }
     /// Sets L; t keeps its value.
     VEXOR_INLINE AffMat2Dbl& SetLinearPart(Mat2Dbl const& linearPart)
@@ -49,6 +54,7 @@ public:
     {
         return column >= 2 ? translation[row] : linear(row, column);
     }
+    /// The same, read-only.
     VEXOR_INLINE double const& operator()(int row, int column) const
     {
         return column >= 2 ? translation[row] : linear(row, column);
@@ -64,6 +70,7 @@ public:
         translation = -(linear * translation);
         return *this;
     }
+    /// As `Invert`, on a copy.
     VEXOR_INLINE AffMat2Dbl GetInvertedCopy() const
     {
         AffMat2Dbl copy(*this);

@@ -19,10 +19,13 @@ public:
     VEXOR_INLINE Mat2Dbl() {}
     /// All four elements take the value, not the diagonal alone.
     VEXOR_INLINE Mat2Dbl(double value) : rows{value, value} {}
+    /// The arguments become the rows.
     VEXOR_INLINE Mat2Dbl(Vec2Dbl const& row0, Vec2Dbl const& row1) : rows{row0, row1} {}
+    /// Copies.
     Mat2Dbl(Mat2Dbl const&) = default;
     ~Mat2Dbl() = default;
 
+    /// Copies.
     Mat2Dbl& operator=(Mat2Dbl const&) = default;
 
     // ---- Elements, rows and columns ----------------------------------------------------------
@@ -32,6 +35,7 @@ public:
     {
         return vexor::detail::ElementOf<double, 4>(*this, row * 2 + column);
     }
+    /// The same, read-only.
     VEXOR_INLINE double const& operator()(int row, int column) const
     {
         return vexor::detail::ElementOf<double const, 4>(*this, row * 2 + column);
@@ -42,6 +46,7 @@ public:
     {
         return vexor::detail::ElementOf<Vec2Dbl const, 2>(*this, static_cast<int>(row));
     }
+    /// Copies the vector into the row.
     VEXOR_INLINE Mat2Dbl& SetRow(unsigned int row, Vec2Dbl const& values)
     {
         vexor::detail::ElementOf<Vec2Dbl, 2>(*this, static_cast<int>(row)) = values;
@@ -53,6 +58,7 @@ public:
         int const c = static_cast<int>(column);
         return Vec2Dbl((*this)(0, c), (*this)(1, c));
     }
+    /// Writes the vector down the column.
     VEXOR_INLINE Mat2Dbl& SetCol(unsigned int column, Vec2Dbl const& values)
     {
         int const c = static_cast<int>(column);
@@ -61,6 +67,7 @@ public:
         (*this)(1, c) = copy.y;
         return *this;
     }
+    /// A copy of the main diagonal.
     VEXOR_INLINE Vec2Dbl GetDiagonal() const { return Vec2Dbl(rows[0].x, rows[1].y); }
     /// Writes the diagonal; the other elements stay.
     VEXOR_INLINE Mat2Dbl& SetDiagonal(Vec2Dbl const& values)
@@ -78,6 +85,7 @@ public:
         Vec2Dbl const row(value);
         return SetValue(row, row);
     }
+    /// The arguments become the rows.
     VEXOR_INLINE Mat2Dbl& SetValue(Vec2Dbl const& row0, Vec2Dbl const& row1)
     {
         return *this = Mat2Dbl(row0, row1); // an argument may be one of our own rows
@@ -94,7 +102,9 @@ public:
 
     /// Sets the unit matrix.
     VEXOR_INLINE Mat2Dbl& Identity() { return SetValue(Vec2Dbl(1.0, 0.0), Vec2Dbl(0.0, 1.0)); }
+    /// Transposes in place.
     VEXOR_INLINE Mat2Dbl& Transpose() { return *this = GetTransposedCopy(); }
+    /// The transposed copy.
     VEXOR_INLINE Mat2Dbl GetTransposedCopy() const
     {
         return Mat2Dbl(Vec2Dbl(rows[0].x, rows[1].x), Vec2Dbl(rows[0].y, rows[1].y));
@@ -106,6 +116,7 @@ public:
         rows[1].Negate();
         return *this;
     }
+    /// The negated copy.
     VEXOR_INLINE Mat2Dbl GetNegatedCopy() const { return Mat2Dbl(-rows[0], -rows[1]); }
 
     /// (row 0 + row 1) + THE TWO DOUBLES THAT FOLLOW THE MATRIX IN MEMORY.
@@ -125,10 +136,12 @@ public:
     {
         return rows[0] == other.rows[0] && rows[1] == other.rows[1];
     }
+    /// The exact negation of `operator==`.
     VEXOR_INLINE int operator!=(Mat2Dbl const& other) { return !(*this == other); }
 
     // ---- Arithmetic, element by element ------------------------------------------------------
 
+    /// Multiplies each element by the scalar.
     VEXOR_INLINE Mat2Dbl& operator*=(double scalar)
     {
         rows[0] *= scalar;
@@ -142,12 +155,14 @@ public:
         rows[1] /= scalar;
         return *this;
     }
+    /// Adds element by element.
     VEXOR_INLINE Mat2Dbl& operator+=(Mat2Dbl const& other)
     {
         rows[0] += other.rows[0];
         rows[1] += other.rows[1];
         return *this;
     }
+    /// Subtracts element by element.
     VEXOR_INLINE Mat2Dbl& operator-=(Mat2Dbl const& other)
     {
         rows[0] -= other.rows[0];
@@ -163,6 +178,7 @@ public:
 
     /// Replaces the matrix by its inverse: four divisions by d.
     VEXOR_API Mat2Dbl& Invert();
+    /// As `Invert`, on a copy.
     VEXOR_INLINE Mat2Dbl GetInvertedCopy() const
     {
         Mat2Dbl copy(*this);

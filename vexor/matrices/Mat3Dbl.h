@@ -23,6 +23,7 @@ public:
     VEXOR_INLINE Mat3Dbl() { LeavePivotOrderUnset(); }
     /// All nine elements take the value, not the diagonal alone.
     VEXOR_INLINE Mat3Dbl(double value) : rows{value, value, value} { LeavePivotOrderUnset(); }
+    /// The arguments become the rows.
     VEXOR_INLINE Mat3Dbl(Vec3Dbl const& row0, Vec3Dbl const& row1, Vec3Dbl const& row2)
         : rows{row0, row1, row2}
     {
@@ -55,6 +56,7 @@ public:
     {
         return vexor::detail::ElementOf<double, 9>(*this, row * 3 + column);
     }
+    /// The same, read-only.
     VEXOR_INLINE double const& operator()(int row, int column) const
     {
         return vexor::detail::ElementOf<double const, 9>(*this, row * 3 + column);
@@ -65,10 +67,12 @@ public:
     {
         return vexor::detail::ElementOf<Vec3Dbl, 3>(*this, static_cast<int>(row));
     }
+    /// The row; nothing checks its index.
     VEXOR_INLINE Vec3Dbl const& GetRow(unsigned int row) const
     {
         return vexor::detail::ElementOf<Vec3Dbl const, 3>(*this, static_cast<int>(row));
     }
+    /// Copies the vector into the row.
     VEXOR_INLINE Mat3Dbl& SetRow(unsigned int row, Vec3Dbl const& values)
     {
         GetRow(row) = values;
@@ -80,6 +84,7 @@ public:
         int const c = static_cast<int>(column);
         return Vec3Dbl((*this)(0, c), (*this)(1, c), (*this)(2, c));
     }
+    /// Writes the vector down the column.
     VEXOR_INLINE Mat3Dbl& SetCol(unsigned int column, Vec3Dbl const& values)
     {
         int const c = static_cast<int>(column);
@@ -89,6 +94,7 @@ public:
         (*this)(2, c) = copy.z;
         return *this;
     }
+    /// A copy of the main diagonal.
     VEXOR_INLINE Vec3Dbl GetDiagonal() const { return Vec3Dbl(rows[0].x, rows[1].y, rows[2].z); }
     /// Writes the diagonal; the other elements stay.
     VEXOR_INLINE Mat3Dbl& SetDiagonal(Vec3Dbl const& values)
@@ -107,10 +113,12 @@ public:
         Vec3Dbl const row(value);
         return SetValue(row, row, row);
     }
+    /// The arguments become the rows.
     VEXOR_INLINE Mat3Dbl& SetValue(Vec3Dbl const& row0, Vec3Dbl const& row1, Vec3Dbl const& row2)
     {
         return *this = Mat3Dbl(row0, row1, row2); // an argument may be one of our own rows
     }
+    /// Copies the rows to the arguments.
     VEXOR_INLINE void GetValue(Vec3Dbl& row0, Vec3Dbl& row1, Vec3Dbl& row2)
     {
         Mat3Dbl const copy(*this); // an argument may be one of our own rows
@@ -127,7 +135,9 @@ public:
         SetValue(0.0);
         return SetDiagonal(1.0);
     }
+    /// Transposes in place.
     VEXOR_INLINE Mat3Dbl& Transpose() { return *this = GetTransposedCopy(); }
+    /// The transposed copy.
     VEXOR_INLINE Mat3Dbl GetTransposedCopy() const
     {
         return Mat3Dbl(Vec3Dbl(rows[0].x, rows[1].x, rows[2].x), Vec3Dbl(rows[0].y, rows[1].y, rows[2].y),
@@ -141,6 +151,7 @@ public:
         rows[2].Negate();
         return *this;
     }
+    /// The negated copy.
     VEXOR_INLINE Mat3Dbl GetNegatedCopy() const { return Mat3Dbl(-rows[0], -rows[1], -rows[2]); }
     /// The sum of the rows, (row 0 + row 1) + row 2: each component is the sum down a column.
     VEXOR_INLINE Vec3Dbl RowSum() { return (rows[0] + rows[1]) + rows[2]; }
@@ -154,10 +165,12 @@ public:
     {
         return rows[0] == other.rows[0] && rows[1] == other.rows[1] && rows[2] == other.rows[2];
     }
+    /// The exact negation of `operator==`.
     VEXOR_INLINE int operator!=(Mat3Dbl const& other) const { return !(*this == other); }
 
     // ---- Arithmetic, element by element ------------------------------------------------------
 
+    /// Multiplies each element by the scalar.
     VEXOR_INLINE Mat3Dbl& operator*=(double scalar)
     {
         rows[0] *= scalar;
@@ -173,6 +186,7 @@ public:
         rows[2] /= scalar;
         return *this;
     }
+    /// Adds element by element.
     VEXOR_INLINE Mat3Dbl& operator+=(Mat3Dbl const& other)
     {
         rows[0] += other.rows[0];
@@ -180,6 +194,7 @@ public:
         rows[2] += other.rows[2];
         return *this;
     }
+    /// Subtracts element by element.
     VEXOR_INLINE Mat3Dbl& operator-=(Mat3Dbl const& other)
     {
         rows[0] -= other.rows[0];
@@ -205,6 +220,7 @@ public:
     /// on a matrix that was never factorised, on a copy, after `Invert` or after any change of the
     /// elements the result has no meaning.
     VEXOR_API void ReSolve(Vec3Dbl& rightSide);
+    /// As above for `count` right-hand sides, 1 or 3.
     VEXOR_API void ReSolve(Vec3Dbl* const rightSides, int count);
     /// Replaces the matrix by its inverse. Raises `VexorSingular`, the matrix left as in `Solve`.
     VEXOR_API Mat3Dbl& Invert();

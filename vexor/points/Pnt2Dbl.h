@@ -22,9 +22,11 @@ public:
     VEXOR_INLINE Pnt2Dbl() { vexor::detail::LeaveUnset(x, y); }
     /// Both coordinates take the value.
     VEXOR_INLINE Pnt2Dbl(double value) : x(value), y(value) {}
+    /// The coordinates, in order.
     VEXOR_INLINE Pnt2Dbl(double x0, double y0) : x(x0), y(y0) {}
     /// Copies two doubles from the array.
     VEXOR_INLINE Pnt2Dbl(double* values) : x(values[0]), y(values[1]) {}
+    /// Copies.
     Pnt2Dbl(Pnt2Dbl const&) = default;
     /// The point that the vector leads to from the origin.
     VEXOR_INLINE Pnt2Dbl(Vec2Dbl const& vector) : x(vector.x), y(vector.y) {}
@@ -36,7 +38,9 @@ public:
 
     // ---- Assignment and access ---------------------------------------------------------------
 
+    /// Copies.
     Pnt2Dbl& operator=(Pnt2Dbl const&) = default;
+    /// Takes the vector's components as coordinates.
     VEXOR_INLINE Pnt2Dbl& operator=(Vec2Dbl const& vector) { return SetValue(vector.x, vector.y); }
     /// Widens each coordinate exactly. Comes with Pnt2Flt.h.
     VEXOR_INLINE Pnt2Dbl& operator=(Pnt2Flt const& other);
@@ -45,6 +49,7 @@ public:
 
     /// Both coordinates take the value.
     VEXOR_INLINE Pnt2Dbl& SetValue(double value) { return SetValue(value, value); }
+    /// Sets the coordinates, in order.
     VEXOR_INLINE Pnt2Dbl& SetValue(double x0, double y0)
     {
         x = x0;
@@ -61,6 +66,7 @@ public:
         x0 = copy[0];
         y0 = copy[1];
     }
+    /// Writes the coordinates to the array, in order.
     VEXOR_INLINE void GetValue(double* const values) const
     {
         double const copy[2] = {x, y}; // the array may overlap this object
@@ -70,12 +76,14 @@ public:
 
     /// The coordinate of the index 0 or 1, which is not checked.
     VEXOR_INLINE double& operator[](int index) { return vexor::detail::ElementOf<double, 2>(*this, index); }
+    /// The same, read-only.
     VEXOR_INLINE double const& operator[](int index) const
     {
         return vexor::detail::ElementOf<double const, 2>(*this, index);
     }
     /// The same operation as `operator[]`.
     VEXOR_INLINE double& operator()(int index) { return (*this)[index]; }
+    /// The same, read-only.
     VEXOR_INLINE double const& operator()(int index) const { return (*this)[index]; }
 
     /// The vector from the origin to this point.
@@ -99,10 +107,14 @@ public:
     {
         return Pnt2Dbl(x - vector.x, y - vector.y);
     }
+    /// Adds coordinate by coordinate.
     VEXOR_INLINE Pnt2Dbl& operator+=(Pnt2Dbl const& other) { return SetValue(x + other.x, y + other.y); }
+    /// Adds coordinate by coordinate.
     VEXOR_INLINE Pnt2Dbl& operator+=(Vec2Dbl const& vector) { return SetValue(x + vector.x, y + vector.y); }
     // No operator-= takes a point: what it would yield is a vector.
+    /// Subtracts coordinate by coordinate.
     VEXOR_INLINE Pnt2Dbl& operator-=(Vec2Dbl const& vector) { return SetValue(x - vector.x, y - vector.y); }
+    /// Multiplies each coordinate by the scalar.
     VEXOR_INLINE Pnt2Dbl& operator*=(double scalar) { return SetValue(x * scalar, y * scalar); }
     /// Two divisions, unlike the free `operator/`, which multiplies by a reciprocal.
     VEXOR_INLINE Pnt2Dbl& operator/=(double scalar) { return SetValue(x / scalar, y / scalar); }
@@ -122,6 +134,7 @@ public:
 
     /// Exact, coordinate by coordinate; a NaN is unequal to everything.
     VEXOR_INLINE int operator==(Pnt2Dbl const& other) const { return int(x == other.x) & int(y == other.y); }
+    /// The exact negation of `operator==`.
     VEXOR_INLINE int operator!=(Pnt2Dbl const& other) const { return !(*this == other); }
     /// Strict lexicographic order: the first coordinate that is not equal decides. A NaN there gives 0.
     /// The result is an int here and a bool on `Pnt3Dbl`: callers may store or add it as such.

@@ -22,9 +22,11 @@ public:
     VEXOR_INLINE Pnt2Flt() { vexor::detail::LeaveUnset(x, y); }
     /// Both coordinates take the value.
     VEXOR_INLINE Pnt2Flt(float value) : x(value), y(value) {}
+    /// The coordinates, in order.
     VEXOR_INLINE Pnt2Flt(float x0, float y0) : x(x0), y(y0) {}
     /// Copies two floats from the array.
     VEXOR_INLINE Pnt2Flt(float* values) : x(values[0]), y(values[1]) {}
+    /// Copies.
     Pnt2Flt(Pnt2Flt const&) = default;
     /// The point that the vector leads to from the origin.
     VEXOR_INLINE Pnt2Flt(Vec2Flt const& vector) : x(vector.x), y(vector.y) {}
@@ -32,7 +34,9 @@ public:
 
     // ---- Assignment and access ---------------------------------------------------------------
 
+    /// Copies.
     Pnt2Flt& operator=(Pnt2Flt const&) = default;
+    /// Takes the vector's components as coordinates.
     VEXOR_INLINE Pnt2Flt& operator=(Vec2Flt const& vector) { return SetValue(vector.x, vector.y); }
     /// Rounds each coordinate to single.
     VEXOR_INLINE Pnt2Flt& operator=(Pnt2Dbl const& other)
@@ -49,6 +53,7 @@ public:
 
     /// Both coordinates take the value.
     VEXOR_INLINE Pnt2Flt& SetValue(float value) { return SetValue(value, value); }
+    /// Sets the coordinates, in order.
     VEXOR_INLINE Pnt2Flt& SetValue(float x0, float y0)
     {
         x = x0;
@@ -65,6 +70,7 @@ public:
         x0 = copy[0];
         y0 = copy[1];
     }
+    /// Writes the coordinates to the array, in order.
     VEXOR_INLINE void GetValue(float* const values) const
     {
         float const copy[2] = {x, y}; // the array may overlap this object
@@ -74,12 +80,14 @@ public:
 
     /// The coordinate of the index 0 or 1, which is not checked.
     VEXOR_INLINE float& operator[](int index) { return vexor::detail::ElementOf<float, 2>(*this, index); }
+    /// The same, read-only.
     VEXOR_INLINE float const& operator[](int index) const
     {
         return vexor::detail::ElementOf<float const, 2>(*this, index);
     }
     /// The same operation as `operator[]`.
     VEXOR_INLINE float& operator()(int index) { return (*this)[index]; }
+    /// The same, read-only.
     VEXOR_INLINE float const& operator()(int index) const { return (*this)[index]; }
 
     /// The vector from the origin to this point.
@@ -142,6 +150,7 @@ public:
 
     /// Exact, coordinate by coordinate; a NaN is unequal to everything.
     VEXOR_INLINE int operator==(Pnt2Flt const& other) const { return int(x == other.x) & int(y == other.y); }
+    /// The exact negation of `operator==`.
     VEXOR_INLINE int operator!=(Pnt2Flt const& other) const { return !(*this == other); }
     /// Within the distance `tolerance` of the other, inclusive: a plain length. It is a double, unlike
     /// that of `Pnt3Flt`, and its square is not rounded to single; the squared distance is, at every

@@ -21,9 +21,11 @@ public:
     VEXOR_INLINE Pnt3Flt() { vexor::detail::LeaveUnset(x, y, z); }
     /// All three coordinates take the value.
     VEXOR_INLINE Pnt3Flt(float value) : x(value), y(value), z(value) {}
+    /// The coordinates, in order.
     VEXOR_INLINE Pnt3Flt(float x0, float y0, float z0) : x(x0), y(y0), z(z0) {}
     /// Copies three floats from the array.
     VEXOR_INLINE Pnt3Flt(float* values) : x(values[0]), y(values[1]), z(values[2]) {}
+    /// Copies.
     Pnt3Flt(Pnt3Flt const&) = default;
     /// The point that the vector leads to from the origin.
     VEXOR_INLINE Pnt3Flt(Vec3Flt const& vector) : x(vector.x), y(vector.y), z(vector.z) {}
@@ -31,7 +33,9 @@ public:
 
     // ---- Assignment and access ---------------------------------------------------------------
 
+    /// Copies.
     Pnt3Flt& operator=(Pnt3Flt const&) = default;
+    /// Takes the vector's components as coordinates.
     VEXOR_INLINE Pnt3Flt& operator=(Vec3Flt const& vector) { return SetValue(vector.x, vector.y, vector.z); }
     /// Rounds each coordinate to single.
     VEXOR_INLINE Pnt3Flt& operator=(Pnt3Dbl const& other)
@@ -48,6 +52,7 @@ public:
 
     /// All three coordinates take the value.
     VEXOR_INLINE Pnt3Flt& SetValue(float value) { return SetValue(value, value, value); }
+    /// Sets the coordinates, in order.
     VEXOR_INLINE Pnt3Flt& SetValue(float x0, float y0, float z0)
     {
         x = x0;
@@ -69,6 +74,7 @@ public:
         y0 = copy[1];
         z0 = copy[2];
     }
+    /// Writes the coordinates to the array, in order.
     VEXOR_INLINE void GetValue(float* const values) const
     {
         float const copy[3] = {x, y, z}; // the array may overlap this object
@@ -79,12 +85,14 @@ public:
 
     /// The coordinate of the index 0, 1 or 2, which is not checked.
     VEXOR_INLINE float& operator[](int index) { return vexor::detail::ElementOf<float, 3>(*this, index); }
+    /// The same, read-only.
     VEXOR_INLINE float const& operator[](int index) const
     {
         return vexor::detail::ElementOf<float const, 3>(*this, index);
     }
     /// The same operation as `operator[]`.
     VEXOR_INLINE float& operator()(int index) { return (*this)[index]; }
+    /// The same, read-only.
     VEXOR_INLINE float const& operator()(int index) const { return (*this)[index]; }
 
     /// The vector from the origin to this point.
@@ -112,19 +120,23 @@ public:
     {
         return Pnt3Flt(x - vector.x, y - vector.y, z - vector.z);
     }
+    /// Adds coordinate by coordinate.
     VEXOR_INLINE Pnt3Flt& operator+=(Pnt3Flt const& other)
     {
         return SetValue(x + other.x, y + other.y, z + other.z);
     }
+    /// Adds coordinate by coordinate.
     VEXOR_INLINE Pnt3Flt& operator+=(Vec3Flt const& vector)
     {
         return SetValue(x + vector.x, y + vector.y, z + vector.z);
     }
     // No operator-= takes a point: what it would yield is a vector.
+    /// Subtracts coordinate by coordinate.
     VEXOR_INLINE Pnt3Flt& operator-=(Vec3Flt const& vector)
     {
         return SetValue(x - vector.x, y - vector.y, z - vector.z);
     }
+    /// Multiplies each coordinate by the scalar.
     VEXOR_INLINE Pnt3Flt& operator*=(float scalar) { return SetValue(x * scalar, y * scalar, z * scalar); }
     /// Three divisions, unlike the free `operator/`, which multiplies by a reciprocal.
     VEXOR_INLINE Pnt3Flt& operator/=(float scalar) { return SetValue(x / scalar, y / scalar, z / scalar); }
@@ -151,6 +163,7 @@ public:
     {
         return int(x == other.x) & int(y == other.y) & int(z == other.z);
     }
+    /// The exact negation of `operator==`.
     VEXOR_INLINE int operator!=(Pnt3Flt const& other) const { return !(*this == other); }
     /// Strict lexicographic order: the first coordinate that is not equal decides. A NaN there gives
     /// false.

@@ -41,6 +41,7 @@ public:
 
     /// The identity, (0, 0, 0, 1).
     VEXOR_INLINE Quaternion() : u(0.0), v(0.0), w(0.0), s(1.0) {}
+    /// Copies.
     Quaternion(Quaternion const&) = default;
     /// As `SetAxisAngle`: an axis and an angle, not the four components that `SetValue` takes.
     VEXOR_INLINE Quaternion(double x, double y, double z, double angle, int normalize)
@@ -58,6 +59,7 @@ public:
 
     // ---- Assignment and access ---------------------------------------------------------------
 
+    /// Copies.
     Quaternion& operator=(Quaternion const&) = default;
 
     /// Component 0, 1 or 2 of the vector part; every index from 3 up is the scalar. A negative index is
@@ -66,6 +68,7 @@ public:
     {
         return vexor::detail::ElementOf<double, 4>(*this, index < 3 ? index : 3);
     }
+    /// The same, read-only.
     VEXOR_INLINE double const& operator[](int index) const
     {
         return vexor::detail::ElementOf<double const, 4>(*this, index < 3 ? index : 3);
@@ -78,6 +81,7 @@ public:
     {
         return u == other.u && v == other.v && w == other.w && s == other.s;
     }
+    /// The exact negation of `operator==`.
     VEXOR_INLINE bool operator!=(Quaternion const& other) const { return !(*this == other); }
     /// Strict lexicographic order of (u, v, w, s): the first component that is not equal decides. A NaN
     /// there gives false.
@@ -90,6 +94,7 @@ public:
 
     // ---- Components --------------------------------------------------------------------------
 
+    /// The scalar part. Deliberately not const.
     VEXOR_INLINE double GetSParam() { return s; }
     /// A copy of the vector part.
     VEXOR_INLINE Vec3Dbl GetUvwParam() { return Vec3Dbl(u, v, w); }
@@ -197,6 +202,7 @@ public:
 
     /// (axis·sin(angle/2), cos(angle/2)). The angle is not wrapped: 2π gives s = −1.
     VEXOR_API Quaternion& SetAxisAngle(double x, double y, double z, double angle, int normalize);
+    /// As above, with the axis as a vector.
     VEXOR_INLINE Quaternion& SetAxisAngle(Vec3Dbl const& axis, double angle, int normalize)
     {
         return SetAxisAngle(axis.x, axis.y, axis.z, angle, normalize);
@@ -241,8 +247,11 @@ public:
     }
     /// Row 0, 1 or 2 of the rotation: that column of the conjugate.
     VEXOR_INLINE Vec3Dbl GetRow(int index) const { return Inverse().GetCol(index); }
+    /// The rotated X axis, `GetCol(0)`.
     VEXOR_INLINE Vec3Dbl XAxis() const { return GetCol(0); }
+    /// The rotated Y axis, `GetCol(1)`.
     VEXOR_INLINE Vec3Dbl YAxis() const { return GetCol(1); }
+    /// The rotated Z axis, `GetCol(2)`.
     VEXOR_INLINE Vec3Dbl ZAxis() const { return GetCol(2); }
 
     // ---- Euler angles ------------------------------------------------------------------------

@@ -24,9 +24,11 @@ public:
     VEXOR_INLINE Vec2Dbl() { vexor::detail::LeaveUnset(x, y); }
     /// Both components take the value.
     VEXOR_INLINE Vec2Dbl(double value) : x(value), y(value) {}
+    /// The components, in order.
     VEXOR_INLINE Vec2Dbl(double x0, double y0) : x(x0), y(y0) {}
     /// Copies two doubles from the array.
     VEXOR_INLINE Vec2Dbl(double* values) : x(values[0]), y(values[1]) {}
+    /// Copies.
     Vec2Dbl(Vec2Dbl const&) = default;
     /// Widens each component exactly. Comes with Vec2Flt.h.
     VEXOR_INLINE Vec2Dbl(Vec2Flt const& other);
@@ -34,6 +36,7 @@ public:
 
     // ---- Assignment and access ---------------------------------------------------------------
 
+    /// Copies.
     Vec2Dbl& operator=(Vec2Dbl const&) = default;
     /// Widens each component exactly. Comes with Vec2Flt.h.
     VEXOR_INLINE Vec2Dbl& operator=(Vec2Flt const& other);
@@ -44,6 +47,7 @@ public:
 
     /// Both components take the value.
     VEXOR_INLINE Vec2Dbl& SetValue(double value) { return SetValue(value, value); }
+    /// Sets the components, in order.
     VEXOR_INLINE Vec2Dbl& SetValue(double x0, double y0)
     {
         x = x0;
@@ -53,22 +57,26 @@ public:
     /// Copies two doubles from the array.
     VEXOR_INLINE Vec2Dbl& SetValue(double const* const values) { return SetValue(values[0], values[1]); }
 
+    /// Writes the components to the arguments, in order.
     VEXOR_INLINE void GetValue(double& x0, double& y0) const
     {
         double const copy[2] = {x, y}; // an argument may be one of our own components
         x0 = copy[0];
         y0 = copy[1];
     }
+    /// Writes the components to the array, in order.
     VEXOR_INLINE void GetValue(double* const values) const { GetValue(values[0], values[1]); }
 
     /// The component of the index 0 or 1, which is not checked.
     VEXOR_INLINE double& operator[](int index) { return vexor::detail::ElementOf<double, 2>(*this, index); }
+    /// The same, read-only.
     VEXOR_INLINE double const& operator[](int index) const
     {
         return vexor::detail::ElementOf<double const, 2>(*this, index);
     }
     /// The same operation as `operator[]`.
     VEXOR_INLINE double& operator()(int index) { return (*this)[index]; }
+    /// The same, read-only.
     VEXOR_INLINE double const& operator()(int index) const { return (*this)[index]; }
 
     /// Rounds each component to single. Comes with Vec2Flt.h.
@@ -76,13 +84,17 @@ public:
 
     // ---- Arithmetic --------------------------------------------------------------------------
 
+    /// Multiplies each component by the scalar.
     VEXOR_INLINE Vec2Dbl& operator*=(double scalar) { return SetValue(x * scalar, y * scalar); }
     /// Two divisions, unlike the free `operator/`, which multiplies by a reciprocal.
     VEXOR_INLINE Vec2Dbl& operator/=(double scalar) { return SetValue(x / scalar, y / scalar); }
+    /// Adds component by component.
     VEXOR_INLINE Vec2Dbl& operator+=(Vec2Dbl const& other) { return SetValue(x + other.x, y + other.y); }
+    /// Subtracts component by component.
     VEXOR_INLINE Vec2Dbl& operator-=(Vec2Dbl const& other) { return SetValue(x - other.x, y - other.y); }
     /// Flips the sign of each component; 0 becomes −0.
     VEXOR_INLINE Vec2Dbl& Negate() { return SetValue(-x, -y); }
+    /// The negated copy.
     VEXOR_INLINE Vec2Dbl GetNegatedCopy() const { return Vec2Dbl(-x, -y); }
 
     // ---- Products ----------------------------------------------------------------------------
@@ -131,25 +143,33 @@ public:
     // Of equal candidates y wins, index 1, for maximum and minimum alike, and so does it where one of
     // the two is a NaN. Absolute values are formed as v if v > 0, else −v, so that of (0, 0) is −0.
 
+    /// The largest component.
     VEXOR_INLINE double MaxValue() const { return vexor::detail::MaxOfTwo(x, y); }
+    /// The smallest component.
     VEXOR_INLINE double MinValue() const { return vexor::detail::MinOfTwo(x, y); }
+    /// The largest absolute value.
     VEXOR_INLINE double MaxAbsValue() const
     {
         using vexor::detail::Magnitude;
         return vexor::detail::MaxOfTwo(Magnitude(x), Magnitude(y));
     }
+    /// The smallest absolute value.
     VEXOR_INLINE double MinAbsValue() const
     {
         using vexor::detail::Magnitude;
         return vexor::detail::MinOfTwo(Magnitude(x), Magnitude(y));
     }
+    /// The index of the largest component.
     VEXOR_INLINE int MaxValueIdx() const { return vexor::detail::MaxIndexOfTwo(x, y); }
+    /// The index of the smallest component.
     VEXOR_INLINE int MinValueIdx() const { return vexor::detail::MinIndexOfTwo(x, y); }
+    /// The index of the largest absolute value.
     VEXOR_INLINE int MaxAbsValueIdx() const
     {
         using vexor::detail::Magnitude;
         return vexor::detail::MaxIndexOfTwo(Magnitude(x), Magnitude(y));
     }
+    /// The index of the smallest absolute value.
     VEXOR_INLINE int MinAbsValueIdx() const
     {
         using vexor::detail::Magnitude;
@@ -167,6 +187,7 @@ public:
     }
     /// Exact, component by component; a NaN is unequal to everything.
     VEXOR_INLINE int operator==(Vec2Dbl const& other) const { return int(x == other.x) & int(y == other.y); }
+    /// The exact negation of `operator==`.
     VEXOR_INLINE int operator!=(Vec2Dbl const& other) const { return !(*this == other); }
     /// Strict lexicographic order: the first component that is not equal decides. A NaN there gives 0.
     VEXOR_INLINE int operator<(Vec2Dbl const& other) const

@@ -20,14 +20,17 @@ public:
     VEXOR_INLINE Vec2Flt() { vexor::detail::LeaveUnset(x, y); }
     /// Both components take the value.
     VEXOR_INLINE Vec2Flt(float value) : x(value), y(value) {}
+    /// The components, in order.
     VEXOR_INLINE Vec2Flt(float x0, float y0) : x(x0), y(y0) {}
     /// Copies two floats from the array.
     VEXOR_INLINE Vec2Flt(float* values) : x(values[0]), y(values[1]) {}
+    /// Copies.
     Vec2Flt(Vec2Flt const&) = default;
     ~Vec2Flt() = default;
 
     // ---- Assignment and access ---------------------------------------------------------------
 
+    /// Copies.
     Vec2Flt& operator=(Vec2Flt const&) = default;
     /// Rounds each component to single.
     VEXOR_INLINE Vec2Flt& operator=(Vec2Dbl const& other)
@@ -42,6 +45,7 @@ public:
 
     /// Both components take the value.
     VEXOR_INLINE Vec2Flt& SetValue(float value) { return SetValue(value, value); }
+    /// Sets the components, in order.
     VEXOR_INLINE Vec2Flt& SetValue(float x0, float y0)
     {
         x = x0;
@@ -51,33 +55,41 @@ public:
     /// Copies two floats from the array.
     VEXOR_INLINE Vec2Flt& SetValue(float const* const values) { return SetValue(values[0], values[1]); }
 
+    /// Writes the components to the arguments, in order.
     VEXOR_INLINE void GetValue(float& x0, float& y0) const
     {
         float const copy[2] = {x, y}; // an argument may be one of our own components
         x0 = copy[0];
         y0 = copy[1];
     }
+    /// Writes the components to the array, in order.
     VEXOR_INLINE void GetValue(float* const values) const { GetValue(values[0], values[1]); }
 
     /// The component of the index 0 or 1, which is not checked.
     VEXOR_INLINE float& operator[](int index) { return vexor::detail::ElementOf<float, 2>(*this, index); }
+    /// The same, read-only.
     VEXOR_INLINE float const& operator[](int index) const
     {
         return vexor::detail::ElementOf<float const, 2>(*this, index);
     }
     /// The same operation as `operator[]`.
     VEXOR_INLINE float& operator()(int index) { return (*this)[index]; }
+    /// The same, read-only.
     VEXOR_INLINE float const& operator()(int index) const { return (*this)[index]; }
 
     // ---- Arithmetic: each component rounded once ---------------------------------------------
 
+    /// Multiplies each component by the scalar.
     VEXOR_INLINE Vec2Flt& operator*=(float scalar) { return SetValue(x * scalar, y * scalar); }
     /// Two divisions, unlike the free `operator/`, which multiplies by a reciprocal.
     VEXOR_INLINE Vec2Flt& operator/=(float scalar) { return SetValue(x / scalar, y / scalar); }
+    /// Adds component by component.
     VEXOR_INLINE Vec2Flt& operator+=(Vec2Flt const& other) { return SetValue(x + other.x, y + other.y); }
+    /// Subtracts component by component.
     VEXOR_INLINE Vec2Flt& operator-=(Vec2Flt const& other) { return SetValue(x - other.x, y - other.y); }
     /// Flips the sign of each component; 0 becomes −0.
     VEXOR_INLINE Vec2Flt& Negate() { return SetValue(-x, -y); }
+    /// The negated copy.
     VEXOR_INLINE Vec2Flt GetNegatedCopy() const { return Vec2Flt(-x, -y); }
 
     // ---- Products ----------------------------------------------------------------------------
@@ -127,25 +139,33 @@ public:
 
     // ---- Extremes: rules and ties as in Vec2Dbl ------------------------------------------------
 
+    /// The largest component.
     VEXOR_INLINE float MaxValue() const { return vexor::detail::MaxOfTwo(x, y); }
+    /// The smallest component.
     VEXOR_INLINE float MinValue() const { return vexor::detail::MinOfTwo(x, y); }
+    /// The largest absolute value.
     VEXOR_INLINE float MaxAbsValue() const
     {
         using vexor::detail::Magnitude;
         return vexor::detail::MaxOfTwo(Magnitude(x), Magnitude(y));
     }
+    /// The smallest absolute value.
     VEXOR_INLINE float MinAbsValue() const
     {
         using vexor::detail::Magnitude;
         return vexor::detail::MinOfTwo(Magnitude(x), Magnitude(y));
     }
+    /// The index of the largest component.
     VEXOR_INLINE int MaxValueIdx() const { return vexor::detail::MaxIndexOfTwo(x, y); }
+    /// The index of the smallest component.
     VEXOR_INLINE int MinValueIdx() const { return vexor::detail::MinIndexOfTwo(x, y); }
+    /// The index of the largest absolute value.
     VEXOR_INLINE int MaxAbsValueIdx() const
     {
         using vexor::detail::Magnitude;
         return vexor::detail::MaxIndexOfTwo(Magnitude(x), Magnitude(y));
     }
+    /// The index of the smallest absolute value.
     VEXOR_INLINE int MinAbsValueIdx() const
     {
         using vexor::detail::Magnitude;
@@ -164,6 +184,7 @@ public:
     }
     /// Exact, component by component; a NaN is unequal to everything.
     VEXOR_INLINE int operator==(Vec2Flt const& other) const { return int(x == other.x) & int(y == other.y); }
+    /// The exact negation of `operator==`.
     VEXOR_INLINE int operator!=(Vec2Flt const& other) const { return !(*this == other); }
     /// Both components less than or equal to the other's: not strict, and no order.
     VEXOR_INLINE int IsLessThan(Vec2Flt const& other) const { return int(x <= other.x) & int(y <= other.y); }

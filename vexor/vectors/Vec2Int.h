@@ -21,18 +21,22 @@ public:
     VEXOR_INLINE Vec2Int() { vexor::detail::LeaveUnset(x, y); }
     /// Both components take the value.
     VEXOR_INLINE Vec2Int(int value) : x(value), y(value) {}
+    /// The components, in order.
     VEXOR_INLINE Vec2Int(int x0, int y0) : x(x0), y(y0) {}
     /// Copies two ints from the array.
     VEXOR_INLINE Vec2Int(int* values) : x(values[0]), y(values[1]) {}
+    /// Copies.
     Vec2Int(Vec2Int const&) = default;
     ~Vec2Int() = default;
 
     // ---- Assignment and access ---------------------------------------------------------------
 
+    /// Copies.
     Vec2Int& operator=(Vec2Int const&) = default;
 
     /// Both components take the value.
     VEXOR_INLINE Vec2Int& SetValue(int value) { return SetValue(value, value); }
+    /// Sets the components, in order.
     VEXOR_INLINE Vec2Int& SetValue(int x0, int y0)
     {
         x = x0;
@@ -42,36 +46,43 @@ public:
     /// Copies two ints from the array.
     VEXOR_INLINE Vec2Int& SetValue(int const* const values) { return SetValue(values[0], values[1]); }
 
+    /// Writes the components to the arguments, in order.
     VEXOR_INLINE void GetValue(int& x0, int& y0) const
     {
         int const copy[2] = {x, y}; // an argument may be one of our own components
         x0 = copy[0];
         y0 = copy[1];
     }
+    /// Writes the components to the array, in order.
     VEXOR_INLINE void GetValue(int* const values) const { GetValue(values[0], values[1]); }
 
     /// The component of the index 0 or 1, which is not checked.
     VEXOR_INLINE int& operator[](int index) { return vexor::detail::ElementOf<int, 2>(*this, index); }
+    /// The same, read-only.
     VEXOR_INLINE int const& operator[](int index) const
     {
         return vexor::detail::ElementOf<int const, 2>(*this, index);
     }
     /// The same operation as `operator[]`.
     VEXOR_INLINE int& operator()(int index) { return (*this)[index]; }
+    /// The same, read-only.
     VEXOR_INLINE int const& operator()(int index) const { return (*this)[index]; }
 
     // ---- Arithmetic, all of it wrapping ------------------------------------------------------
 
+    /// Multiplies each component by the scalar.
     VEXOR_INLINE Vec2Int& operator*=(int scalar)
     {
         using vexor::detail::WrappedProduct;
         return SetValue(WrappedProduct(x, scalar), WrappedProduct(y, scalar));
     }
+    /// Adds component by component.
     VEXOR_INLINE Vec2Int& operator+=(Vec2Int const& other)
     {
         using vexor::detail::WrappedSum;
         return SetValue(WrappedSum(x, other.x), WrappedSum(y, other.y));
     }
+    /// Subtracts component by component.
     VEXOR_INLINE Vec2Int& operator-=(Vec2Int const& other)
     {
         using vexor::detail::WrappedDifference;
@@ -79,6 +90,7 @@ public:
     }
     /// The most negative int stays itself.
     VEXOR_INLINE Vec2Int& Negate() { return *this = GetNegatedCopy(); }
+    /// The negated copy.
     VEXOR_INLINE Vec2Int GetNegatedCopy() const
     {
         using vexor::detail::WrappedNegation;
@@ -114,25 +126,33 @@ public:
     // Of equal candidates y wins, index 1, as in Vec2Dbl. The magnitude of the most negative int is
     // that same negative number, and is compared as such.
 
+    /// The largest component.
     VEXOR_INLINE int MaxValue() const { return vexor::detail::MaxOfTwo(x, y); }
+    /// The smallest component.
     VEXOR_INLINE int MinValue() const { return vexor::detail::MinOfTwo(x, y); }
+    /// The largest absolute value.
     VEXOR_INLINE int MaxAbsValue() const
     {
         using vexor::detail::WrappedMagnitude;
         return vexor::detail::MaxOfTwo(WrappedMagnitude(x), WrappedMagnitude(y));
     }
+    /// The smallest absolute value.
     VEXOR_INLINE int MinAbsValue() const
     {
         using vexor::detail::WrappedMagnitude;
         return vexor::detail::MinOfTwo(WrappedMagnitude(x), WrappedMagnitude(y));
     }
+    /// The index of the largest component.
     VEXOR_INLINE int MaxValueIdx() const { return vexor::detail::MaxIndexOfTwo(x, y); }
+    /// The index of the smallest component.
     VEXOR_INLINE int MinValueIdx() const { return vexor::detail::MinIndexOfTwo(x, y); }
+    /// The index of the largest absolute value.
     VEXOR_INLINE int MaxAbsValueIdx() const
     {
         using vexor::detail::WrappedMagnitude;
         return vexor::detail::MaxIndexOfTwo(WrappedMagnitude(x), WrappedMagnitude(y));
     }
+    /// The index of the smallest absolute value.
     VEXOR_INLINE int MinAbsValueIdx() const
     {
         using vexor::detail::WrappedMagnitude;
@@ -146,7 +166,9 @@ public:
     VEXOR_INLINE int IsNull() const { return int(x == 0) & int(y == 0); }
     /// The same operation as `IsNull`: it takes no tolerance.
     VEXOR_INLINE int IsZeroLength() const { return IsNull(); }
+    /// Exact, field by field.
     VEXOR_INLINE int operator==(Vec2Int const& other) const { return int(x == other.x) & int(y == other.y); }
+    /// The exact negation of `operator==`.
     VEXOR_INLINE int operator!=(Vec2Int const& other) const { return !(*this == other); }
     /// Whether the difference of the two is null. It takes no tolerance, and however the difference
     /// wraps, it is null for equal vectors alone: the same answer as `operator==`.

@@ -37,9 +37,11 @@ public:
     VEXOR_INLINE Vec3Dbl() { vexor::detail::LeaveUnset(x, y, z); }
     /// All three components take the value.
     VEXOR_INLINE Vec3Dbl(double value) : x(value), y(value), z(value) {}
+    /// The components, in order.
     VEXOR_INLINE Vec3Dbl(double x0, double y0, double z0) : x(x0), y(y0), z(z0) {}
     /// Copies three doubles from the array.
     VEXOR_INLINE Vec3Dbl(double* values) : x(values[0]), y(values[1]), z(values[2]) {}
+    /// Copies.
     Vec3Dbl(Vec3Dbl const&) = default;
     /// Widens each component exactly. Comes with Vec3Flt.h.
     VEXOR_INLINE Vec3Dbl(Vec3Flt const& other);
@@ -49,6 +51,7 @@ public:
 
     // ---- Assignment and access ---------------------------------------------------------------
 
+    /// Copies.
     Vec3Dbl& operator=(Vec3Dbl const&) = default;
     /// Widens each component exactly. Comes with Vec3Flt.h.
     VEXOR_INLINE Vec3Dbl& operator=(Vec3Flt const& other);
@@ -59,6 +62,7 @@ public:
 
     /// All three components take the value.
     VEXOR_INLINE Vec3Dbl& SetValue(double value) { return SetValue(value, value, value); }
+    /// Sets the components, in order.
     VEXOR_INLINE Vec3Dbl& SetValue(double x0, double y0, double z0)
     {
         x = x0;
@@ -72,6 +76,7 @@ public:
         return SetValue(values[0], values[1], values[2]);
     }
 
+    /// Writes the components to the arguments, in order.
     VEXOR_INLINE void GetValue(double& x0, double& y0, double& z0) const
     {
         double const copy[3] = {x, y, z}; // an argument may be one of our own components
@@ -79,16 +84,19 @@ public:
         y0 = copy[1];
         z0 = copy[2];
     }
+    /// Writes the components to the array, in order.
     VEXOR_INLINE void GetValue(double* const values) const { GetValue(values[0], values[1], values[2]); }
 
     /// The component of the index 0, 1 or 2, which is not checked.
     VEXOR_INLINE double& operator[](int index) { return vexor::detail::ElementOf<double, 3>(*this, index); }
+    /// The same, read-only.
     VEXOR_INLINE double const& operator[](int index) const
     {
         return vexor::detail::ElementOf<double const, 3>(*this, index);
     }
     /// The same operation as `operator[]`.
     VEXOR_INLINE double& operator()(int index) { return (*this)[index]; }
+    /// The same, read-only.
     VEXOR_INLINE double const& operator()(int index) const { return (*this)[index]; }
 
     /// Rounds each component to single. Comes with Vec3Flt.h.
@@ -96,19 +104,23 @@ public:
 
     // ---- Arithmetic --------------------------------------------------------------------------
 
+    /// Multiplies each component by the scalar.
     VEXOR_INLINE Vec3Dbl& operator*=(double scalar) { return SetValue(x * scalar, y * scalar, z * scalar); }
     /// Three divisions, unlike the free `operator/`, which multiplies by a reciprocal.
     VEXOR_INLINE Vec3Dbl& operator/=(double scalar) { return SetValue(x / scalar, y / scalar, z / scalar); }
+    /// Adds component by component.
     VEXOR_INLINE Vec3Dbl& operator+=(Vec3Dbl const& other)
     {
         return SetValue(x + other.x, y + other.y, z + other.z);
     }
+    /// Subtracts component by component.
     VEXOR_INLINE Vec3Dbl& operator-=(Vec3Dbl const& other)
     {
         return SetValue(x - other.x, y - other.y, z - other.z);
     }
     /// Flips the sign of each component; 0 becomes −0.
     VEXOR_INLINE Vec3Dbl& Negate() { return SetValue(-x, -y, -z); }
+    /// The negated copy.
     VEXOR_INLINE Vec3Dbl GetNegatedCopy() const { return Vec3Dbl(-x, -y, -z); }
 
     // ---- Products ----------------------------------------------------------------------------
@@ -166,25 +178,33 @@ public:
     // Of equal candidates the later index wins, for maximum and minimum alike. Absolute values are
     // formed as v if v > 0, else −v, so that of (0, 0, 0) is −0.
 
+    /// The largest component.
     VEXOR_INLINE double MaxValue() const { return vexor::detail::MaxOfThree(x, y, z); }
+    /// The smallest component.
     VEXOR_INLINE double MinValue() const { return vexor::detail::MinOfThree(x, y, z); }
+    /// The largest absolute value.
     VEXOR_INLINE double MaxAbsValue() const
     {
         using vexor::detail::Magnitude;
         return vexor::detail::MaxMagnitudeOfThree(Magnitude(x), Magnitude(y), Magnitude(z));
     }
+    /// The smallest absolute value.
     VEXOR_INLINE double MinAbsValue() const
     {
         using vexor::detail::Magnitude;
         return vexor::detail::MinMagnitudeOfThree(Magnitude(x), Magnitude(y), Magnitude(z));
     }
+    /// The index of the largest component.
     VEXOR_INLINE int MaxValueIdx() const { return vexor::detail::MaxIndexOfThree(x, y, z); }
+    /// The index of the smallest component.
     VEXOR_INLINE int MinValueIdx() const { return vexor::detail::MinIndexOfThree(x, y, z); }
+    /// The index of the largest absolute value.
     VEXOR_INLINE int MaxAbsValueIdx() const
     {
         using vexor::detail::Magnitude;
         return vexor::detail::MaxIndexOfThree(Magnitude(x), Magnitude(y), Magnitude(z));
     }
+    /// The index of the smallest absolute value.
     VEXOR_INLINE int MinAbsValueIdx() const
     {
         using vexor::detail::Magnitude;
@@ -210,6 +230,7 @@ public:
     {
         return int(x == other.x) & int(y == other.y) & int(z == other.z);
     }
+    /// The exact negation of `operator==`.
     VEXOR_INLINE int operator!=(Vec3Dbl const& other) const { return !(*this == other); }
     /// Strict lexicographic order: the first component that is not equal decides. A NaN there gives 0.
     VEXOR_INLINE int operator<(Vec3Dbl const& other) const

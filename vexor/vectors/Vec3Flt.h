@@ -21,14 +21,17 @@ public:
     VEXOR_INLINE Vec3Flt() { vexor::detail::LeaveUnset(x, y, z); }
     /// All three components take the value.
     VEXOR_INLINE Vec3Flt(float value) : x(value), y(value), z(value) {}
+    /// The components, in order.
     VEXOR_INLINE Vec3Flt(float x0, float y0, float z0) : x(x0), y(y0), z(z0) {}
     /// Copies three floats from the array.
     VEXOR_INLINE Vec3Flt(float* values) : x(values[0]), y(values[1]), z(values[2]) {}
+    /// Copies.
     Vec3Flt(Vec3Flt const&) = default;
     ~Vec3Flt() = default;
 
     // ---- Assignment and access ---------------------------------------------------------------
 
+    /// Copies.
     Vec3Flt& operator=(Vec3Flt const&) = default;
     /// Rounds each component to single.
     VEXOR_INLINE Vec3Flt& operator=(Vec3Dbl const& other)
@@ -43,6 +46,7 @@ public:
 
     /// All three components take the value.
     VEXOR_INLINE Vec3Flt& SetValue(float value) { return SetValue(value, value, value); }
+    /// Sets the components, in order.
     VEXOR_INLINE Vec3Flt& SetValue(float x0, float y0, float z0)
     {
         x = x0;
@@ -56,6 +60,7 @@ public:
         return SetValue(values[0], values[1], values[2]);
     }
 
+    /// Writes the components to the arguments, in order.
     VEXOR_INLINE void GetValue(float& x0, float& y0, float& z0) const
     {
         float const copy[3] = {x, y, z}; // an argument may be one of our own components
@@ -63,33 +68,40 @@ public:
         y0 = copy[1];
         z0 = copy[2];
     }
+    /// Writes the components to the array, in order.
     VEXOR_INLINE void GetValue(float* const values) const { GetValue(values[0], values[1], values[2]); }
 
     /// The component of the index 0, 1 or 2, which is not checked.
     VEXOR_INLINE float& operator[](int index) { return vexor::detail::ElementOf<float, 3>(*this, index); }
+    /// The same, read-only.
     VEXOR_INLINE float const& operator[](int index) const
     {
         return vexor::detail::ElementOf<float const, 3>(*this, index);
     }
     /// The same operation as `operator[]`.
     VEXOR_INLINE float& operator()(int index) { return (*this)[index]; }
+    /// The same, read-only.
     VEXOR_INLINE float const& operator()(int index) const { return (*this)[index]; }
 
     // ---- Arithmetic: each component rounded once ---------------------------------------------
 
+    /// Multiplies each component by the scalar.
     VEXOR_INLINE Vec3Flt& operator*=(float scalar) { return SetValue(x * scalar, y * scalar, z * scalar); }
     /// Three divisions, unlike the free `operator/`, which multiplies by a reciprocal.
     VEXOR_INLINE Vec3Flt& operator/=(float scalar) { return SetValue(x / scalar, y / scalar, z / scalar); }
+    /// Adds component by component.
     VEXOR_INLINE Vec3Flt& operator+=(Vec3Flt const& other)
     {
         return SetValue(x + other.x, y + other.y, z + other.z);
     }
+    /// Subtracts component by component.
     VEXOR_INLINE Vec3Flt& operator-=(Vec3Flt const& other)
     {
         return SetValue(x - other.x, y - other.y, z - other.z);
     }
     /// Flips the sign of each component; 0 becomes −0.
     VEXOR_INLINE Vec3Flt& Negate() { return SetValue(-x, -y, -z); }
+    /// The negated copy.
     VEXOR_INLINE Vec3Flt GetNegatedCopy() const { return Vec3Flt(-x, -y, -z); }
 
     // ---- Products ----------------------------------------------------------------------------
@@ -145,25 +157,33 @@ public:
 
     // ---- Extremes: rules and ties as in Vec3Dbl ------------------------------------------------
 
+    /// The largest component.
     VEXOR_INLINE float MaxValue() const { return vexor::detail::MaxOfThree(x, y, z); }
+    /// The smallest component.
     VEXOR_INLINE float MinValue() const { return vexor::detail::MinOfThree(x, y, z); }
+    /// The largest absolute value.
     VEXOR_INLINE float MaxAbsValue() const
     {
         using vexor::detail::Magnitude;
         return vexor::detail::MaxMagnitudeOfThree(Magnitude(x), Magnitude(y), Magnitude(z));
     }
+    /// The smallest absolute value.
     VEXOR_INLINE float MinAbsValue() const
     {
         using vexor::detail::Magnitude;
         return vexor::detail::MinMagnitudeOfThree(Magnitude(x), Magnitude(y), Magnitude(z));
     }
+    /// The index of the largest component.
     VEXOR_INLINE int MaxValueIdx() const { return vexor::detail::MaxIndexOfThree(x, y, z); }
+    /// The index of the smallest component.
     VEXOR_INLINE int MinValueIdx() const { return vexor::detail::MinIndexOfThree(x, y, z); }
+    /// The index of the largest absolute value.
     VEXOR_INLINE int MaxAbsValueIdx() const
     {
         using vexor::detail::Magnitude;
         return vexor::detail::MaxIndexOfThree(Magnitude(x), Magnitude(y), Magnitude(z));
     }
+    /// The index of the smallest absolute value.
     VEXOR_INLINE int MinAbsValueIdx() const
     {
         using vexor::detail::Magnitude;
@@ -184,6 +204,7 @@ public:
     {
         return int(x == other.x) & int(y == other.y) & int(z == other.z);
     }
+    /// The exact negation of `operator==`.
     VEXOR_INLINE int operator!=(Vec3Flt const& other) const { return !(*this == other); }
     /// Every component less than or equal to the other's: not strict, and no order.
     VEXOR_INLINE int IsLessThan(Vec3Flt const& other) const
