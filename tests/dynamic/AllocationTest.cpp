@@ -1,0 +1,548 @@
+// Every request for storage is refused in turn: `VexorAllocationFailed` must come of it, whatever form
+// the refusal takes, what each operation promises must survive, nothing may leak, and the operation must
+// succeed when it is tried again.
+
+#include "Allocations.h"
+#include "Elements.h"
+
+#include <atomic>
+#include <cstdlib>
+#include <memory>
+#include <new>
+
+namespace {
+
+std::atomic<long> liveBlocks{0};
+std::atomic<int> requests{0};
+std::atomic<int> refuseAt{0}; // counts down to the request that is refused; 0 for none
+vexor_test::Refusal refusalForm = vexor_test::Refusal::BadAlloc;
+
+void* TakeBlock(std::size_t bytes)
+{
+    ++requests;
+    if (refuseAt > 0 && --refuseAt == 0) {
+        switch (refusalForm) {
+        case vexor_test::Refusal::BadAlloc:
+            throw std::bad_alloc();
+        case vexor_test::Refusal::OddException:
+            throw 42;
+        case vexor_test::Refusal::Null:
+            return nullptr;
+        }
+    }
+    void* const block = std::malloc(bytes == 0 ? 1 : bytes);
+    if (!block)
+        throw std::bad_alloc();
+    ++liveBlocks;
+    return block;
+}
+
+void GiveBlockBack(void* block)
+{
+    if (block)
+        --liveBlocks;
+    std::free(block);
+}
+
+} // namespace
+
+// As the standard has them: the forms that do not throw turn whatever comes of the others into null.
+void* operator new(std::size_t bytes)
+{
+    return TakeBlock(bytes);
+}
+void* operator new[](std::size_t bytes)
+{
+    return TakeBlock(bytes);
+}
+void* operator new(std::size_t bytes, std::nothrow_t const&) noexcept
+{
+    try {
+        return TakeBlock(bytes);
+    } catch (...) {
+        return nullptr;
+    }
+}
+void* operator new[](std::size_t bytes, std::nothrow_t const&) noexcept
+{
+    return operator new(bytes, std::nothrow);
+}
+void operator delete(void* block) noexcept
+{
+    GiveBlockBack(block);
+}
+void operator delete[](void* block) noexcept
+{
+    GiveBlockBack(block);
+}
+void operator delete(void* block, std::size_t) noexcept
+{
+    GiveBlockBack(block);
+}
+void operator delete[](void* block, std::size_t) noexcept
+{
+    GiveBlockBack(block);
+}
+void operator delete(void* block, std::nothrow_t const&) noexcept
+{
+    GiveBlockBack(block);
+}
+void operator delete[](void* block, std::nothrow_t const&) noexcept
+{
+    GiveBlockBack(block);
+}
+
+namespace vexor_test {
+
+long LiveBlocks()
+{
+    return liveBlocks;
+}
+
+int CountRequests(std::function<void()> const& operation)
+{
+    int const before = requests;
+    operation();
+    return requests - before;
+}
+
+bool RunWithRefusal(int k, Refusal form, std::function<void()> const& operation)
+{
+    struct Disarm {
+        ~Disarm() { refuseAt = 0; }
+    } const disarm;
+    refusalForm = form;
+    refuseAt = k;
+    try {
+        operation();
+    } catch (VexorAllocationFailed const&) {
+        return true;
+    }
+    return false;
+}
+
+} // namespace vexor_test
+
+using namespace vexor_test;
+
+namespace {
+
+/// Refuses each request of an operation on a fresh state in turn. `survives` is asked after each
+/// refusal; after it the operation must succeed on the same state, if the refusal left it usable.
+template <class State>
+void RefuseEach(int expectedRequests, std::function<std::unique_ptr<State>()> const& make,
+                std::function<void(State&)> const& operation,
+                std::function<void(State const&, int)> const& survives)
+{
+    for (Refusal form : {Refusal::BadAlloc, Refusal::OddException, Refusal::Null}) {
+        int k = 1;
+        for (;; ++k) {
+            long const before = LiveBlocks();
+            {
+                std::unique_ptr<State> const state = make();
+                if (!RunWithRefusal(k, form, [&] { operation(*state); }))
+                    break;
+                survives(*state, k);
+                EXPECT_NO_THROW(operation(*state)) << "after the refusal of request " << k;
+            }
+            EXPECT_EQ(LiveBlocks(), before) << "request " << k;
+        }
+        EXPECT_EQ(k - 1, expectedRequests);
+    }
+}
+
+/// The same for an operation whose operands, all const, survive as they were.
+void RefuseEach(int expectedRequests, std::function<void()> const& operation)
+{
+    struct Nothing {};
+    RefuseEach<Nothing>(
+        expectedRequests, [] { return std::make_unique<Nothing>(); }, [&](Nothing&) { operation(); },
+        [](Nothing const&, int) {});
+}
+
+struct Vectors {
+    VecDbl dbl = Dbl({1, 2, 3});
+    VecFlt flt = Flt({1, 2, 3});
+    double array[3] = {4, 5, 6};
+    float singles[3] = {4, 5, 6};
+    VecDbl view{3, array};
+    VecFlt singleView{3, singles};
+};
+
+void AreAsTheyWere(Vectors const& v, int /*k*/)
+{
+    EXPECT_TRUE(Holds(v.dbl, {1, 2, 3}));
+    EXPECT_TRUE(Holds(v.flt, {1, 2, 3}));
+    EXPECT_TRUE(Holds(v.view, {4, 5, 6}));
+    EXPECT_EQ(&v.view[0], v.array);
+    EXPECT_TRUE(Holds(v.singleView, {4, 5, 6}));
+    EXPECT_EQ(&v.singleView[0], v.singles);
+}
+
+void RefuseEachOfVectors(int expectedRequests, std::function<void(Vectors&)> const& operation)
+{
+    RefuseEach<Vectors>(
+        expectedRequests, [] { return std::make_unique<Vectors>(); }, operation, AreAsTheyWere);
+}
+
+/// A matrix, own or a view, factorised or not, and a right-hand side of each kind, own or a view.
+struct System {
+    double block[12] = {4, 1, 2, 1, 5, 3, 2, 3, 6, 7, 8, 9};
+    double rhsBlock[14] = {1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14};
+    MatDbl a;
+    VecDbl b;
+    MatDbl many;
+    std::vector<double> elements;
+    std::vector<double> rhs;
+
+    System(int rows, int columns, bool views, bool factorised)
+    {
+        if (views) {
+            a.ReSize(rows, columns, block);
+            b.ReSize(rows, rhsBlock);
+            many.ReSize(rows, 2, rhsBlock + 6);
+        } else {
+            a = MatDbl(rows, columns, block);
+            b = VecDbl(rows, rhsBlock);
+            many = MatDbl(rows, 2, rhsBlock + 6);
+        }
+        if (factorised) {
+            VecDbl x(rows, 1.0);
+            a.Solve(x);
+        }
+        elements = ElementsOf(a);
+        rhs = ElementsOf(b);
+    }
+
+    bool IsFactorised() const
+    {
+        MatDbl copy(a);
+        VecDbl x(copy.RowCount(), 1.0);
+        try {
+            copy.ReSolve(x);
+            return true;
+        } catch (VexorComputationFailed const&) {
+            return false;
+        }
+    }
+
+    void ExpectUnchanged() const
+    {
+        EXPECT_TRUE(SameElements(ElementsOf(a), elements));
+        EXPECT_TRUE(SameElements(ElementsOf(b), rhs));
+        EXPECT_EQ(many.RowCount(), b.Size());
+        EXPECT_EQ(many(0, 0), 7.0);
+        EXPECT_EQ(many(many.RowCount() - 1, 1), 6.0 + 2 * many.RowCount());
+    }
+};
+
+void RefuseEachOfSystem(int expectedRequests, int rows, int columns, bool views, bool factorised,
+                        std::function<void(System&)> const& operation,
+                        std::function<void(System const&, int)> const& survives)
+{
+    RefuseEach<System>(
+        expectedRequests, [&] { return std::make_unique<System>(rows, columns, views, factorised); },
+        operation, survives);
+}
+
+} // namespace
+
+TEST(Allocation, VectorConstruction)
+{
+    Vec3Dbl const fixed(1, 2, 3);
+    VecDbl const dbl = Dbl({1, 2});
+    VecFlt const flt = Flt({1, 2});
+    RefuseEach(1, [] { VecDbl v; });
+    RefuseEach(1, [] { VecDbl v(5); });
+    RefuseEach(1, [] { VecDbl v(5, 1.0); });
+    RefuseEach(1, [&] { VecDbl v(dbl); });
+    RefuseEach(1, [&] { VecDbl v(fixed); });
+    RefuseEach(1, [&] { VecDbl v(flt); });
+    RefuseEach(1, [] { VecFlt v; });
+    RefuseEach(1, [] { VecFlt v(5); });
+    RefuseEach(1, [] { VecFlt v(5, 1.0f); });
+    RefuseEach(1, [&] { VecFlt v(flt); });
+    double array[2] = {};
+    float singles[2] = {};
+    RefuseEach(0, [&] { VecDbl v(2, array); });
+    RefuseEach(0, [&] { VecFlt v(2, 1.0f, singles); });
+}
+
+TEST(Allocation, VectorSizing)
+{
+    VecDbl const other = Dbl({7, 8});
+    VecFlt const single = Flt({7, 8});
+    RefuseEachOfVectors(1, [](Vectors& v) { v.dbl.ReSize(4); });
+    RefuseEachOfVectors(1, [](Vectors& v) { v.dbl.ReSize(4, 1.0); });
+    RefuseEachOfVectors(1, [](Vectors& v) { v.view.ReSize(3); });
+    RefuseEachOfVectors(1, [&](Vectors& v) { v.dbl = other; });
+    RefuseEachOfVectors(1, [&](Vectors& v) { v.dbl = single; });
+    RefuseEachOfVectors(1, [](Vectors& v) { v.view = v.dbl; });
+    RefuseEachOfVectors(1, [](Vectors& v) { v.flt.ReSize(4); });
+    RefuseEachOfVectors(1, [](Vectors& v) { v.flt.ReSize(4, 1.0f); });
+    RefuseEachOfVectors(1, [](Vectors& v) { v.singleView.ReSize(3); });
+    RefuseEachOfVectors(1, [&](Vectors& v) { v.flt = other; });
+    RefuseEachOfVectors(1, [&](Vectors& v) { v.flt = single; });
+    RefuseEachOfVectors(1, [](Vectors& v) { v.singleView = v.flt; });
+    // None is needed where the block stays, or is the caller's.
+    RefuseEachOfVectors(0, [](Vectors& v) {
+        v.dbl.ReSize(3);
+        v.dbl = v.view;
+        v.dbl = v.flt;
+        v.flt = v.dbl;
+        v.view.ReSize(2, v.array);
+        v.singleView.ReSize(2, v.singles);
+    });
+}
+
+TEST(Allocation, VectorResults)
+{
+    VecDbl const a = Dbl({1, 2, 3});
+    VecFlt const b = Flt({1, 2, 3});
+    MatDbl const m(2, 3, 1.0);
+    RefuseEach(1, [&] { a * 2.0; });
+    RefuseEach(1, [&] { 2.0 * a; });
+    RefuseEach(1, [&] { a / 2.0; });
+    RefuseEach(1, [&] { -a; });
+    RefuseEach(1, [&] { a + a; });
+    RefuseEach(1, [&] { a - a; });
+    RefuseEach(1, [&] { a.GetNegatedCopy(); });
+    RefuseEach(1, [&] { a.GetNormalizedCopy(); });
+    RefuseEach(1, [&] { a.ElemMult(a); });
+    RefuseEach(1, [&] { a.ElemDiv(a); });
+    RefuseEach(1, [&] { a.GetProjectionOnTo(a); });
+    RefuseEach(2, [&] { a.OuterProduct(a); });
+    RefuseEach(1, [&] { b * 2.0f; });
+    RefuseEach(1, [&] { b / 2.0f; });
+    RefuseEach(1, [&] { -b; });
+    RefuseEach(1, [&] { b + b; });
+    RefuseEach(1, [&] { b - b; });
+    RefuseEach(1, [&] { b.GetNormalizedCopy(); });
+    RefuseEach(1, [&] { b.ElemMult(b); });
+    RefuseEach(1, [&] { b.ElemDiv(b); });
+    RefuseEach(1, [&] { b.GetProjectionOnTo(b); });
+    RefuseEach(1, [&] { m* a; });
+    RefuseEach(1, [&] { m* b; });
+}
+
+TEST(Allocation, MatrixConstruction)
+{
+    MatDbl factorised = Mat({{4, 1}, {1, 3}});
+    VecDbl x(2, 1.0);
+    factorised.Solve(x);
+    MatDbl const plain(2, 3, 1.0);
+    Mat3Dbl const fixed(1.0);
+    double block[6] = {};
+    RefuseEach(2, [] { MatDbl m; });
+    RefuseEach(2, [] { MatDbl m(2, 3); });
+    RefuseEach(2, [] { MatDbl m(2, 3, 1.0); });
+    RefuseEach(1, [&] { MatDbl m(2, 3, block); });
+    RefuseEach(2, [&] { MatDbl m(plain); });
+    RefuseEach(3, [&] { MatDbl m(factorised); });
+    RefuseEach(2, [&] { MatDbl m(fixed); });
+}
+
+TEST(Allocation, MatrixSizing)
+{
+    auto const unchanged = [](bool factorised) {
+        return [factorised](System const& s, int) {
+            s.ExpectUnchanged();
+            EXPECT_EQ(s.IsFactorised(), factorised);
+        };
+    };
+    MatDbl const source(1, 2, 1.0);
+    for (bool views : {false, true}) {
+        // Another count and another number of columns: a table and a block.
+        RefuseEachOfSystem(
+            2, 3, 3, views, true, [](System& s) { s.a.ReSize(2, 4); }, unchanged(true));
+        RefuseEachOfSystem(
+            2, 3, 3, views, true, [](System& s) { s.a.ReSize(2, 4, 1.0); }, unchanged(true));
+        // The same number of columns: a block alone.
+        RefuseEachOfSystem(
+            1, 3, 3, views, true, [](System& s) { s.a.ReSize(2, 3); }, unchanged(true));
+        RefuseEachOfSystem(
+            2, 3, 3, views, true, [&](System& s) { s.a = source; },
+            [](System const& s, int) { s.ExpectUnchanged(); });
+    }
+    // Own storage of the same count: a table alone.
+    RefuseEachOfSystem(
+        1, 3, 3, false, true, [](System& s) { s.a.ReSize(9, 1); }, unchanged(true));
+    // Into a view: a table alone, or nothing.
+    RefuseEachOfSystem(
+        1, 3, 3, false, true, [](System& s) { s.a.ReSize(2, 2, s.rhsBlock); }, unchanged(true));
+    RefuseEachOfSystem(
+        0, 3, 3, false, true, [](System& s) { s.a.ReSize(2, 3, s.rhsBlock); }, unchanged(true));
+    // A view to own storage of the same shape.
+    RefuseEachOfSystem(
+        1, 3, 3, true, true, [](System& s) { s.a.ReSize(3, 3); }, unchanged(true));
+}
+
+TEST(Allocation, MatrixAssignment)
+{
+    MatDbl factorised = Mat({{4, 1}, {1, 3}});
+    VecDbl x(2, 1.0);
+    factorised.Solve(x);
+    auto const unchanged = [](System const& s, int) {
+        s.ExpectUnchanged();
+        EXPECT_FALSE(s.IsFactorised());
+    };
+    RefuseEachOfSystem(
+        3, 3, 3, false, false, [&](System& s) { s.a = factorised; }, unchanged);
+    RefuseEachOfSystem(
+        1, 2, 2, false, false, [&](System& s) { s.a = factorised; }, unchanged);
+    RefuseEachOfSystem(
+        2, 2, 2, true, false, [&](System& s) { s.a = factorised; }, unchanged);
+    RefuseEachOfSystem(
+        0, 2, 2, false, true, [&](System& s) { s.a = factorised; }, unchanged);
+}
+
+TEST(Allocation, MatrixResults)
+{
+    MatDbl a = Mat({{4, 1}, {1, 3}});
+    VecDbl const v = Dbl({1, 2});
+    RefuseEach(2, [&] { a * 2.0; });
+    RefuseEach(2, [&] { 2.0 * a; });
+    RefuseEach(2, [&] { a / 2.0; });
+    RefuseEach(2, [&] { -a; });
+    RefuseEach(2, [&] { a + a; });
+    RefuseEach(2, [&] { a - a; });
+    RefuseEach(2, [&] { a* a; });
+    RefuseEach(2, [&] { a.GetTransposedCopy(); });
+    RefuseEach(2, [&] { a.GetNegatedCopy(); });
+    RefuseEach(1, [&] { a.GetRow(0); });
+    RefuseEach(1, [&] { a.GetCol(0); });
+    RefuseEach(1, [&] { a.GetDiagonal(); });
+    RefuseEach(1, [&] { a.RowSum(); });
+    RefuseEach(1, [&] { a.RowAverage(); });
+    // The copy's two, the inverse's two, and the pivots.
+    RefuseEach(5, [&] { a.GetInvertedCopy(); });
+    EXPECT_TRUE(HoldsRows(a, {{4, 1}, {1, 3}}));
+}
+
+TEST(Allocation, Transpose)
+{
+    auto const unchanged = [](System const& s, int) { s.ExpectUnchanged(); };
+    for (bool views : {false, true}) {
+        RefuseEachOfSystem(
+            2, 2, 3, views, false, [](System& s) { s.a.Transpose(); }, unchanged);
+        RefuseEachOfSystem(
+            1, 3, 3, views, false, [](System& s) { s.a.Transpose(); }, unchanged);
+    }
+}
+
+TEST(Allocation, Solve)
+{
+    for (bool views : {false, true}) {
+        auto const plain = [](System const& s, int) {
+            s.ExpectUnchanged();
+            EXPECT_FALSE(s.IsFactorised());
+        };
+        RefuseEachOfSystem(
+            1, 3, 3, views, false, [](System& s) { s.a.Solve(s.b); }, plain);
+        RefuseEachOfSystem(
+            1, 3, 3, views, false, [](System& s) { s.a.Solve(s.many); }, plain);
+        // Pivots that are there serve again, and re-solves take nothing.
+        RefuseEachOfSystem(
+            0, 3, 3, views, true, [](System& s) { s.a.Solve(s.b); }, plain);
+        RefuseEachOfSystem(
+            0, 3, 3, views, true, [](System& s) { s.a.ReSolve(s.b); }, plain);
+        RefuseEachOfSystem(
+            0, 3, 3, views, true, [](System& s) { s.a.ReSolve(s.many); }, plain);
+        RefuseEachOfSystem(
+            0, 3, 3, views, true, [](System& s) { s.a.ReSolveSym(s.b); }, plain);
+    }
+}
+
+TEST(Allocation, SolveSym)
+{
+    for (bool views : {false, true}) {
+        auto const plain = [](System const& s, int) {
+            s.ExpectUnchanged();
+            EXPECT_FALSE(s.IsFactorised());
+        };
+        RefuseEachOfSystem(
+            2, 3, 3, views, false, [](System& s) { s.a.SolveSym(s.b); }, plain);
+        RefuseEachOfSystem(
+            2, 3, 3, views, false, [](System& s) { s.a.SolveSym(s.many); }, plain);
+        // Without workspace even the pivots of a former factorisation go.
+        RefuseEachOfSystem(
+            1, 3, 3, views, true, [](System& s) { s.a.SolveSym(s.b); }, plain);
+        RefuseEachOfSystem(
+            1, 3, 3, views, true, [](System& s) { s.a.SolveSym(s.many); }, plain);
+    }
+}
+
+TEST(Allocation, SolveLinearLeastSquares)
+{
+    for (bool views : {false, true}) {
+        for (bool factorised : {false, true}) {
+            RefuseEachOfSystem(
+                1, 3, 3, views, factorised, [](System& s) { s.a.SolveLinearLeastSquares(s.b); },
+                [](System const& s, int) {
+                    s.ExpectUnchanged();
+                    EXPECT_FALSE(s.IsFactorised()); // the pivots go first
+                });
+        }
+        for (int rows : {2, 4}) {
+            int const columns = 6 - rows;
+            auto const unchanged = [](System const& s, int) { s.ExpectUnchanged(); };
+            RefuseEachOfSystem(
+                2, rows, columns, views, false,
+                [](System& s) {
+                    // A second run finds the solution of the first as no right-hand side that fits.
+                    s.a.SolveLinearLeastSquares(s.b);
+                },
+                unchanged);
+            RefuseEachOfSystem(
+                2, rows, columns, views, false, [](System& s) { s.a.SolveLinearLeastSquares(s.many); },
+                unchanged);
+        }
+    }
+}
+
+TEST(Allocation, Invert)
+{
+    auto const plain = [](System const& s, int) {
+        s.ExpectUnchanged();
+        EXPECT_FALSE(s.IsFactorised());
+    };
+    RefuseEachOfSystem(
+        3, 3, 3, false, false, [](System& s) { s.a.Invert(); }, plain);
+    // A view's own storage is that of the inverse: nothing is taken after the driver has run.
+    RefuseEachOfSystem(
+        3, 3, 3, true, false, [](System& s) { s.a.Invert(); }, plain);
+}
+
+TEST(Allocation, Svd)
+{
+    for (bool views : {false, true}) {
+        RefuseEachOfSystem(
+            2, 3, 2, views, false, [](System& s) { s.a.Svd(s.b); },
+            [views](System const& s, int k) {
+                EXPECT_TRUE(SameElements(ElementsOf(s.a), s.elements));
+                // The result has its new size already where workspace was refused.
+                EXPECT_EQ(s.b.Size(), k == 1 ? 3 : 2);
+                EXPECT_EQ(&s.b[0] == s.rhsBlock, views && k == 1);
+            });
+    }
+}
+
+TEST(Allocation, EigenSym)
+{
+    for (bool views : {false, true}) {
+        for (int wantVectors : {0, 1}) {
+            RefuseEachOfSystem(
+                5, 3, 3, views, true,
+                [wantVectors](System& s) {
+                    if (s.b.Size() == 3)
+                        s.b.ReSize(2, s.rhsBlock);
+                    s.a.EigenSym(s.b, wantVectors, 0, 2);
+                },
+                [](System const& s, int k) {
+                    EXPECT_TRUE(SameElements(ElementsOf(s.a), s.elements));
+                    EXPECT_EQ(s.b.Size(), k == 1 ? 2 : 3);
+                    EXPECT_TRUE(s.IsFactorised());
+                });
+        }
+    }
+}
