@@ -82,6 +82,24 @@ inline F3 Converted(Vec3Flt const& v)
     return Three<Flt>(v);
 }
 
+inline V3 Converted(Pnt3Dbl const& v)
+{
+    return Three<Dbl>(v);
+}
+inline F3 Converted(Pnt3Flt const& v)
+{
+    return Three<Flt>(v);
+}
+
+inline Mat<3> Converted(Mat3Dbl const& m)
+{
+    Mat<3> result;
+    for (int r = 0; r < 3; ++r)
+        for (int c = 0; c < 3; ++c)
+            result(r, c) = m(r, c);
+    return result;
+}
+
 /// What a change raises.
 template <class Change>
 Raise RaisedBy(Change change)

@@ -17,6 +17,9 @@ struct Raised {
     Raise what;
 };
 
+/// Thrown by a statement where its rule leaves the outcome open: any outcome agrees.
+struct Open {};
+
 /// The results of one call, bit for bit; every NaN is the same NaN.
 class Outcome {
 public:

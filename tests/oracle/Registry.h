@@ -82,6 +82,10 @@ public:
                            drawn);
             } catch (Raised const& raised) {
                 rule->SetRaise(raised.what);
+            } catch (Open const&) {
+                rule->Clear();
+                if (library)
+                    *rule = *library;
             }
         }
     }
