@@ -17,12 +17,24 @@ VecDbl Vector(int size, unsigned seed)
     return copy;
 }
 
+/// Keeps the additions from being folded into one, without a trip to memory.
+void Opaque(double& value)
+{
+#if defined(__x86_64__)
+    __asm__ volatile("" : "+x"(value));
+#elif defined(__aarch64__)
+    __asm__ volatile("" : "+w"(value));
+#else
+    benchmark::DoNotOptimize(value);
+#endif
+}
+
 double Chain(int size, double term)
 {
     double sum = 0.0;
     for (int i = 0; i < size; ++i) {
         sum += term;
-        benchmark::DoNotOptimize(term); // the additions are not to be folded into one
+        Opaque(sum);
     }
     return sum;
 }
