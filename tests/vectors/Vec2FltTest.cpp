@@ -338,8 +338,8 @@ TEST(Vec2Flt, IsZeroLength)
     EXPECT_EQ(Vec2Flt(1e-30f, 0.0f).IsZeroLength(0.0f), 1);
     EXPECT_EQ(Vec2Flt(1e-30f, 0.0f).IsNull(), 0);
     EXPECT_EQ(Vec2Flt(0.0f).IsZeroLength(nanFlt), 0);
-    // It is the rounded square that is compared: 0x1.58e896p+5 here, a little above the exact one,
-    // which a tolerance just below the rounded one would take.
+    // It is the rounded square that is compared: 0x1.58e896p+5 here, a little below the exact one,
+    // for which the tolerance named would be too small.
     EXPECT_EQ(Vec2Flt(0x1.f2b86cp+1f, -0x1.523fdap+2f).IsZeroLength(0x1.58e896p+5f), 1);
     EXPECT_EQ(Vec2Flt(0x1.f2b86cp+1f, -0x1.523fdap+2f).IsZeroLength(Below(0x1.58e896p+5f)), 0);
 }
