@@ -2,7 +2,6 @@
 #include <vexor/foundation/detail/Rounding.h>
 
 #include <cstddef>
-#include <cstdint>
 #include <utility>
 
 #if defined(VEXOR_WIDE_KERNELS)

@@ -1,0 +1,16 @@
+#pragma once
+#include <stdexcept>
+#include <string>
+
+namespace examples {
+
+/// Something is wrong with a file that the user gave; the text says what and where.
+class InputError : public std::runtime_error {
+public:
+    using std::runtime_error::runtime_error;
+    InputError(std::string const& file, int line, std::string const& what)
+        : std::runtime_error(file + ":" + std::to_string(line) + ": " + what)
+    {}
+};
+
+} // namespace examples

@@ -1,0 +1,41 @@
+#include "common/Program.h"
+
+#include <vexor/foundation/VexorException.h>
+
+#include <cstdio>
+#include <exception>
+
+namespace examples {
+
+namespace {
+
+int Report(char const* name, char const* what, int status)
+{
+    std::fflush(stdout);
+    std::fprintf(stderr, "%s: %s\n", name, what);
+    return status;
+}
+
+} // namespace
+
+// The library's exceptions carry no text: the type says all.
+int RunProgram(char const* name, std::function<int()> const& body)
+{
+    try {
+        return body();
+    } catch (std::exception const& error) {
+        return Report(name, error.what(), badInput);
+    } catch (VexorSingular const&) {
+        return Report(name, "a small matrix is singular", notComputable);
+    } catch (VexorDimensionMismatch const&) {
+        return Report(name, "operands differ in size", notComputable);
+    } catch (VexorAllocationFailed const&) {
+        return Report(name, "not enough memory", notComputable);
+    } catch (VexorComputationFailed const&) {
+        return Report(name, "the solver failed: the problem has no unique solution", notComputable);
+    } catch (VexorNullVector const&) {
+        return Report(name, "a direction was wanted of a vector of no length", notComputable);
+    }
+}
+
+} // namespace examples

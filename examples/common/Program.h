@@ -1,0 +1,15 @@
+#pragma once
+#include <functional>
+
+namespace examples {
+
+// Exit statuses of the example programs.
+constexpr int succeeded = 0;
+constexpr int badInput = 1;
+constexpr int badUsage = 2;
+constexpr int notComputable = 3;
+
+/// Runs the body of a program. What it raises becomes a message on standard error and an exit status.
+int RunProgram(char const* name, std::function<int()> const& body);
+
+} // namespace examples

@@ -1,0 +1,65 @@
+#pragma once
+#include <vexor/matrices/AffMat2Dbl.h>
+#include <vexor/points/Pnt2Dbl.h>
+
+#include <string>
+#include <vector>
+
+namespace examples {
+
+/// A rectangle that grows with the points it is shown.
+class Bounds {
+public:
+    void Include(Pnt2Dbl const& point);
+    Pnt2Dbl const& Lowest() const { return lowest; }
+    Pnt2Dbl const& Highest() const { return highest; }
+
+private:
+    bool isEmpty = true;
+    Pnt2Dbl lowest = Pnt2Dbl(0.0);
+    Pnt2Dbl highest = Pnt2Dbl(0.0);
+};
+
+/// A rectangle of a picture, its ordinates growing downwards.
+struct Panel {
+    double left, top, width, height;
+};
+
+/// The map from a plane whose ordinates grow upwards into a panel: one scale in both directions, the
+/// bounds centred in the panel and as large as it allows.
+AffMat2Dbl MapInto(Panel const& panel, Bounds const& bounds);
+
+/// The pixels to which the map takes one unit.
+double ScaleOf(AffMat2Dbl const& map);
+
+/// A picture in the making, in pixels. A style is a list of SVG attributes.
+class Svg {
+public:
+    Svg(double width, double height);
+
+    void Line(Pnt2Dbl const& from, Pnt2Dbl const& to, std::string const& style);
+    void Arrow(Pnt2Dbl const& from, Pnt2Dbl const& to, std::string const& colour);
+    void Polyline(std::vector<Pnt2Dbl> const& points, std::string const& style);
+    void Circle(Pnt2Dbl const& centre, double radius, std::string const& style);
+    void Rectangle(Panel const& panel, std::string const& style);
+    /// A path of which each segment is a straight line (one point) or a cubic curve (three points).
+    void Path(Pnt2Dbl const& start, std::vector<std::vector<Pnt2Dbl>> const& segments,
+              std::string const& style);
+    void Text(Pnt2Dbl const& place, std::string const& text, std::string const& style = "");
+    void Title(std::string const& title, std::string const& subtitle);
+    /// A bar of a round length with its label, at the lower left of the panel.
+    void ScaleBar(Panel const& panel, double pixelsPerUnit, std::string const& unit);
+
+    /// Writes the file. Raises InputError if that fails.
+    void Save(std::string const& path) const;
+
+private:
+    double width;
+    double height;
+    std::string body;
+};
+
+/// The number with as many decimals as asked.
+std::string Decimals(double number, int decimals);
+
+} // namespace examples

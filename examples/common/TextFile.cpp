@@ -1,0 +1,67 @@
+#include "common/TextFile.h"
+
+#include "common/InputError.h"
+
+#include <charconv>
+#include <cmath>
+#include <sstream>
+#include <system_error>
+#include <utility>
+
+namespace examples {
+
+bool ParseNumber(std::string const& text, double& number)
+{
+    char const* first = text.data();
+    char const* const last = first + text.size();
+    if (text.size() > 1 && text[0] == '+' && text[1] != '-')
+        ++first;
+    auto const [end, error] = std::from_chars(first, last, number);
+    return error == std::errc() && end == last && std::isfinite(number);
+}
+
+TextFile::TextFile(std::string filePath) : path(std::move(filePath)), stream(path)
+{
+    if (!stream)
+        throw InputError(path + ": cannot be opened");
+}
+
+bool TextFile::NextLine()
+{
+    std::string line;
+    while (std::getline(stream, line)) {
+        ++lineNumber;
+        std::istringstream words(line.substr(0, line.find('#')));
+        fields.clear();
+        for (std::string word; words >> word;)
+            fields.push_back(word);
+        if (!fields.empty())
+            return true;
+    }
+    if (stream.bad())
+        throw InputError(path + ": cannot be read");
+    return false;
+}
+
+std::string const& TextFile::Field(std::size_t index) const
+{
+    if (index >= fields.size())
+        Fail("expected at least " + std::to_string(index + 1) + " fields, found "
+             + std::to_string(fields.size()));
+    return fields[index];
+}
+
+double TextFile::Number(std::size_t index) const
+{
+    double number = 0.0;
+    if (!ParseNumber(Field(index), number))
+        Fail("'" + Field(index) + "' is not a finite number");
+    return number;
+}
+
+void TextFile::Fail(std::string const& what) const
+{
+    throw InputError(path, lineNumber, what);
+}
+
+} // namespace examples

@@ -1,0 +1,38 @@
+#pragma once
+#include <fstream>
+#include <string>
+#include <vector>
+
+namespace examples {
+
+/// The finite number that `text` spells, whatever the locale. False if it spells anything else.
+bool ParseNumber(std::string const& text, double& number);
+
+/// A text file read line by line, each line split into fields at blanks. Empty lines are skipped, and
+/// all that follows a `#`. Every complaint names the file and the line.
+class TextFile {
+public:
+    explicit TextFile(std::string path);
+
+    /// Goes on to the next line that holds a field. False at the end of the file.
+    bool NextLine();
+
+    /// The fields of the line, at least one.
+    std::vector<std::string> const& Fields() const { return fields; }
+    std::string const& Field(std::size_t index) const;
+    double Number(std::size_t index) const;
+
+    std::string const& Path() const { return path; }
+    int LineNumber() const { return lineNumber; }
+
+    /// Raises an InputError about the line.
+    [[noreturn]] void Fail(std::string const& what) const;
+
+private:
+    std::string path;
+    std::ifstream stream;
+    int lineNumber = 0;
+    std::vector<std::string> fields;
+};
+
+} // namespace examples

@@ -1,0 +1,13 @@
+# Runs a program and compares its exit status and what it printed, on both streams, with what is expected.
+# Usage: cmake -DPROGRAM=... -DARGUMENTS=a;b -DSTATUS=0 -DPATTERNS=p;q -P RunProgram.cmake
+execute_process(COMMAND "${PROGRAM}" ${ARGUMENTS}
+    RESULT_VARIABLE status OUTPUT_VARIABLE output ERROR_VARIABLE errors)
+message("${output}${errors}")
+if(NOT status STREQUAL "${STATUS}")
+    message(FATAL_ERROR "the exit status is ${status}, not ${STATUS}")
+endif()
+foreach(pattern IN LISTS PATTERNS)
+    if(NOT "${output}${errors}" MATCHES "${pattern}")
+        message(FATAL_ERROR "nothing printed matches: ${pattern}")
+    endif()
+endforeach()
