@@ -7,6 +7,7 @@
 #include <vexor/foundation/VexorException.h>
 #include <vexor/foundation/VexorTolerance.h>
 #include <vexor/matrices/AffMat2Dbl.h>
+#include <vexor/matrices/AffMat3Dbl.h>
 #include <vexor/matrices/Mat2Dbl.h>
 #include <vexor/matrices/Mat3Dbl.h>
 #include <vexor/matrices/SmallSolver.h>

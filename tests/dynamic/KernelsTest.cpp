@@ -399,6 +399,10 @@ TEST(Kernels, Transpose)
         for (int columns = 1; columns <= 70; ++columns)
             CheckTranspose(rows, columns);
     }
+    for (int size : {511, 512, 513, 520, 528}) // large ones heed where the lines of cache begin
+        CheckTranspose(size, size);
+    CheckTranspose(512, 30);
+    CheckTranspose(30, 512);
     CheckTranspose(1, 1000);
     CheckTranspose(1000, 1);
     CheckTranspose(129, 517);

@@ -110,7 +110,7 @@ public:
     /// Flips the sign of each element; 0 becomes −0.
     VEXOR_API MatDbl& Negate();
     /// In place: a view stays a view on its block. The pivots go, but stay, though useless, with a
-    /// square matrix that owns its block. Needs storage for a copy of the elements.
+    /// square matrix that owns its block. Needs storage for a copy of the elements unless it is square.
     VEXOR_API MatDbl& Transpose();
     /// The transposed copy.
     VEXOR_API MatDbl GetTransposedCopy() const;
@@ -151,7 +151,7 @@ public:
     /// The least squares solution for a matrix of full rank with more rows than columns, the solution
     /// of least norm for one with fewer. The argument has as many rows as the matrix, and comes back
     /// with as many as the matrix has columns; if that is another number, in own storage. The pivots
-    /// go. Very many right-hand sides, more than 127 times the larger dimension, are a failure of the
+    /// go. Very many right-hand sides, more than about 127 times the larger dimension, are a failure of the
     /// driver.
     VEXOR_API void SolveLinearLeastSquares(VecDbl& b);
     /// As above for each column; the row count becomes `ColumnCount()`, the column count stays.

@@ -338,10 +338,12 @@ void MultiplyVectorBy(int rows, int columns, double const* matrix, Element const
             return MultiplyVectorBy<Element, width / 2>(rows, columns, matrix, vector, result);
     }
     using Table = StripTable<Element, width, std::make_integer_sequence<int, stripColumns>>;
+    // A large matrix comes from memory, which follows a few columns better than many.
+    int const most = rows < 512 ? stripColumns : stripColumns / 2;
     for (int i = 0, step = 0; i < rows; i += step) {
         step = rows - i < stripRows + width ? rows - i : stripRows;
         for (int k = 0, across = 0; k < columns; k += across) {
-            across = NextColumns(columns - k, stripColumns);
+            across = NextColumns(columns - k, most);
             Table::strips[across - 1](step, k == 0, matrix + Distance(k) * rows + i, rows, vector + k,
                                       result + i);
         }
@@ -418,9 +420,20 @@ struct Square {
     }
 };
 
-/// Side of the part that is transposed before the next one is begun: so that the lines of cache that
-/// it reads and writes stay there until they are used up.
-constexpr int transposeBlock = 32;
+/// Side of the part that is transposed before the next one is begun, so that the lines of cache that it
+/// touches stay there until they are used up. A part of a large matrix whose columns lie a power of two
+/// apart competes with itself for a few places in the cache: hence small.
+constexpr int transposeBlock = 16;
+
+/// By how many elements a large matrix begins after the start of a line of cache, if all of its columns
+/// do: there it pays that no register straddles two lines.
+inline int PastLineStart(int rows, double const* matrix)
+{
+    constexpr int line = 8;
+    if (rows < 512 || rows % line != 0)
+        return 0;
+    return static_cast<int>(reinterpret_cast<std::uintptr_t>(matrix) / sizeof(double) % line);
+}
 
 template <int width>
 void Transpose(int rows, int columns, double const* matrix, double* result)
@@ -429,15 +442,19 @@ void Transpose(int rows, int columns, double const* matrix, double* result)
         if (rows < width || columns < width)
             return Transpose<width / 2>(rows, columns, matrix, result);
     }
-    // Squares stand at multiples of the width, but for the last ones, which end with the matrix.
-    auto const place = [](int at, int count) { return at + width <= count ? at : count - width; };
-    for (int j0 = 0; j0 < columns; j0 += transposeBlock) {
-        int const jEnd = j0 + transposeBlock < columns ? j0 + transposeBlock : columns;
+    // Squares stand side by side, but for the first and last ones, which are kept inside the matrix
+    // and overlap their neighbours.
+    auto const place = [](int at, int count) {
+        return Distance(at < 0 ? 0 : at + width <= count ? at : count - width);
+    };
+    auto const endOf = [](int begin, int count) {
+        return count - begin < transposeBlock ? count : begin + transposeBlock;
+    };
+    for (int j0 = -PastLineStart(columns, result); j0 < columns; j0 += transposeBlock) {
         for (int i0 = 0; i0 < rows; i0 += transposeBlock) {
-            int const iEnd = i0 + transposeBlock < rows ? i0 + transposeBlock : rows;
-            for (int i = i0; i < iEnd; i += width) {
-                Distance const row = place(i, rows);
-                for (int j = j0; j < jEnd; j += width) {
+            for (int i = i0; i < endOf(i0, rows); i += width) {
+                for (int j = j0; j < endOf(j0, columns); j += width) {
+                    Distance const row = place(i, rows);
                     Distance const column = place(j, columns);
                     Square<width> square;
                     square.Read(matrix + column * rows + row, rows);
@@ -454,32 +471,56 @@ void TransposeInto(int rows, int columns, double const* matrix, double* result)
     Transpose<VEXOR_KERNEL_WIDTH>(rows, columns, matrix, result);
 }
 
-/// Transposes in place: squares on the diagonal by themselves, the others in pairs, and element by
-/// element what is left beside them.
-void TransposeSquare(int rows, double* matrix)
+/// Swaps the elements of some rows, in the columns before `endColumn` and left of the diagonal, with those
+/// opposite.
+inline void SwapElements(int beginRow, int endRow, int endColumn, Distance stride, double* matrix)
 {
-    constexpr int width = VEXOR_KERNEL_WIDTH;
-    Distance const stride = rows;
-    int const whole = rows - rows % width;
-    for (int j = 0; j < whole; j += width) {
-        for (int i = 0; i <= j; i += width) {
-            Square<width> upper;
-            Square<width> lower;
-            upper.Read(matrix + j * stride + i, stride);
-            lower.Read(matrix + i * stride + j, stride);
-            upper.Transpose();
-            lower.Transpose();
-            lower.Write(matrix + j * stride + i, stride);
-            upper.Write(matrix + i * stride + j, stride);
-        }
-    }
-    for (int i = whole; i < rows; ++i) {
-        for (int j = 0; j < i; ++j) {
+    for (Distance i = beginRow; i < endRow; ++i) {
+        for (Distance j = 0; j < endColumn && j < i; ++j) {
             double const above = matrix[i * stride + j];
             matrix[i * stride + j] = matrix[j * stride + i];
             matrix[j * stride + i] = above;
         }
     }
+}
+
+/// Transposes in place: squares in pairs, those on the diagonal by themselves, and element by element
+/// the rows before the first whole square and after the last.
+void TransposeSquare(int rows, double* matrix)
+{
+    constexpr int width = VEXOR_KERNEL_WIDTH;
+    constexpr int line = 8;
+    Distance const stride = rows;
+    int const begin = (line - PastLineStart(rows, matrix)) % line;
+    int const end = rows - (rows - begin) % width;
+
+    SwapElements(0, end, begin, stride, matrix);
+    for (int j0 = begin; j0 < end; j0 += transposeBlock) {
+        int const jEnd = j0 + transposeBlock < end ? j0 + transposeBlock : end;
+        for (int i0 = begin; i0 <= j0; i0 += transposeBlock) {
+            for (int j = j0; j < jEnd; j += width) {
+                for (int i = i0; i < i0 + transposeBlock && i < j; i += width) {
+                    double* const above = matrix + j * stride + i;
+                    double* const below = matrix + i * stride + j;
+                    Square<width> upper;
+                    Square<width> lower;
+                    upper.Read(above, stride);
+                    lower.Read(below, stride);
+                    upper.Transpose();
+                    lower.Transpose();
+                    lower.Write(above, stride);
+                    upper.Write(below, stride);
+                }
+            }
+        }
+    }
+    for (int j = begin; j < end; j += width) {
+        Square<width> square;
+        square.Read(matrix + j * stride + j, stride);
+        square.Transpose();
+        square.Write(matrix + j * stride + j, stride);
+    }
+    SwapElements(end, rows, rows, stride, matrix);
 }
 
 } // namespace

@@ -2,6 +2,7 @@
 #include <vexor/foundation/detail/Rounding.h>
 
 #include <cstddef>
+#include <cstdint>
 #include <utility>
 
 #if defined(VEXOR_WIDE_KERNELS)

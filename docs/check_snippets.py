@@ -1,0 +1,61 @@
+#!/usr/bin/env python3
+"""Holds the code in the documentation against the programs that are compiled and run.
+
+Every block of C++ in a Markdown file stands below a comment that names its source:
+    <!-- snippet: docs/snippets/file.cpp -->           the whole file
+    <!-- snippet: docs/snippets/file.cpp region -->    from '// [region]' to the next '// [region]'
+and a block of printed output below <!-- output: docs/snippets/file.out -->.
+With --write the blocks are filled in from their sources.
+"""
+
+import pathlib
+import re
+import sys
+import textwrap
+
+root = pathlib.Path(__file__).resolve().parent.parent
+BLOCK = re.compile(r"(?:<!-- (snippet|output): (\S+)(?: (\S+))? -->\n)?```(\w*)\n(.*?)```\n", re.S)
+
+
+def source(path, region):
+    text = (root / path).read_text()
+    if region is None:
+        return text
+    pieces = re.split(r"^ *// \[%s\]\n" % re.escape(region), text, flags=re.M)
+    if len(pieces) != 3:
+        raise SystemExit("%s: region %s does not stand between two marks" % (path, region))
+    return textwrap.dedent(pieces[1])
+
+
+def main():
+    write = "--write" in sys.argv
+    wrong = 0
+    for page in [root / "README.md", *sorted((root / "docs").rglob("*.md"))]:
+        text = page.read_text()
+
+        def check(match):
+            nonlocal wrong
+            kind, path, region, language, body = match.groups()
+            if kind is None:
+                if language in ("cpp", "c++"):
+                    print("%s: a block of C++ names no source:\n%s" % (page.name, body))
+                    wrong += 1
+                return match.group(0)
+            expected = source(path, region)
+            if body == expected:
+                return match.group(0)
+            if not write:
+                print("%s: differs from %s %s" % (page.name, path, region or ""))
+                wrong += 1
+            head = match.group(0)[: match.group(0).index("```")]
+            return "%s```%s\n%s```\n" % (head, language, expected)
+
+        filled = BLOCK.sub(check, text)
+        if write and filled != text:
+            page.write_text(filled)
+    if wrong:
+        raise SystemExit("%d blocks differ" % wrong)
+    print("every block of code is the program's")
+
+
+main()

@@ -1,0 +1,6 @@
+# Usage: cmake -DPROGRAM=... -DEXPECTED=... -P Compare.cmake
+execute_process(COMMAND "${PROGRAM}" RESULT_VARIABLE status OUTPUT_VARIABLE output)
+file(READ "${EXPECTED}" expected)
+if(NOT status STREQUAL "0" OR NOT output STREQUAL expected)
+    message(FATAL_ERROR "status ${status}, printed\n${output}\nand not\n${expected}")
+endif()

@@ -1,0 +1,196 @@
+#pragma once
+#include <vexor/matrices/Mat3Dbl.h>
+
+VEXOR_EXACT_BEGIN
+
+/// An affine map of space, x ↦ L·x + t: a linear part L and a translation t. Seen from outside it is a
+/// 3×4 matrix, with L in columns 0 to 2 and t in column 3; a fourth row (0, 0, 0, 1) is implied and
+/// never stored.
+///
+/// A copy carries the twelve numbers, and not the row order that a factorisation leaves in L. Indices
+/// count from 0 and are not checked.
+class VEXOR_CLASS AffMat3Dbl {
+public:
+    // ---- Construction ------------------------------------------------------------------------
+
+    /// The identity map.
+    VEXOR_INLINE AffMat3Dbl() { Identity(); }
+    /// All twelve numbers take the value.
+    VEXOR_INLINE AffMat3Dbl(double value) : linearPart(value), translation(value) {}
+    VEXOR_INLINE AffMat3Dbl(Mat3Dbl const& newLinearPart, Vec3Dbl const& newTranslation)
+        : linearPart(newLinearPart), translation(newTranslation)
+    {}
+    AffMat3Dbl(AffMat3Dbl const&) = default;
+    ~AffMat3Dbl() = default;
+
+    AffMat3Dbl& operator=(AffMat3Dbl const&) = default;
+
+    // ---- Exact comparison --------------------------------------------------------------------
+
+    /// Exact, number by number; a NaN is unequal to everything.
+    VEXOR_INLINE int operator==(AffMat3Dbl const& other) const
+    {
+        return linearPart == other.linearPart && translation == other.translation;
+    }
+    VEXOR_INLINE int operator!=(AffMat3Dbl const& other) const { return !(*this == other); }
+
+    // ---- Access ------------------------------------------------------------------------------
+
+    /// L inside the map: writing to it changes the map.
+    VEXOR_INLINE Mat3Dbl& LinearPart() { return linearPart; }
+    VEXOR_INLINE Mat3Dbl const& LinearPart() const { return linearPart; }
+    /// t inside the map: writing to it changes the map.
+    VEXOR_INLINE Vec3Dbl& Translation() { return translation; }
+    VEXOR_INLINE Vec3Dbl const& Translation() const { return translation; }
+    /// Sets L; t stays.
+    VEXOR_INLINE AffMat3Dbl& SetLinearPart(Mat3Dbl const& newLinearPart)
+    {
+        linearPart = newLinearPart;
+        return *this;
+    }
+    /// Sets t; L stays.
+    VEXOR_INLINE AffMat3Dbl& SetTranslation(Vec3Dbl const& newTranslation)
+    {
+        translation = newTranslation;
+        return *this;
+    }
+    /// Sets t to `to` − `from`, the displacement that carries the first point onto the second when L is the
+    /// unit matrix. L stays.
+    VEXOR_INLINE AffMat3Dbl& SetTranslation(Pnt3Dbl const& from, Pnt3Dbl const& to)
+    {
+        return SetTranslation(to - from);
+    }
+
+    /// Row first, column second. Every column from 3 up is t.
+    VEXOR_INLINE double& operator()(int row, int column)
+    {
+        return column >= 3 ? translation[row] : linearPart(row, column);
+    }
+    VEXOR_INLINE double const& operator()(int row, int column) const
+    {
+        return column >= 3 ? translation[row] : linearPart(row, column);
+    }
+    /// A copy of a column. Only column 3 is t, unlike in `operator()`.
+    VEXOR_INLINE Vec3Dbl GetCol(int column) const
+    {
+        return column == 3 ? translation : linearPart.GetCol(static_cast<unsigned int>(column));
+    }
+
+    // Twelve doubles, three rows of four, each row of L followed by its element of t. The two forms
+    // are one layout. A fourth row of the caller's array is neither written nor read.
+
+    VEXOR_INLINE void GetMatrixData(double* const data) const
+    {
+        AffMat3Dbl const copy(*this); // the array may lie within the map
+        for (int row = 0; row < 3; ++row) {
+            for (int column = 0; column < 4; ++column)
+                data[4 * row + column] = copy(row, column);
+        }
+    }
+    VEXOR_INLINE void GetMatrixData(double (*const data)[4]) const { GetMatrixData(data[0]); }
+    VEXOR_INLINE void SetMatrixData(double* const data)
+    {
+        *this = AffMat3Dbl(Mat3Dbl(data, data + 4, data + 8), Vec3Dbl(data[3], data[7], data[11]));
+    }
+    VEXOR_INLINE void SetMatrixData(double (*const data)[4]) { SetMatrixData(data[0]); }
+
+    // ---- Arithmetic on the twelve numbers ----------------------------------------------------
+
+    VEXOR_INLINE AffMat3Dbl& operator+=(AffMat3Dbl const& other)
+    {
+        linearPart += other.linearPart;
+        translation += other.translation;
+        return *this;
+    }
+    VEXOR_INLINE AffMat3Dbl& operator-=(AffMat3Dbl const& other)
+    {
+        linearPart -= other.linearPart;
+        translation -= other.translation;
+        return *this;
+    }
+    /// Multiplies t as well as L: not a composition with a scaling.
+    VEXOR_INLINE AffMat3Dbl& operator*=(double scalar)
+    {
+        linearPart *= scalar;
+        translation *= scalar;
+        return *this;
+    }
+    /// Twelve divisions.
+    VEXOR_INLINE AffMat3Dbl& operator/=(double scalar)
+    {
+        linearPart /= scalar;
+        translation /= scalar;
+        return *this;
+    }
+    VEXOR_INLINE AffMat3Dbl operator+(AffMat3Dbl const& other)
+    {
+        return AffMat3Dbl(linearPart + other.linearPart, translation + other.translation);
+    }
+    VEXOR_INLINE AffMat3Dbl operator-(AffMat3Dbl const& other)
+    {
+        return AffMat3Dbl(linearPart - other.linearPart, translation - other.translation);
+    }
+
+    // ---- The map -----------------------------------------------------------------------------
+
+    /// Sets the identity map.
+    VEXOR_INLINE AffMat3Dbl& Identity()
+    {
+        linearPart.Identity();
+        translation.SetValue(0.0);
+        return *this;
+    }
+    /// Replaces the map by its inverse: `Mat3Dbl::Invert` on L, then t = −(L·t) with the new L. Raises
+    /// `VexorSingular`, with t unchanged and L as `Mat3Dbl::Invert` leaves it.
+    VEXOR_API AffMat3Dbl& Invert();
+    /// As `Invert`, on a copy.
+    VEXOR_API AffMat3Dbl GetInvertedCopy() const;
+    /// The rotation by the angle in radians about the line through the point along the axis, a unit
+    /// vector; counter-clockwise as seen with the axis pointing at the viewer. The axis is not normalised
+    /// here.
+    VEXOR_API AffMat3Dbl& SetRotation(Pnt3Dbl const& point, Vec3Dbl const& axis, double angle);
+    /// The rotation about the point that carries the direction of `from` into that of `to`. Where the
+    /// squared length of from × to, of `from` or of `to` lies within the global's length tolerance, the
+    /// identity: so for parallel, for antiparallel and for short vectors.
+    VEXOR_API AffMat3Dbl& SetRotation(Pnt3Dbl const& point, Vec3Dbl const& from, Vec3Dbl const& to);
+
+private:
+    Mat3Dbl linearPart;
+    Vec3Dbl translation;
+};
+
+// ---- Free operators --------------------------------------------------------------------------------
+
+/// The composition, the right map applied first.
+VEXOR_INLINE AffMat3Dbl operator*(AffMat3Dbl const& left, AffMat3Dbl const& right)
+{
+    return AffMat3Dbl(left.LinearPart() * right.LinearPart(),
+                      (left.LinearPart() * right.Translation()) + left.Translation());
+}
+
+/// L·x + t at full precision: L·x is the product with the position vector and not the one with the point.
+VEXOR_INLINE Pnt3Dbl operator*(AffMat3Dbl const& map, Pnt3Dbl const& point)
+{
+    return Pnt3Dbl(map.LinearPart() * point.Vector()) + map.Translation();
+}
+
+/// L·x: a vector is not translated.
+VEXOR_INLINE Vec3Dbl operator*(AffMat3Dbl const& map, Vec3Dbl const& vector)
+{
+    return map.LinearPart() * vector;
+}
+
+/// L·x in double, each component rounded to single once: a vector is not translated.
+VEXOR_INLINE Vec3Flt operator*(AffMat3Dbl const& map, Vec3Flt const& vector)
+{
+    return map.LinearPart() * vector;
+}
+
+/// L·x rounded to single, then that plus t, formed in double and rounded to single again.
+VEXOR_INLINE Pnt3Flt operator*(AffMat3Dbl const& map, Pnt3Flt const& point)
+{
+    Vec3Flt const product = map.LinearPart() * point.Vector();
+    return (Vec3Dbl(product) + map.Translation()).ToVec3Flt();
+}
+
+VEXOR_EXACT_END
