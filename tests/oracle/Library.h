@@ -68,6 +68,12 @@ inline DynMat const& Converted(DynMat const& value)
 }
 
 template <class Element, class Class>
+Vec<Element, 2> Two(Class const& v)
+{
+    return {{Element(v.x), Element(v.y)}};
+}
+
+template <class Element, class Class>
 Vec<Element, 3> Three(Class const& v)
 {
     return {{Element(v.x), Element(v.y), Element(v.z)}};
@@ -89,6 +95,54 @@ inline V3 Converted(Pnt3Dbl const& v)
 inline F3 Converted(Pnt3Flt const& v)
 {
     return Three<Flt>(v);
+}
+
+/// Integers at any width; as a result, at 32 bits.
+struct IntPair {
+    std::int64_t x, y;
+};
+inline IntPair Converted(Vec2Int const& v)
+{
+    return {v.x, v.y};
+}
+inline IntPair const& Converted(IntPair const& v)
+{
+    return v;
+}
+inline void Put(Outcome& out, IntPair const& v)
+{
+    out.Put(static_cast<int>(static_cast<std::uint32_t>(static_cast<std::uint64_t>(v.x))));
+    out.Put(static_cast<int>(static_cast<std::uint32_t>(static_cast<std::uint64_t>(v.y))));
+}
+
+inline V2 Converted(Vec2Dbl const& v)
+{
+    return Two<Dbl>(v);
+}
+inline F2 Converted(Vec2Flt const& v)
+{
+    return Two<Flt>(v);
+}
+inline V2 Converted(Pnt2Dbl const& v)
+{
+    return Two<Dbl>(v);
+}
+inline F2 Converted(Pnt2Flt const& v)
+{
+    return Two<Flt>(v);
+}
+
+inline Mat<2> Converted(Mat2Dbl const& m)
+{
+    Mat<2> result;
+    for (int r = 0; r < 2; ++r)
+        for (int c = 0; c < 2; ++c)
+            result(r, c) = m(r, c);
+    return result;
+}
+inline Aff<2> Converted(AffMat2Dbl const& m)
+{
+    return {Converted(m.LinearPart()), Converted(m.Translation())};
 }
 
 inline Mat<3> Converted(Mat3Dbl const& m)

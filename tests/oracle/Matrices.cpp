@@ -310,6 +310,13 @@ void EnterMatrices()
                 sum[i] = divided ? sum[i] / 3.0 : sum[i] * (1.0 / Dbl(3.0));
             return sum;
         });
+
+    EnterMatrix<Mat2Dbl, Vec2Dbl, 2>("Mat2Dbl", "Vec2");
+    EnterMatrixTests<Mat2Dbl, 2>("Mat2Dbl");
+    EnterMatrixAccess<Mat2Dbl, Vec2Dbl, 2>("Mat2Dbl");
+    EnterFloatProduct<Mat2Dbl, Vec2Flt, 2>("operator*(Mat2Dbl, Vec2Flt)");
+    EnterOuterProduct<Mat2Dbl, Vec2Dbl, double, Dbl, 2>("Vec2Dbl");
+    EnterOuterProduct<Mat2Dbl, Vec2Flt, float, Flt, 2>("Vec2Flt");
 }
 
 } // namespace oracle

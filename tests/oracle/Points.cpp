@@ -299,6 +299,103 @@ void EnterConversions(std::string const& d)
     Add(vf + "::operator=(" + pd + ")", DrawNarrowed<PD>, assigned(VF(7.0f)), NarrowedRule<N>());
 }
 
+// ---- The float point of the plane, which pairs with doubles -------------------------------------------
+
+/// A float point and doubles: at a tie with it, next to one, or at a tie between two floats themselves.
+auto DrawDoublesBeside(Source& source)
+{
+    Pnt2Flt const p = Filled<Pnt2Flt>(source);
+    Vec2Dbl v;
+    for (int i = 0; i < 2; ++i) {
+        v[i] = source.Number<double>();
+        double const half = static_cast<double>(HalfUnit(p[i]));
+        switch (source.Below(4)) {
+        case 0:
+            v[i] = (source.Below(2) ? half : -half) * (1.0 + std::ldexp(source.Signed(), -25));
+            break;
+        case 1: {
+            float const near = source.Number<float>();
+            v[i] = source.Near(static_cast<double>(near) + static_cast<double>(HalfUnit(near)));
+            break;
+        }
+        default:
+            break;
+        }
+    }
+    return std::tuple(p, v);
+}
+
+auto DrawDoubleScalar(Source& source)
+{
+    auto const [p, v] = DrawDoublesBeside(source);
+    return std::tuple(p, v.x);
+}
+
+void EnterPnt2Flt()
+{
+    using P = Pnt2Flt;
+    EnterPoint<P, Flt>("Pnt2Flt");
+    auto const moved = [](bool minus, bool first) {
+        return [minus, first](F2 const& p, V2 const& v) {
+            bool const rounded = first != Slip(first ? "at full width" : "rounded to float first");
+            bool const turned = Slip("the other way round");
+            return Each<Flt, 2>([&](int i) {
+                Dbl const other = rounded ? Dbl(Single(v[i])) : v[i];
+                return minus != turned ? p[i] - other : p[i] + other;
+            });
+        };
+    };
+    Add(
+        "Pnt2Flt::operator+(Vec2Dbl)", DrawDoublesBeside, [](P const& p, Vec2Dbl const& v) { return p + v; },
+        moved(false, false));
+    Add(
+        "Pnt2Flt::operator-(Vec2Dbl)", DrawDoublesBeside, [](P const& p, Vec2Dbl const& v) { return p - v; },
+        moved(true, false));
+    Add(
+        "Pnt2Flt::operator+=(Vec2Dbl)", DrawDoublesBeside, [](P p, Vec2Dbl const& v) { return P(p += v); },
+        moved(false, true));
+    Add(
+        "Pnt2Flt::operator-=(Vec2Dbl)", DrawDoublesBeside, [](P p, Vec2Dbl const& v) { return P(p -= v); },
+        moved(true, true));
+
+    auto const times = [](F2 const& p, Dbl const& s) {
+        Dbl const factor = Slip("at full width") ? s : Dbl(Single(s));
+        return Each<Flt, 2>([&](int i) { return p[i] * factor; });
+    };
+    auto const dividedBy = [](F2 const& p, Dbl const& s) {
+        Dbl const divisor = Slip("at full width") ? s : Dbl(Single(s));
+        bool const reciprocal = Slip("by the reciprocal");
+        return Each<Flt, 2>(
+            [&](int i) { return reciprocal ? p[i] * Single(1.0 / divisor) : p[i] / divisor; });
+    };
+    auto const byReciprocal = [](F2 const& p, Dbl const& s) {
+        Dbl const divisor = Slip("at full width") ? s : Dbl(Single(s));
+        Dbl const reciprocal =
+            Slip("the reciprocal is not rounded") ? 1.0 / divisor : Dbl(Single(1.0 / divisor));
+        bool const division = Slip("by a division");
+        return Each<Flt, 2>([&](int i) { return division ? p[i] / divisor : p[i] * reciprocal; });
+    };
+    Add(
+        "Pnt2Flt::operator*=(double)", DrawDoubleScalar, [](P p, double s) { return P(p *= s); }, times);
+    Add(
+        "Pnt2Flt::operator/=(double)", DrawDoubleScalar, [](P p, double s) { return P(p /= s); }, dividedBy);
+    Add(
+        "operator*(Pnt2Flt, double)", DrawDoubleScalar, [](P const& p, double s) { return p * s; }, times);
+    Add(
+        "operator*(double, Pnt2Flt)", DrawDoubleScalar, [](P const& p, double s) { return s * p; }, times);
+    Add(
+        "operator/(Pnt2Flt, double)", DrawDoubleScalar, [](P const& p, double s) { return p / s; },
+        byReciprocal);
+    Add(
+        "Pnt2Flt::IsEqualTo", DrawNeighbours<P, double>,
+        [](P const& a, P const& b, double t) { return a.IsEqualTo(b, t); },
+        [](F2 const& a, F2 const& b, Dbl const& t) {
+            if (Slip("the limit is rounded to float"))
+                return Coincide(a, b, t, true);
+            return Coincide(a, b, t, false);
+        });
+}
+
 } // namespace
 
 void EnterPoints()
@@ -319,6 +416,18 @@ void EnterPoints()
     Add(
         "Pnt3Dbl::ToPnt3Flt", DrawNarrowed<Pnt3Dbl>, [](Pnt3Dbl const& a) { return a.ToPnt3Flt(); },
         NarrowedRule<3>());
+
+    EnterPoint<Pnt2Dbl, Dbl>("Pnt2Dbl");
+    EnterMoves<Pnt2Dbl, Vec2Dbl, Dbl>("Pnt2Dbl");
+    Add(
+        "Pnt2Dbl::IsEqualTo", DrawNeighbours<Pnt2Dbl, double>,
+        [](Pnt2Dbl const& a, Pnt2Dbl const& b, double t) { return a.IsEqualTo(b, t); },
+        [](V2 const& a, V2 const& b, Dbl const& t) { return Coincide(a, b, t, false); });
+    EnterPnt2Flt();
+    EnterConversions<Pnt2Dbl, Pnt2Flt, Vec2Dbl, Vec2Flt>("2");
+    Add(
+        "Pnt2Dbl::ToPnt2Flt", DrawNarrowed<Pnt2Dbl>, [](Pnt2Dbl const& a) { return a.ToPnt2Flt(); },
+        NarrowedRule<2>());
 }
 
 } // namespace oracle

@@ -8,6 +8,9 @@ void EnterVectors();
 void EnterPoints();
 void EnterMatrices();
 void EnterSmallSolver();
+void EnterPlaneSolver();
+void EnterAffineMaps();
+void EnterIntegers();
 
 inline void EnterAllStatements()
 {
@@ -16,6 +19,9 @@ inline void EnterAllStatements()
     EnterPoints();
     EnterMatrices();
     EnterSmallSolver();
+    EnterPlaneSolver();
+    EnterAffineMaps();
+    EnterIntegers();
 }
 
 } // namespace oracle

@@ -44,7 +44,8 @@ int DirectionOf(Direction kind, Vec<E, N> const& a, Vec<E, N> const& b, E const&
     if (kind == Direction::Codirectional && !(d > 0.0))
         return 0;
     Dbl q = ((d * d) / A) / B;
-    if (!isSingle<E> || kind != Direction::Perpendicular) { // else the rounding to float hides the order
+    if (!isSingle<
+            E> || (ownLength && kind != Direction::Perpendicular)) { // else the rounding to float hides it
         if (Slip("d² is divided by A·B"))
             q = (d * d) / (A * B);
         if (Slip("d² is divided by B first"))
@@ -865,6 +866,169 @@ void EnterVec3Flt()
         });
 }
 
+// ---- Two components ------------------------------------------------------------------------------------
+
+/// A tie, and a comparison with a NaN, go to y.
+template <class V, class E>
+void EnterExtremesOfTwo(std::string const& name)
+{
+    using Values = Vec<E, 2>;
+    auto const draw = DrawTied<V>;
+    struct Side {
+        static bool Y(Dbl const& x, Dbl const& y, bool largest)
+        {
+            if (Slip("a tie goes to x"))
+                return largest ? !(y <= x) : !(y >= x);
+            if (Slip("a NaN goes to x"))
+                return largest ? y >= x : y <= x;
+            return largest ? !(y < x) : !(y > x);
+        }
+    };
+    auto const magnitude = [](E const& v) { return Slip("a zero counts as +0") ? Abs(v) : Magnitude(v); };
+    auto const size = [](E const& v) { return Magnitude(v); };
+    Add(
+        name + "::MaxValueIdx", draw, [](V const& v) { return v.MaxValueIdx(); },
+        [](Values const& v) { return int(Side::Y(v[0], v[1], true)); });
+    Add(
+        name + "::MinValueIdx", draw, [](V const& v) { return v.MinValueIdx(); },
+        [](Values const& v) { return int(Side::Y(v[0], v[1], false)); });
+    Add(
+        name + "::MaxAbsValueIdx", draw, [](V const& v) { return v.MaxAbsValueIdx(); },
+        [size](Values const& v) { return int(Side::Y(size(v[0]), size(v[1]), true)); });
+    Add(
+        name + "::MinAbsValueIdx", draw, [](V const& v) { return v.MinAbsValueIdx(); },
+        [size](Values const& v) { return int(Side::Y(size(v[0]), size(v[1]), false)); });
+    Add(
+        name + "::MaxValue", draw, [](V const& v) { return v.MaxValue(); },
+        [](Values const& v) { return Side::Y(v[0], v[1], true) ? v[1] : v[0]; });
+    Add(
+        name + "::MinValue", draw, [](V const& v) { return v.MinValue(); },
+        [](Values const& v) { return Side::Y(v[0], v[1], false) ? v[1] : v[0]; });
+    Add(
+        name + "::MaxAbsValue", draw, [](V const& v) { return v.MaxAbsValue(); },
+        [magnitude](Values const& v) {
+            Dbl const x = magnitude(v[0]), y = magnitude(v[1]);
+            return To<E>((Slip("a NaN is passed over") ? y >= x : !(y < x)) ? y : x);
+        });
+    Add(
+        name + "::MinAbsValue", draw, [](V const& v) { return v.MinAbsValue(); },
+        [magnitude](Values const& v) {
+            Dbl const x = magnitude(v[0]), y = magnitude(v[1]);
+            return To<E>((Slip("a NaN is passed over") ? y <= x : !(y > x)) ? y : x);
+        });
+}
+
+template <class V, class E>
+void EnterVectorOfTwo(std::string const& name)
+{
+    using Values = Vec<E, 2>;
+    EnterVector<V, E>(name);
+    EnterExtremesOfTwo<V, E>(name);
+    auto const cross = [](Values const& a, Values const& b) {
+        if (Slip("clockwise"))
+            return a[1] * b[0] - a[0] * b[1];
+        if (!isSingle<E> && Slip("the first product is fused"))
+            return Fused(a[0], b[1], -(a[1] * b[0]));
+        if (!isSingle<E> && Slip("the second product is fused"))
+            return Fused(-Dbl(a[1]), b[0], a[0] * b[1]);
+        if (isSingle<E> && Slip("the products are rounded"))
+            return Single(a[0] * b[1]) - Single(a[1] * b[0]);
+        return a[0] * b[1] - a[1] * b[0];
+    };
+    Add(
+        name + "::Cross", DrawPair<V>, [](V const& a, V const& b) { return a.Cross(b); },
+        [cross](Values const& a, Values const& b) { return To<E>(cross(a, b)); });
+    Add(
+        name + "::GetAreaFormedByTriangleWith", DrawPair<V>,
+        [](V const& a, V const& b) { return a.GetAreaFormedByTriangleWith(b); },
+        [cross](Values const& a, Values const& b) {
+            if (isSingle<E> && Slip("rounded before it is halved"))
+                return To<E>(0.5 * Single(cross(a, b)));
+            if (Slip("without its sign"))
+                return To<E>(0.5 * Abs(cross(a, b)));
+            return To<E>(0.5 * cross(a, b));
+        });
+    Add(
+        name + "::GetPerpendicular", DrawOne<V>, [](V const& a) { return a.GetPerpendicular(); },
+        [](Values const& a) {
+            if (Slip("clockwise"))
+                return NormalizedOf(Values{{a[1], To<E>(-Dbl(a[0]))}});
+            if (Slip("by the reciprocal")) {
+                Values const turned = {{To<E>(-Dbl(a[1])), a[0]}};
+                if (NullOf(turned))
+                    throw Raised{Raise::NullVector};
+                E const reciprocal = To<E>(1.0 / LengthOf(turned));
+                return Values{{To<E>(turned[0] * reciprocal), To<E>(turned[1] * reciprocal)}};
+            }
+            return NormalizedOf(Values{{To<E>(-Dbl(a[1])), a[0]}});
+        });
+}
+
+void EnterVec2()
+{
+    EnterVectorOfTwo<Vec2Dbl, Dbl>("Vec2Dbl");
+    EnterVectorOfTwo<Vec2Flt, Flt>("Vec2Flt");
+    using V = Vec2Dbl;
+    Add(
+        "Vec2Dbl::operator<",
+        [](Source& source) { return source.Below(3) ? DrawTiedPair<V>(source) : DrawPair<V>(source); },
+        [](V const& a, V const& b) { return a < b; },
+        [](V2 const& a, V2 const& b) {
+            if (a[0] < b[0])
+                return 1;
+            if (Slip("a NaN counts as equal") ? a[0] > b[0] : !(a[0] == b[0]))
+                return 0;
+            return int(Slip("not strict") ? a[1] <= b[1] : a[1] < b[1]);
+        });
+    Add(
+        "Vec2Dbl::GetCCWAngleWith",
+        [](Source& source) {
+            auto const [a, b] = Related<V>(source);
+            if (source.OneIn(4))
+                source.SetGlobal(globalTolerance.lengthSquared,
+                                 source.Below(2) ? PlainDot(a, a) : PlainDot(b, b));
+            return std::tuple(a, b);
+        },
+        [](V const& a, V const& b) { return a.GetCCWAngleWith(b); },
+        [](V2 const& a, V2 const& b) {
+            Dbl const up = Slip("about −z") ? -1.0 : 1.0;
+            return CounterClockwiseAngle(V3{{a[0], a[1], 0.0}}, V3{{b[0], b[1], 0.0}}, V3{{0.0, 0.0, up}});
+        });
+    auto const widened = [](F2 const& a) { return V2{{a[0], a[1]}}; };
+    Add(
+        "Vec2Dbl(Vec2Flt)", DrawOne<Vec2Flt>, [](Vec2Flt const& a) { return Vec2Dbl(a); }, widened);
+    Add(
+        "Vec2Dbl::operator=(Vec2Flt)", DrawOne<Vec2Flt>,
+        [](Vec2Flt const& a) {
+            Vec2Dbl result(7.0);
+            result = a;
+            return result;
+        },
+        widened);
+    auto const narrowed = [](V2 const& a) {
+        F2 result = {{Single(a[0]), Single(a[1])}};
+        if (Slip("denormals are lost"))
+            for (int i = 0; i < 2; ++i)
+                if (Abs(a[i]) < 0x1p-126)
+                    result[i] = Flt(0.0f);
+        return result;
+    };
+    auto const draw = [](Source& source) {
+        Vec3Dbl const v = std::get<0>(DrawNarrowed(source));
+        return std::tuple(Vec2Dbl(v.x, v.y));
+    };
+    Add(
+        "Vec2Dbl::ToVec2Flt", draw, [](Vec2Dbl const& a) { return a.ToVec2Flt(); }, narrowed);
+    Add(
+        "Vec2Flt::operator=(Vec2Dbl)", draw,
+        [](Vec2Dbl const& a) {
+            Vec2Flt result(7.0f);
+            result = a;
+            return result;
+        },
+        narrowed);
+}
+
 } // namespace
 
 V3 PerpendicularOf(V3 const& a)
@@ -958,6 +1122,7 @@ void EnterVectors()
 {
     EnterVec3Dbl();
     EnterVec3Flt();
+    EnterVec2();
 }
 
 } // namespace oracle
