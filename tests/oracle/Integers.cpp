@@ -276,8 +276,6 @@ auto DrawIntScaled(Source& source)
 /// The magnitude wraps: that of the most negative number is itself.
 std::int64_t Size(std::int64_t value)
 {
-    if (Slip("the magnitude is not wrapped"))
-        return value < 0 ? -value : value;
     return value < 0 ? Wrapped32(-value) : value;
 }
 
@@ -357,7 +355,9 @@ void EnterVec2Int()
                               a.MinValueIdx(), a.MaxAbsValueIdx(), a.MinAbsValueIdx());
         },
         [](Pair const& a) {
-            std::int64_t const x = Size(a.x), y = Size(a.y);
+            bool const unwrapped = Slip("the magnitudes are compared before they wrap");
+            std::int64_t const x = unwrapped && a.x < 0 ? -a.x : Size(a.x),
+                               y = unwrapped && a.y < 0 ? -a.y : Size(a.y);
             bool const first = Slip("a tie goes to x");
             return std::tuple(int(a.x > a.y ? a.x : a.y), int(a.x < a.y ? a.x : a.y),
                               Wrapped32(x > y ? x : y), Wrapped32(x < y ? x : y),

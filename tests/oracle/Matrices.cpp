@@ -99,7 +99,7 @@ void EnterMatrix(std::string const& name, std::string const& vector)
         [](M const& a, M const& b) { return a * b; },
         [](Values const& a, Values const& b) {
             bool const started = Slip("the start of the sum"), fused = Slip("fused"),
-                       backwards = Slip("from the last on"), swapped = Slip("right operand first");
+                       backwards = N == 3 && Slip("from the last on"), swapped = Slip("right operand first");
             Sound const sound;
             if (swapped)
                 return b * a;

@@ -59,8 +59,7 @@ auto EigenRule(Mat<2> m, int wanted)
 {
     Dbl const a = m(0, 0), b = m(0, 1), c = m(1, 1);
     Dbl const sm = a + c, ad = Abs(a - c), tb = Abs(b + b);
-    bool const cLarger =
-        Slip("a is the larger one of two equal magnitudes") ? Abs(c) > Abs(a) : Abs(c) >= Abs(a);
+    bool const cLarger = Slip("the smaller magnitude for the larger") ? Abs(c) < Abs(a) : Abs(c) >= Abs(a);
     Dbl const acmx = cLarger ? c : a, acmn = cLarger ? a : c;
     Dbl rt;
     if (Slip("the root of the sum of squares"))
