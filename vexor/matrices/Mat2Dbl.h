@@ -209,7 +209,8 @@ public:
 
     /// The eigenvalues in ascending order of the symmetric matrix whose upper triangle this is: m10 is
     /// not read. If `withVectors` is not 0, also overwrites the matrix: row i is a unit eigenvector of
-    /// eigenvalue i. Never fails, and unlike `Mat3Dbl` takes a multiple of the unit matrix as well.
+    /// eigenvalue i. Never fails, and unlike `Mat3Dbl` takes a multiple of the unit matrix as well; a NaN
+    /// on the diagonal need not show in the result.
     VEXOR_API void EigenSym(Vec2Dbl& values, int withVectors);
 
 private:
