@@ -321,7 +321,6 @@ TEST_F(Rounding, Mat3DblTimesSingleVectorsAndPoints)
                 Single(Row(m[i], 2, g[i].x, g[i].y, g[i].z)));
 }
 
-#if __has_include(<vexor/matrices/AffMat3Dbl.h>)
 TEST_F(Rounding, AffMat3DblTimesSingleVectorsAndPoints)
 {
     for (std::size_t i = 0; i < count; ++i) {
@@ -340,8 +339,6 @@ TEST_F(Rounding, AffMat3DblTimesSingleVectorsAndPoints)
                 Single(double(Single(Row(m[i], 1, f[i].x, f[i].y, f[i].z))) + b[i].y),
                 Single(double(Single(Row(m[i], 2, f[i].x, f[i].y, f[i].z))) + b[i].z));
 }
-
-#endif
 
 TEST_F(Rounding, Mat2DblTimesVec2Flt)
 {
