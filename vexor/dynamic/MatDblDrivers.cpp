@@ -28,7 +28,7 @@ Owned<int> TakeIdentityPivots(int n)
 {
     Owned<int> pivots = TakeOrRaise<int>(n);
     for (int i = 0; i < n; ++i)
-        pivots[i] = i + 1;
+        pivots[static_cast<std::size_t>(i)] = i + 1;
     return pivots;
 }
 
