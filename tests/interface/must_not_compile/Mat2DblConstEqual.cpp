@@ -1,0 +1,12 @@
+// Comparing two matrices of the plane is not const, unlike those of space.
+// g++: discards qualifiers|no match for .operator==
+// clang++: invalid operands to binary expression|is not marked const
+
+#include <vexor/vexor.h>
+
+void Client([[maybe_unused]] Mat2Dbl const& m)
+{
+#if defined(OFFENCE)
+    static_cast<void>(m == m);
+#endif
+}

@@ -1,0 +1,12 @@
+// A matrix is multiplied in place by scalars only.
+// g++: cannot convert .const Mat3Dbl. to .double|no match for .operator\*=
+// clang++: no viable overloaded .\*=|no viable conversion
+
+#include <vexor/vexor.h>
+
+void Client([[maybe_unused]] Mat3Dbl& m, [[maybe_unused]] Mat3Dbl const& n)
+{
+#if defined(OFFENCE)
+    m *= n;
+#endif
+}

@@ -1,0 +1,12 @@
+// The drivers stand behind the solvers.
+// g++: is private within this context
+// clang++: is a private member of .MatDbl
+
+#include <vexor/vexor.h>
+
+void Client([[maybe_unused]] MatDbl& m)
+{
+#if defined(OFFENCE)
+    m.DoSolve(nullptr, 1, 1);
+#endif
+}

@@ -1,0 +1,12 @@
+// Single points of the plane are not added, unlike those of space.
+// g++: no match for .operator\+. .operand types are .const Pnt2Flt. and .const Pnt2Flt
+// clang++: invalid operands to binary expression
+
+#include <vexor/vexor.h>
+
+void Client([[maybe_unused]] Pnt2Flt const& p)
+{
+#if defined(OFFENCE)
+    static_cast<void>(p + p);
+#endif
+}
