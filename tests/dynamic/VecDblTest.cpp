@@ -3,7 +3,7 @@
 using vexor_test::Dbl;
 using vexor_test::Holds;
 
-INSTANTIATE_TYPED_TEST_SUITE_P(VecDbl, VectorRules, VecDbl);
+INSTANTIATE_TYPED_TEST_SUITE_P(VecDbl, VectorRules, VecDbl, );
 
 // Operands and values in hexadecimal were searched so that every other order of the terms, a fused
 // multiplication, a product with a reciprocal and the exact value rounded once would give another

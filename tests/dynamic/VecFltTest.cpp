@@ -4,7 +4,7 @@ using vexor_test::Dbl;
 using vexor_test::Flt;
 using vexor_test::Holds;
 
-INSTANTIATE_TYPED_TEST_SUITE_P(VecFlt, VectorRules, VecFlt);
+INSTANTIATE_TYPED_TEST_SUITE_P(VecFlt, VectorRules, VecFlt, );
 
 // Operands and values in hexadecimal were searched so that rounding anywhere else (a product before it
 // is added, a sum only at its end, a quotient at each step, a length not at all) gives another result.

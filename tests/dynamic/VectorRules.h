@@ -316,13 +316,14 @@ TYPED_TEST_P(VectorRules, ArithmeticWithItself)
 {
     VECTOR_RULES_TYPES;
     V v = make({3, 6});
-    v += v;
+    V const& same = v;
+    v += same;
     EXPECT_TRUE(Holds(v, {6, 12}));
     v /= v[0];
     EXPECT_TRUE(Holds(v, {1, 2}));
     v *= v[1];
     EXPECT_TRUE(Holds(v, {2, 4}));
-    v -= v;
+    v -= same;
     EXPECT_TRUE(Holds(v, {0, 0}));
     V const view(2, &v[0]);
     v = make({1, 2});

@@ -11,6 +11,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <numeric>
 #include <utility>
 
 using namespace vexor::detail;
@@ -27,8 +28,7 @@ void RequireSuccess(int info)
 Owned<int> TakeIdentityPivots(int n)
 {
     Owned<int> pivots = TakeOrRaise<int>(n);
-    for (int i = 0; i < n; ++i)
-        pivots[static_cast<std::size_t>(i)] = i + 1;
+    std::iota(pivots.get(), pivots.get() + n, 1);
     return pivots;
 }
 
