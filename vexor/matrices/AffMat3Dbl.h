@@ -81,10 +81,9 @@ public:
 
     VEXOR_INLINE void GetMatrixData(double* const data) const
     {
-        AffMat3Dbl const copy(*this); // the array may lie within the map
         for (int row = 0; row < 3; ++row) {
             for (int column = 0; column < 4; ++column)
-                data[4 * row + column] = copy(row, column);
+                data[4 * row + column] = (*this)(row, column);
         }
     }
     VEXOR_INLINE void GetMatrixData(double (*const data)[4]) const { GetMatrixData(data[0]); }
