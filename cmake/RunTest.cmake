@@ -8,6 +8,6 @@ execute_process(COMMAND ${EMULATOR} "${PROGRAM}" ${ARGUMENTS}
 if(NOT status STREQUAL "0")
     message(FATAL_ERROR "${PROGRAM} ended with ${status}")
 endif()
-if(NOT output MATCHES "\nvexor tests completed\r?\n$")
+if(NOT output MATCHES "(^|\n)vexor tests completed\r?\n$")
     message(FATAL_ERROR "${PROGRAM} ended before its closing line")
 endif()

@@ -1,10 +1,17 @@
 #include <vexor/vexor.h>
 
+#include <cmath>
 #include <cstdio>
+
+/// To six digits behind the point, and a zero without its sign.
+static double Tidy(double value)
+{
+    return std::round(value * 1e6) / 1e6 + 0.0;
+}
 
 static void Print(char const* what, Vec3Dbl const& v)
 {
-    std::printf("%-22s (%g, %g, %g)\n", what, v.x, v.y, v.z);
+    std::printf("%-22s (%g, %g, %g)\n", what, Tidy(v.x), Tidy(v.y), Tidy(v.z));
 }
 
 int main()
@@ -20,7 +27,7 @@ int main()
 
     // [points]
     Pnt3Dbl const start(1, 1, 1);
-    Pnt3Dbl const end = start + a;     // a point moves by a vector
+    Pnt3Dbl const end = start + a;       // a point moves by a vector
     Vec3Dbl const between = end - start; // and two points differ by one
     Print("between", between);
     std::printf("%-22s %g\n", "distance", start.DistanceTo(end));
