@@ -154,6 +154,15 @@ inline Mat<3> Converted(Mat3Dbl const& m)
     return result;
 }
 
+inline Aff<3> Converted(AffMat3Dbl const& m)
+{
+    return {Converted(m.LinearPart()), Converted(m.Translation())};
+}
+inline Quat Converted(Quaternion const& q)
+{
+    return {{q.u, q.v, q.w, q.s}};
+}
+
 /// What a change raises.
 template <class Change>
 Raise RaisedBy(Change change)

@@ -233,6 +233,19 @@ Wide Sqrt(Wide const& value)
     return Unbounded([&](mpfr_ptr r, mpfr_rnd_t mode) { return mpfr_sqrt(r, value.Number().Get(), mode); });
 }
 
+Wide operator/(Wide const& left, Wide const& right)
+{
+    return Unbounded([&](mpfr_ptr r, mpfr_rnd_t mode) {
+        return mpfr_div(r, left.Number().Get(), right.Number().Get(), mode);
+    });
+}
+
+Dbl Product(Dbl const& left, Wide const& right)
+{
+    return Rounded(
+        [&](mpfr_ptr r, mpfr_rnd_t mode) { return mpfr_mul(r, left.Get(), right.Number().Get(), mode); });
+}
+
 Dbl Quotient(Dbl const& left, Wide const& right)
 {
     return Rounded(

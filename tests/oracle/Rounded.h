@@ -106,7 +106,9 @@ bool operator!=(Dbl const& left, Dbl const& right);
 Wide operator+(Wide const& left, Wide const& right);
 Wide operator*(Wide const& left, Wide const& right);
 Wide Sqrt(Wide const& value);
+Wide operator/(Wide const& left, Wide const& right);
 /// Rounded once, to a double.
+Dbl Product(Dbl const& left, Wide const& right);
 Dbl Quotient(Dbl const& left, Wide const& right);
 Dbl Narrow(Wide const& value);
 

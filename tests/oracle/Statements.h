@@ -10,6 +10,7 @@ void EnterMatrices();
 void EnterSmallSolver();
 void EnterPlaneSolver();
 void EnterAffineMaps();
+void EnterQuaternions();
 void EnterIntegers();
 
 inline void EnterAllStatements()
@@ -21,6 +22,7 @@ inline void EnterAllStatements()
     EnterSmallSolver();
     EnterPlaneSolver();
     EnterAffineMaps();
+    EnterQuaternions();
     EnterIntegers();
 }
 
