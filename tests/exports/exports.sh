@@ -1,0 +1,54 @@
+#!/usr/bin/env bash
+# Compares what the shared library exports with what this folder holds, or writes it anew.
+#   exports.sh symbols check|update LIBRARY   the list of exported symbols, exported_symbols.txt
+#   exports.sh abi check|update LIBRARY       types, layouts and signatures, vexor.abi; LIBRARY has
+#                                             debug information
+# An intended change is made with scripts/update-abi and shows in the review as a change of these files.
+set -euo pipefail
+export LC_ALL=C
+folder=$(cd "$(dirname "$0")" && pwd)
+kind=$1 action=$2 library=$3
+work=$(mktemp -d)
+trap 'rm -rf "$work"' EXIT
+
+# Every symbol once, demangled: a constructor in its two forms is one line.
+list_symbols() {
+    nm --dynamic --defined-only --format=posix "$library" | cut -d' ' -f1 | c++filt | sort -u
+}
+
+# Without paths, addresses and parameter names, and without what the library keeps to itself. Types are
+# numbered by what they are and not in sequence, so that a change stays where it happens.
+dump_abi() {
+    abidw --suppressions "$folder/internals.abignore" --headers-dir "$folder/../../vexor" --drop-private-types \
+        --exported-interfaces-only --no-corpus-path --no-comp-dir-path --no-elf-needed --no-show-locs \
+        --no-parameter-names --no-write-default-sizes --type-id-style hash --out-file "$1" "$library"
+}
+
+case "$kind" in
+symbols)
+    list_symbols >"$work/symbols"
+    if grep -E '^(non-virtual thunk to |(vtable|typeinfo|typeinfo name|guard variable) for )?(std|__gnu_cxx|__cxxabiv1)::|^operator (new|delete)|^[a-z0-9]+_$|_LAPACK|openblas' "$work/symbols"; then
+        echo "The library exports the above, which are not its own." >&2
+        exit 1
+    fi
+    if [ "$action" = update ]; then
+        cp "$work/symbols" "$folder/exported_symbols.txt"
+    elif ! diff -u "$folder/exported_symbols.txt" "$work/symbols"; then
+        echo "The exported symbols have changed. If that is intended, run scripts/update-abi." >&2
+        exit 1
+    fi
+    ;;
+abi)
+    dump_abi "$work/vexor.abi"
+    if [ "$action" = update ]; then
+        cp "$work/vexor.abi" "$folder/vexor.abi"
+    elif ! abidiff "$folder/vexor.abi" "$work/vexor.abi"; then
+        echo "The binary interface has changed. If that is intended, run scripts/update-abi." >&2
+        exit 1
+    fi
+    ;;
+*)
+    echo "exports.sh: symbols or abi, not '$kind'" >&2
+    exit 2
+    ;;
+esac
