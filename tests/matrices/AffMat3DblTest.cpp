@@ -353,9 +353,10 @@ TEST(AffMat3Dbl, SumAndDifference)
     EXPECT_EQ(&(map -= tens), &map);
     ExpectBits(map, difference);
     map = Counted();
-    map += map;
+    AffMat3Dbl const& same = map;
+    map += same;
     ExpectBits(map, Map(2, 4, 6, 8, 10, 12, 14, 16, 18, 20, 22, 24));
-    map -= map;
+    map -= same;
     ExpectBits(map, AffMat3Dbl(0.0));
 }
 

@@ -495,9 +495,10 @@ TEST(Mat3Dbl, SumAndDifference)
     ExpectBits(m, Matrix(11, 22, 33, 44, 55, 66, 77, 88, 0));
     EXPECT_EQ(&(m -= other), &m);
     ExpectBits(m, Counted());
-    m += m;
+    Mat3Dbl const& same = m;
+    m += same;
     ExpectBits(m, Matrix(2, 4, 6, 8, 10, 12, 14, 16, 18));
-    m -= m;
+    m -= same;
     ExpectBits(m, Mat3Dbl(0.0));
     ExpectBits(Mat3Dbl(-0.0) + Mat3Dbl(-0.0), Mat3Dbl(-0.0));
     ExpectBits(Mat3Dbl(-0.0) - Mat3Dbl(0.0), Mat3Dbl(-0.0));

@@ -10,7 +10,7 @@ namespace vexor_test {
 
 inline int ReferenceDecompose(double* a, unsigned char* perm, int n)
 {
-    std::vector<double> scale(static_cast<std::size_t>(n));
+    double scale[255];
     for (int i = 0; i < n; ++i) {
         perm[i] = static_cast<unsigned char>(i);
         double largest = 0.0;
@@ -20,7 +20,7 @@ inline int ReferenceDecompose(double* a, unsigned char* perm, int n)
         }
         if (largest == 0.0)
             return -2;
-        scale[static_cast<std::size_t>(i)] = 1.0 / largest;
+        scale[i] = 1.0 / largest;
     }
     // a(p, j) less the sum of the first `terms` products of a row and a column of the factors
     auto const reduced = [&](int p, int j, int terms) {
