@@ -172,7 +172,7 @@ GridFit FitToGrid(std::vector<ControlPoint> const& controls)
 
 int FindBlunder(std::vector<ControlPoint> const& controls)
 {
-    if (controls.size() < 5)
+    if (controls.size() < 8)
         return -1;
     double best = 0.5 * FitToGrid(controls).rmsResidual;
     int blunder = -1;

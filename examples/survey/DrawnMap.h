@@ -47,8 +47,8 @@ struct GridFit {
 GridFit FitToGrid(std::vector<ControlPoint> const& controls);
 
 /// Looks for one control point that spoils the fit: the one without which the residuals are smallest,
-/// if that is less than half of what they are with it. Returns its index, or −1 if there is none or
-/// not enough points are left to tell (four at least).
+/// if that is less than half of what they are with it. Returns its index, or −1 if there is none. Of
+/// fewer than eight points one may improve the fit that much by chance, so they are all kept.
 int FindBlunder(std::vector<ControlPoint> const& controls);
 
 } // namespace examples

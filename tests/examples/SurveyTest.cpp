@@ -143,6 +143,16 @@ TEST(Adjust, KeepsFixedStationsAndMeasuresBetweenThem)
     ExpectNear(network.Find("c").adjusted, Pnt3Dbl(40.4, 0.0, 0.0), 0.0);
 }
 
+// Both ends of the last leg hang on a fixed station by a leg of their own: 10 and 20 m, and 5 between them.
+TEST(Adjust, CountsTheLegsOnBothSidesOfAClosingLeg)
+{
+    Network const network =
+        Adjust(SurveyOf("a b 10 90 0\nd c 20 90 0\nb d 5 90 0\n", "fix a 0 0 0\nfix c 35 0 0"));
+    ASSERT_EQ(network.closures.size(), 1U);
+    EXPECT_EQ(network.closures[0].leg, 2U);
+    EXPECT_NEAR(network.closures[0].loopLength, 35.0, 1e-13);
+}
+
 TEST(RingArea, IsPositiveCounterClockwise)
 {
     double area = 0.0;
@@ -165,10 +175,9 @@ AffMat2Dbl const someGrid(Mat2Dbl(Vec2Dbl(3.0, -17.0), Vec2Dbl(19.0, 2.0)), Vec2
 std::vector<ControlPoint> ControlsOnTheGrid()
 {
     std::vector<ControlPoint> controls;
-    double const places[6][2] = {{0, 0}, {10, 1}, {3, 12}, {-7, 5}, {20, -4}, {6, 6}};
-    for (auto const& place : places) {
-        Pnt2Dbl const ground(place[0], place[1]);
-        controls.push_back({std::to_string(controls.size()), ground, someGrid * ground});
+    for (int i = 0; i < 12; ++i) {
+        Pnt2Dbl const ground(10.0 * (i % 4), 8.0 * (i / 4));
+        controls.push_back({std::to_string(i), ground, someGrid * ground});
     }
     return controls;
 }
@@ -207,16 +216,34 @@ TEST(FitToGrid, RefusesTooFewPointsAndPointsOnALine)
     EXPECT_THROW(FitToGrid(line), VexorException);
 }
 
-TEST(FindBlunder, FindsTheOnePointThatSpoilsTheFit)
+/// What the residuals come to without one point, as a part of what they are with it.
+double RemainderWithout(std::size_t index, std::vector<ControlPoint> controls)
+{
+    double const all = FitToGrid(controls).rmsResidual;
+    controls.erase(controls.begin() + static_cast<std::ptrdiff_t>(index));
+    return FitToGrid(controls).rmsResidual / all;
+}
+
+TEST(FindBlunder, FindsAPointWithoutWhichLessThanHalfRemains)
 {
     std::vector<ControlPoint> controls = ControlsOnTheGrid();
     for (std::size_t i = 0; i < controls.size(); ++i) // a little roughness, so that the fit is not exact
         controls[i].grid += Vec2Dbl(i % 2 ? 0.3 : -0.3, i % 3 ? 0.2 : -0.2);
     EXPECT_EQ(FindBlunder(controls), -1);
-    controls[3].grid += Vec2Dbl(40.0, -25.0);
-    EXPECT_EQ(FindBlunder(controls), 3);
-    controls.resize(4);
-    EXPECT_EQ(FindBlunder(controls), -1); // without it any three points fit
+
+    std::vector<ControlPoint> slight(controls);
+    slight[3].grid += Vec2Dbl(0.5, -0.4);
+    ASSERT_GT(RemainderWithout(3, slight), 0.5);
+    EXPECT_EQ(FindBlunder(slight), -1);
+
+    std::vector<ControlPoint> marked(controls);
+    marked[3].grid += Vec2Dbl(3.0, -2.0);
+    ASSERT_LT(RemainderWithout(3, marked), 0.5);
+    ASSERT_GT(RemainderWithout(3, marked), 0.1);
+    EXPECT_EQ(FindBlunder(marked), 3);
+
+    marked.resize(7);
+    EXPECT_EQ(FindBlunder(marked), -1); // too few to tell
 }
 
 TEST(CommonStations, AreThoseThatBothHave)
