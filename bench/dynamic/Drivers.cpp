@@ -32,12 +32,20 @@ MatDbl Matrix(int rows, int columns, bool isSymmetric = false)
 /// The operands and everything that a direct call needs.
 struct Problem {
     Problem(int rows, int columns, bool isSymmetric)
-        : original(Matrix(rows, columns, isSymmetric)), matrix(original), rightHandSide(rows, 1.0),
-          solution(rows), values(rows), vectors(rows, columns), work(std::size_t(140 * rows)),
-          integerWork(std::size_t(5 * rows)), pivots(std::size_t(rows)), failed(std::size_t(rows)), m(rows),
-          n(columns), length(128 * rows)
-    {
-    }
+        : original(Matrix(rows, columns, isSymmetric)),
+          matrix(original),
+          rightHandSide(rows, 1.0),
+          solution(rows),
+          values(rows),
+          vectors(rows, columns),
+          work(std::size_t(140 * rows)),
+          integerWork(std::size_t(5 * rows)),
+          pivots(std::size_t(rows)),
+          failed(std::size_t(rows)),
+          m(rows),
+          n(columns),
+          length(128 * rows)
+    {}
 
     double* Block() { return &matrix(0, 0); }
     void Reset()
@@ -106,7 +114,8 @@ void KeepFactors(Problem& p)
 
 void RegisterDrivers(int n)
 {
-    RegisterDriver("Solve", n, n, false, Nothing, [](Problem& p) { p.matrix.Solve(p.solution); }, Dgesv);
+    RegisterDriver(
+        "Solve", n, n, false, Nothing, [](Problem& p) { p.matrix.Solve(p.solution); }, Dgesv);
     RegisterDriver(
         "ReSolve", n, n, false,
         [](Problem& p) {
@@ -122,7 +131,8 @@ void RegisterDrivers(int n)
             dgetrs_("N", &p.m, &p.one, p.Block(), &p.m, p.pivots.data(), &p.solution[0], &p.m, &p.info,
                     oneLetter);
         });
-    RegisterDriver("SolveSym", n, n, true, Nothing, [](Problem& p) { p.matrix.SolveSym(p.solution); }, Dsysv);
+    RegisterDriver(
+        "SolveSym", n, n, true, Nothing, [](Problem& p) { p.matrix.SolveSym(p.solution); }, Dsysv);
     RegisterDriver(
         "SolveLinearLeastSquares", 2 * n, n, false, Nothing,
         [](Problem& p) {

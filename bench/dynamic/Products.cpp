@@ -29,7 +29,8 @@ MatDbl Matrix(int rows, int columns, unsigned seed)
 std::vector<double> Elements(MatDbl const& matrix)
 {
     double const* const block = &matrix(0, 0);
-    return std::vector<double>(block, block + std::size_t(matrix.RowCount()) * std::size_t(matrix.ColumnCount()));
+    return std::vector<double>(block,
+                               block + std::size_t(matrix.RowCount()) * std::size_t(matrix.ColumnCount()));
 }
 
 std::vector<double> Elements(VecDbl const& vector)
