@@ -58,6 +58,16 @@ std::vector<double> ReadValues(Vector const& values)
     return bench::ReadSpectrum(values[0], values[1], values[2]);
 }
 
+using Affine = Eigen::Transform<double, 3, Eigen::AffineCompact>;
+
+Affine MakeAffine(double const* numbers)
+{
+    Affine map;
+    map.linear() = MakePlain(numbers);
+    map.translation() = MakeVector(numbers);
+    return map;
+}
+
 struct Spectrum {
     Vector values;
     Matrix vectors;
@@ -75,6 +85,10 @@ using bench::Must;
         "Mat3 x Mat3", "Eigen", MakePlain, MakePlain,
         [](Matrix const& a, Matrix const& b) { return Matrix(a * b); }, ReadMatrix,
         bench::matrixTimesMatrixRule, Must::BeNear);
+    Elementwise(
+        "Affine map x point", "Eigen", MakeAffine, MakeVector,
+        [](Affine const& a, Vector const& b) { return Vector(a * b); }, ReadVector, bench::affineRule,
+        Must::BeNear);
     Elementwise(
         "Solve 3x3", "Eigen", MakeWellConditioned, MakeVector,
         [](Matrix const& a, Vector const& b) { return Vector(a.partialPivLu().solve(b)); }, ReadVector,

@@ -48,6 +48,13 @@ std::vector<double> ReadMatrix(Matrix const& matrix)
     return numbers;
 }
 
+using Affine = glm::dmat4x3;
+
+Affine MakeAffine(double const* numbers)
+{
+    return Affine(MakePlain(numbers)[0], MakePlain(numbers)[1], MakePlain(numbers)[2], MakeVector(numbers));
+}
+
 using bench::Elementwise;
 using bench::Must;
 
@@ -58,6 +65,10 @@ using bench::Must;
     Elementwise(
         "Mat3 x Mat3", "GLM", MakePlain, MakePlain, [](Matrix const& a, Matrix const& b) { return a * b; },
         ReadMatrix, bench::matrixTimesMatrixRule, Must::BeNear);
+    Elementwise(
+        "Affine map x point", "GLM", MakeAffine, MakeVector,
+        [](Affine const& a, Vector const& b) { return a * glm::dvec4(b, 1.0); }, ReadVector,
+        bench::affineRule, Must::BeNear);
     Elementwise(
         "Solve 3x3", "GLM (cofactors)", MakeWellConditioned, MakeVector,
         [](Matrix const& a, Vector const& b) { return glm::inverse(a) * b; }, ReadVector, bench::solveRule,

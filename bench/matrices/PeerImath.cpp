@@ -55,6 +55,11 @@ std::vector<double> ReadMatrix(Matrix const& matrix)
     return numbers;
 }
 
+Imath::M44d MakeAffine(double const* numbers)
+{
+    return Imath::M44d(MakePlain(numbers), MakeVector(numbers));
+}
+
 struct Spectrum {
     Vector values;
     Matrix vectors;
@@ -71,6 +76,14 @@ using bench::Must;
     Elementwise(
         "Mat3 x Mat3", "Imath", MakePlain, MakePlain, [](Matrix const& a, Matrix const& b) { return b * a; },
         ReadMatrix, bench::matrixTimesMatrixRule, Must::BeNear);
+    Elementwise(
+        "Affine map x point", "Imath", MakeAffine, MakeVector,
+        [](Imath::M44d const& a, Vector const& b) {
+            Vector result;
+            a.multVecMatrix(b, result); // divides by the fourth coordinate
+            return result;
+        },
+        ReadVector, bench::affineRule, Must::BeNear);
     Elementwise(
         "Solve 3x3", "Imath", MakeWellConditioned, MakeVector,
         [](Matrix const& a, Vector const& b) { return b * a.gjInverse(); }, ReadVector, bench::solveRule,

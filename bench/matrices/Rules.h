@@ -23,6 +23,14 @@ inline Rule const matrixTimesMatrixRule = [](double const* a, double const* b) {
     return result;
 };
 
+/// An affine map has the numbers as its linear part, and the first three of them as its translation.
+inline Rule const affineRule = [](double const* a, double const* b) {
+    std::vector<double> result = matrixTimesVectorRule(a, b);
+    for (std::size_t i = 0; i < 3; ++i)
+        result[i] = result[i] + a[i];
+    return result;
+};
+
 /// The elements of a matrix that is well conditioned: the numbers, with a heavy diagonal.
 inline double WellConditioned(double const* numbers, int i, int j)
 {

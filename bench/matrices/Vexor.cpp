@@ -1,5 +1,6 @@
 #include "Rules.h"
 
+#include <vexor/matrices/AffMat3Dbl.h>
 #include <vexor/matrices/Mat3Dbl.h>
 
 namespace {
@@ -55,6 +56,21 @@ std::vector<double> ReadValues(Vec3Dbl const& values)
     return bench::ReadSpectrum(values.x, values.y, values.z);
 }
 
+AffMat3Dbl MakeAffine(double const* numbers)
+{
+    return AffMat3Dbl(MakePlain(numbers), MakeVector(numbers));
+}
+
+Pnt3Dbl MakePoint(double const* numbers)
+{
+    return Pnt3Dbl(numbers[0], numbers[1], numbers[2]);
+}
+
+std::vector<double> ReadPoint(Pnt3Dbl const& point)
+{
+    return {point.x, point.y, point.z};
+}
+
 /// What a symmetric eigenproblem gives: the values, and the vectors in the rows.
 struct Spectrum {
     Vec3Dbl values;
@@ -72,6 +88,10 @@ using bench::Must;
     Elementwise(
         "Mat3 x Mat3", "vexor", MakePlain, MakePlain,
         [](Mat3Dbl const& a, Mat3Dbl const& b) { return a * b; }, ReadMatrix, bench::matrixTimesMatrixRule,
+        Must::GiveTheBits);
+    Elementwise(
+        "Affine map x point", "vexor", MakeAffine, MakePoint,
+        [](AffMat3Dbl const& a, Pnt3Dbl const& b) { return a * b; }, ReadPoint, bench::affineRule,
         Must::GiveTheBits);
     Elementwise(
         "Solve 3x3", "vexor", MakeWellConditioned, MakeVector,

@@ -12,7 +12,6 @@
 #include <algorithm>
 #include <cmath>
 #include <numeric>
-#include <utility>
 
 using namespace vexor::detail;
 
@@ -227,14 +226,22 @@ void MatDbl::MoveRowsTo(double* block, int rows)
 MatDbl& MatDbl::Invert()
 {
     RequireSameSize(rowCount, columnCount);
-    MatDbl inverse(rowCount, rowCount, 0.0);
-    inverse.SetDiagonal(1.0);
-    Solve(inverse);
-    if (!isExternal)
-        return *this = inverse;
-    // A view leaves its block to the caller; it takes over the inverse's own, which cannot fail.
-    std::swap(columns, inverse.columns);
-    std::swap(isExternal, inverse.isExternal);
+    std::int64_t const count = CountOf(rowCount, rowCount);
+    Owned<double> inverse = TakeOrRaise<double>(count);
+    FillRun(inverse.get(), count, 0.0);
+    for (int i = 0; i < rowCount; ++i)
+        inverse[static_cast<std::size_t>(CountOf(rowCount, i) + i)] = 1.0;
+    DoSolve(inverse.get(), rowCount, 1);
+
+    if (isExternal) {
+        // A view leaves its block to the caller and takes over the inverse's.
+        double* const block = inverse.release();
+        for (int j = 0; j < rowCount; ++j)
+            columns[j] = block + CountOf(rowCount, j);
+        isExternal = 0;
+    } else {
+        CopyRun(columns[0], inverse.get(), count);
+    }
     ReleasePivots();
     return *this;
 }

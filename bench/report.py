@@ -1,0 +1,250 @@
+#!/usr/bin/env python3
+"""Turns the benchmarks' results into docs/performance.md and the chart of the product.
+
+Usage: report.py RESULTS PAGE CHART
+"""
+
+import collections
+import json
+import math
+import os
+import pathlib
+import re
+import statistics
+import subprocess
+import sys
+
+FIXED = ["vectors", "points", "matrices", "rotations"]
+VARIANTS = [("O3", "-O3"), ("O2", "-O2"), ("O3_v3", "-O3 -march=x86-64-v3"), ("O2_v3", "-O2 -march=x86-64-v3")]
+PEERS = ["Eigen", "GLM", "Imath"]
+
+
+class Results:
+    """Median processor time in nanoseconds, by operation, size and library."""
+
+    def __init__(self, path):
+        data = json.loads(path.read_text())
+        self.context = data["context"]
+        times = collections.defaultdict(list)
+        for run in data["benchmarks"]:
+            if run["run_type"] == "iteration":
+                times[tuple(run["name"].rsplit("/", 2))].append(run["cpu_time"])
+        self.times = collections.defaultdict(dict)
+        self.operations = []
+        self.sizes = collections.defaultdict(list)
+        for (operation, library, size), values in times.items():
+            self.times[operation, size][library] = statistics.median(values)
+            if operation not in self.operations:
+                self.operations.append(operation)
+            if size not in self.sizes[operation]:
+                self.sizes[operation].append(size)
+        for sizes in self.sizes.values():
+            sizes.sort(key=lambda size: [int(n) for n in re.findall(r"\d+", size)] or [1 << 30])
+
+    def at(self, operation, size):
+        return self.times[operation, size]
+
+
+def table(head, rows):
+    lines = ["| " + " | ".join(head) + " |", "|---" + "|---:" * (len(head) - 1) + "|"]
+    lines += ["| " + " | ".join(row) + " |" for row in rows]
+    return "\n".join(lines) + "\n"
+
+
+def duration(nanoseconds):
+    for unit, size in (("s", 1e9), ("ms", 1e6), ("µs", 1e3)):
+        if nanoseconds >= size:
+            return f"{nanoseconds / size:.3g} {unit}"
+    return f"{nanoseconds:.3g} ns"
+
+
+def ratio(times, peer):
+    """How many times as long the peer takes: above 1, vexor is the faster one."""
+    return f"{times[peer] / times['vexor']:.2f}" if peer in times else "–"
+
+
+def square(size):
+    return "x" not in size
+
+
+def product_flops(size):
+    numbers = [int(n) for n in size.split("x")]
+    return 2 * math.prod(numbers if len(numbers) == 3 else numbers * 3)
+
+
+def products(results):
+    peers = ["OpenBLAS", "Eigen", "plain loops"]
+    head = ["n", "time", "GFLOP/s"] + peers
+    parts = []
+    for title, wanted in (("n × n × n", square), ("rows × inner × columns", lambda s: not square(s))):
+        rows = []
+        for size in results.sizes["Product"]:
+            times = results.at("Product", size)
+            if wanted(size) and "vexor" in times:
+                rows.append([size.replace("x", " × "), duration(times["vexor"]),
+                             f"{product_flops(size) / times['vexor']:.1f}"] + [ratio(times, p) for p in peers])
+        if rows:
+            parts.append(table([title] + head[1:], rows))
+    return "\n".join(parts)
+
+
+def against(results, operations, peers):
+    rows = []
+    for operation in operations:
+        for size in results.sizes[operation]:
+            times = results.at(operation, size)
+            if "vexor" in times:
+                rows.append([f"`{operation}`", size, duration(times["vexor"])] + [ratio(times, p) for p in peers])
+    return table(["operation", "n", "time"] + peers, rows)
+
+
+def fixed(files, size):
+    """One table over the groups: time an element, and each peer as a ratio."""
+    rows = []
+    for results in files:
+        for operation in results.operations:
+            times = results.at(operation, size)
+            if "vexor" not in times:
+                continue
+            each = times["vexor"] / (int(size) if size.isdigit() else 100 if size == "chain" else 1)
+            cells = []
+            for peer in PEERS:
+                plain, cofactors = times.get(peer), times.get(peer + " (cofactors)")
+                shown = [f"{plain / times['vexor']:.2f}"] if plain else []
+                shown += [f"{cofactors / times['vexor']:.2f}*"] if cofactors else []
+                cells.append(", ".join(shown) or "–")
+            best = min(v for k, v in times.items() if k != "vexor" and "cofactors" not in k) if any(
+                k != "vexor" and "cofactors" not in k for k in times) else None
+            rows.append([f"{operation}", f"{each:.2f} ns"] + cells + [f"{best / times['vexor']:.2f}" if best else "–"])
+    return table(["operation", "vexor"] + PEERS + ["fastest peer"], rows)
+
+
+def growth(results):
+    rows = []
+    for operation, peer in (("Product", "vexor"), ("MatrixTimesVector", "vexor"), ("Solve", "vexor"), ("Svd", "vexor"),
+                            ("EigenSym with vectors", "vexor"), ("Sum", "vexor")):
+        sizes = [s for s in results.sizes[operation] if square(s) and "vexor" in results.at(operation, s)]
+        for small, large in zip(sizes, sizes[1:]):
+            if int(large) < 2 * int(small) or int(small) < 4:
+                continue
+            t0, t1 = (results.at(operation, s)[peer] for s in (small, large))
+            exponent = math.log(t1 / t0) / math.log(int(large) / int(small))
+            rows.append([f"`{operation}`", f"{small} → {large}", duration(t0), duration(t1), f"{exponent:.2f}"])
+    return table(["operation", "n", "from", "to", "exponent"], rows)
+
+
+def chart(results, path):
+    """Speed of the product over n, on logarithmic axes."""
+    sizes = [s for s in results.sizes["Product"] if square(s) and int(s) & (int(s) - 1) == 0]
+    width, height, left, top, right, bottom = 720, 420, 64, 24, 130, 48
+    colours = {"vexor": "#0b6bcb", "Eigen": "#c2410c", "OpenBLAS": "#4d7c0f", "plain loops": "#6b7280"}
+    low, high = 0.05, 200.0
+
+    def x(n):
+        span = math.log2(int(sizes[-1]) / int(sizes[0])) or 1
+        return left + (width - left - right) * math.log2(n / int(sizes[0])) / span
+
+    def y(speed):
+        return top + (height - top - bottom) * (1 - math.log(speed / low) / math.log(high / low))
+
+    svg = [f'<svg xmlns="http://www.w3.org/2000/svg" viewBox="0 0 {width} {height}" font-family="sans-serif" '
+           'font-size="13">', '<title>Dense product: speed over n, one thread</title>',
+           f'<rect width="{width}" height="{height}" fill="white"/>']
+    for speed in (0.1, 1, 10, 100):
+        svg.append(f'<path d="M{left} {y(speed):.1f}H{width - right}" stroke="#d1d5db"/>'
+                   f'<text x="{left - 8}" y="{y(speed) + 4:.1f}" text-anchor="end">{speed:g}</text>')
+    for size in sizes:
+        svg.append(f'<path d="M{x(int(size)):.1f} {height - bottom}v5" stroke="black"/>'
+                   f'<text x="{x(int(size)):.1f}" y="{height - bottom + 19}" text-anchor="middle">{size}</text>')
+    svg.append(f'<text x="{(left + width - right) / 2}" y="{height - 8}" text-anchor="middle">n</text>'
+               f'<text transform="translate(16 {(top + height - bottom) / 2}) rotate(-90)" '
+               'text-anchor="middle">GFLOP/s</text>')
+    labels = []
+    for library, colour in colours.items():
+        points = [(x(int(s)), y(product_flops(s) / results.at("Product", s)[library])) for s in sizes
+                  if library in results.at("Product", s)]
+        if not points:
+            continue
+        svg.append('<polyline fill="none" stroke="{}" stroke-width="{}" points="{}"/>'.format(
+            colour, 3 if library == "vexor" else 1.8, " ".join(f"{a:.1f},{b:.1f}" for a, b in points)))
+        labels.append([points[-1][1], points[-1][0], library, colour])
+    labels.sort()
+    for above, label in zip(labels, labels[1:]):
+        label[0] = max(label[0], above[0] + 16)
+    for at, end, library, colour in labels:
+        svg.append(f'<text x="{end + 8:.1f}" y="{at + 4:.1f}" fill="{colour}">{library}</text>')
+    svg.append("</svg>")
+    path.write_text("\n".join(svg) + "\n")
+
+
+def version(package):
+    shown = subprocess.run(["dpkg-query", "-W", "-f", "${source:Upstream-Version}", package], capture_output=True,
+                           text=True, check=False).stdout
+    return shown or "unknown"
+
+
+def machine():
+    for line in pathlib.Path("/proc/cpuinfo").read_text().splitlines():
+        if line.startswith(("model name", "Processor")):
+            name = line.split(":", 1)[1].strip()
+            break
+    else:
+        name = os.uname().machine
+    fields = dict(line.split(":", 1) for line in subprocess.run(
+        ["lscpu"], capture_output=True, text=True, check=False, env={**os.environ, "LC_ALL": "C"}
+    ).stdout.splitlines() if ":" in line)
+    def of(key):
+        return fields.get(key, "?").strip()
+
+    caches = ", ".join(f"{of(k)} {k.removesuffix(' cache')}" for k in ("L1d cache", "L2 cache", "L3 cache"))
+    return f"{name} (family {of('CPU family')}, model {of('Model')}), {of('CPU(s)')} cores; {caches}"
+
+
+def main():
+    folder, page, picture = (pathlib.Path(argument) for argument in sys.argv[1:])
+    text = (pathlib.Path(__file__).parent / "performance.md.in").read_text()
+    dynamic = Results(folder / "g++-bench_dynamic.json")
+    chart(dynamic, picture)
+
+    compilers, sections, others = [], [], []
+    for compiler in ("g++", "clang++"):
+        for variant, flags in VARIANTS:
+            files = [folder / f"{compiler}-bench_{group}_{variant}.json" for group in FIXED]
+            if not all(file.exists() for file in files):
+                continue
+            results = [Results(file) for file in files]
+            name = results[0].context["compiler"]
+            if name not in compilers:
+                compilers.append(name)
+            sections.append(f"#### {compiler} {flags}\n\n" + fixed(results, "1000"))
+            if compiler == "g++" and variant == "O3":
+                for size, title in (("200", "Arrays of 200"), ("1000000", "Arrays of 1,000,000"),
+                                    ("call", "A single call"), ("chain", "Calls that wait for one another")):
+                    if any(results[0].at(o, size) for o in results[0].operations):
+                        others.append(f"#### {title}, g++ -O3\n\n" + fixed(results, size))
+
+    libraries = ", ".join(f"{name} {version(package)}" for name, package in (
+        ("OpenBLAS", "libopenblas-dev"), ("Eigen", "libeigen3-dev"), ("GLM", "libglm-dev"), ("Imath", "libimath-dev")))
+    values = {
+        "MACHINE": machine(),
+        "COMPILERS": ", ".join(compilers),
+        "LIBRARIES": libraries,
+        "CHART": os.path.relpath(picture, page.parent),
+        "PRODUCTS": products(dynamic),
+        "VECTORS": against(dynamic, ["MatrixTimesVector"], ["OpenBLAS", "Eigen"]),
+        "SINGLES": against(dynamic, ["MatrixTimesSingleVector"], []),
+        "TRANSPOSES": against(dynamic, ["Transpose", "GetTransposedCopy"], ["Eigen"]),
+        "SUMS": against(dynamic, ["Sum", "Dot", "LengthSquared"], ["additions alone", "Eigen"]),
+        "DRIVERS": against(dynamic, ["Solve", "ReSolve", "SolveSym", "SolveLinearLeastSquares", "Invert", "Svd",
+                                     "EigenSym", "EigenSym with vectors"], ["LAPACK"]),
+        "FIXED": "\n".join(sections),
+        "OTHERS": "\n".join(others),
+        "GROWTH": growth(dynamic),
+    }
+    for key, value in values.items():
+        text = text.replace(f"@{key}@", value.rstrip("\n"))
+    page.write_text(text)
+
+
+if __name__ == "__main__":
+    main()
