@@ -186,13 +186,13 @@ public:
     VEXOR_INLINE double MaxAbsValue() const
     {
         using vexor::detail::Magnitude;
-        return vexor::detail::MaxMagnitudeOfThree(Magnitude(x), Magnitude(y), Magnitude(z));
+        return vexor::detail::MaxOfThree(Magnitude(x), Magnitude(y), Magnitude(z));
     }
     /// The smallest absolute value.
     VEXOR_INLINE double MinAbsValue() const
     {
         using vexor::detail::Magnitude;
-        return vexor::detail::MinMagnitudeOfThree(Magnitude(x), Magnitude(y), Magnitude(z));
+        return vexor::detail::MinOfThree(Magnitude(x), Magnitude(y), Magnitude(z));
     }
     /// The index of the largest component.
     VEXOR_INLINE int MaxValueIdx() const { return vexor::detail::MaxIndexOfThree(x, y, z); }

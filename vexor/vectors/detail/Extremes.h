@@ -21,21 +21,6 @@ inline Number MinOfThree(Number x, Number y, Number z)
     return m < z ? m : z;
 }
 
-/// Of magnitudes; differs from `MaxOfThree` in what a NaN in the third place does.
-template <class Number>
-inline Number MaxMagnitudeOfThree(Number a, Number b, Number c)
-{
-    Number const m = b < a ? a : b;
-    return c < m ? m : c;
-}
-
-template <class Number>
-inline Number MinMagnitudeOfThree(Number a, Number b, Number c)
-{
-    Number const m = b > a ? a : b;
-    return c > m ? m : c;
-}
-
 template <class Number>
 inline int MaxIndexOfThree(Number x, Number y, Number z)
 {
