@@ -247,6 +247,7 @@ TEST(Vec2Dbl, CrossIsAScalar)
 TEST(Vec2Dbl, ElemMult)
 {
     ExpectBits(Vec2Dbl(-2.0, 0.0).ElemMult(Vec2Dbl(5.0, -6.0)), -10.0, -0.0);
+    ExpectBits(Vec2Dbl(0.0, 3.0).ElemMult(Vec2Dbl(-4.0, 7.0)), -0.0, 21.0);
 }
 
 TEST(Vec2Dbl, ElemDiv)

@@ -239,6 +239,7 @@ TEST(Vec2Flt, Cross)
 TEST(Vec2Flt, ElemMultAndElemDiv)
 {
     ExpectBits(Vec2Flt(-2.0f, 0.0f).ElemMult(Vec2Flt(5.0f, -6.0f)), -10.0f, -0.0f);
+    ExpectBits(Vec2Flt(0.0f, 3.0f).ElemMult(Vec2Flt(-4.0f, 7.0f)), -0.0f, 21.0f);
     ExpectBits(Vec2Flt(7.0f, 0.0f).ElemDiv(Vec2Flt(Opaque(3.0f), Opaque(0.0f))), 0x1.2aaaaap+1f, nanFlt);
 }
 
