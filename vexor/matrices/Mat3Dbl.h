@@ -236,9 +236,12 @@ public:
     /// its characteristic cubic; if `wantVectors` is not 0, row i of this matrix becomes the unit
     /// eigenvector of value i. Only the upper triangle is read.
     ///
-    /// Raises `VexorComputationFailed`, with nothing changed, if no two eigenvalues differ within the
-    /// arithmetic, as for a multiple of the unit matrix. Where two neighbouring eigenvalues coincide to
-    /// 10 units of rounding, the second vector of the pair is a cross product: of rows 0 and 1 for the
+    /// Well separated eigenvalues are right to the last digits of the largest; close ones may lose half of
+    /// all digits, and their vectors more (docs/eigen-accuracy.md). `MatDbl::EigenSym` is the sure way.
+    ///
+    /// Raises `VexorComputationFailed`, with nothing changed, where the arithmetic finds three equal
+    /// eigenvalues, as for the unit matrix. Where two neighbouring eigenvalues coincide to 10 units of
+    /// rounding, the second vector of the pair is a cross product: of rows 0 and 1 for the
     /// upper pair; of rows 0 and 2 for the lower pair, so that the rows are then left-handed. Where all
     /// three coincide, the rows are those of the unit matrix.
     VEXOR_API void EigenSym(Vec3Dbl& eigenValues, int wantVectors);
