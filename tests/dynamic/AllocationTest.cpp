@@ -5,12 +5,19 @@
 #include "Allocations.h"
 #include "Elements.h"
 
+#include <algorithm>
 #include <atomic>
+#include <cstddef>
+#include <cstdint>
 #include <cstdlib>
+#include <cstring>
 #include <memory>
 #include <new>
 
 namespace {
+
+/// Before each block stands its size; the block stays aligned.
+constexpr std::size_t headerSize = alignof(std::max_align_t);
 
 std::atomic<long> liveBlocks{0};
 std::atomic<int> requests{0};
@@ -30,18 +37,27 @@ void* TakeBlock(std::size_t bytes)
             return nullptr;
         }
     }
-    void* const block = std::malloc(bytes == 0 ? 1 : bytes);
-    if (!block)
+    auto* const header = bytes > SIZE_MAX - headerSize
+                             ? nullptr
+                             : static_cast<unsigned char*>(std::malloc(headerSize + bytes));
+    if (!header)
         throw std::bad_alloc();
+    std::memcpy(header, &bytes, sizeof bytes);
     ++liveBlocks;
-    return block;
+    return header + headerSize;
 }
 
 void GiveBlockBack(void* block)
 {
-    if (block)
-        --liveBlocks;
-    std::free(block);
+    if (!block)
+        return;
+    --liveBlocks;
+    // Whoever still reads the first elements of it reads NaN.
+    unsigned char* const header = static_cast<unsigned char*>(block) - headerSize;
+    std::size_t bytes = 0;
+    std::memcpy(&bytes, header, sizeof bytes);
+    std::memset(block, 0xff, std::min<std::size_t>(bytes, 4096));
+    std::free(header);
 }
 
 } // namespace

@@ -1,3 +1,4 @@
+#include "Allocations.h"
 #include "Designed.h"
 
 #include <climits>
@@ -512,9 +513,10 @@ TEST(MatDbl, LeastSquaresResizesTheRightHandSide)
         MatDbl(m).SolveLinearLeastSquares(square);
         EXPECT_EQ(square.RowCount(), columns);
         EXPECT_EQ(square.ColumnCount(), rows);
-        if (rows == columns) {
-            EXPECT_TRUE(HasPivots(square));
-        }
+#if !defined(_WIN32) // where the library's requests cannot be counted
+        // A copy takes a table, a block and, of a factorised matrix, pivots.
+        EXPECT_EQ(CountRequests([&] { MatDbl const copy(square); }), rows == columns ? 3 : 2);
+#endif
     }
 }
 

@@ -11,7 +11,7 @@ void* TakeBytes(std::int64_t count, std::int64_t elementSize) noexcept
 {
     // Also on a 32-bit machine no block exceeds half the address space.
     constexpr std::int64_t most = std::numeric_limits<std::ptrdiff_t>::max();
-    if (count < 1 || count > most / elementSize)
+    if (count > most / elementSize)
         return nullptr;
     // The form that does not throw turns whatever the throwing one or a new-handler throws into null.
     return ::operator new(static_cast<std::size_t>(count * elementSize), std::nothrow);

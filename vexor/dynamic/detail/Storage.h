@@ -11,8 +11,8 @@
 
 namespace vexor::detail {
 
-/// Unset storage, or null where there is none to be had: the request is below 1, is more than the
-/// address space holds, or the allocator refuses it, by returning null or by throwing anything.
+/// Unset storage for at least one element, or null where there is none to be had: the request is more
+/// than the address space holds, or the allocator refuses it, by returning null or by throwing anything.
 void* TakeBytes(std::int64_t count, std::int64_t elementSize) noexcept;
 void ReturnBytes(void* bytes) noexcept;
 
