@@ -74,7 +74,7 @@ V AtTie(Source& source)
     if (source.Below(2))
         parts[1] = -parts[1];
     for (int i = 0; i < sizeOf<V>; ++i)
-        v[i] = parts[i];
+        v[i] = i < 4 ? parts[i] : T(0);
     for (int i = sizeOf<V> - 1; i > 0; --i)
         std::swap(v[i], v[source.Below(i + 1)]);
     return v;

@@ -163,6 +163,71 @@ inline Quat Converted(Quaternion const& q)
     return {{q.u, q.v, q.w, q.s}};
 }
 
+/// Operands of run-time size, without storage of their own.
+template <class T>
+struct Array {
+    int size = 0;
+    T e[Dyn<Dbl>::capacity] = {};
+};
+struct Grid {
+    int rows = 0;
+    int columns = 0;
+    double e[DynMat::capacity][DynMat::capacity] = {};
+};
+
+inline Dyn<Dbl> Converted(Array<double> const& a)
+{
+    Dyn<Dbl> result;
+    result.size = a.size;
+    for (int i = 0; i < a.size; ++i)
+        result[i] = a.e[i];
+    return result;
+}
+inline Dyn<Flt> Converted(Array<float> const& a)
+{
+    Dyn<Flt> result;
+    result.size = a.size;
+    for (int i = 0; i < a.size; ++i)
+        result[i] = a.e[i];
+    return result;
+}
+inline DynMat Converted(Grid const& g)
+{
+    DynMat result;
+    result.rows = g.rows;
+    result.columns = g.columns;
+    for (int r = 0; r < g.rows; ++r)
+        for (int c = 0; c < g.columns; ++c)
+            result(r, c) = g.e[r][c];
+    return result;
+}
+inline Dyn<Dbl> Converted(VecDbl const& v)
+{
+    Dyn<Dbl> result;
+    result.size = v.Size();
+    for (int i = 0; i < v.Size(); ++i)
+        result[i] = v[i];
+    return result;
+}
+inline Dyn<Flt> Converted(VecFlt const& v)
+{
+    Dyn<Flt> result;
+    result.size = v.Size();
+    for (int i = 0; i < v.Size(); ++i)
+        result[i] = v[i];
+    return result;
+}
+inline DynMat Converted(MatDbl const& m)
+{
+    DynMat result;
+    result.rows = m.RowCount();
+    result.columns = m.ColumnCount();
+    for (int r = 0; r < m.RowCount(); ++r)
+        for (int c = 0; c < m.ColumnCount(); ++c)
+            result(r, c) = m(r, c);
+    return result;
+}
+
 /// What a change raises.
 template <class Change>
 Raise RaisedBy(Change change)

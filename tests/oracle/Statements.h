@@ -12,6 +12,9 @@ void EnterPlaneSolver();
 void EnterAffineMaps();
 void EnterQuaternions();
 void EnterIntegers();
+void EnterDynamicVectors();
+void EnterDynamicMatrices();
+void EnterDrivers();
 
 inline void EnterAllStatements()
 {
@@ -24,6 +27,9 @@ inline void EnterAllStatements()
     EnterAffineMaps();
     EnterQuaternions();
     EnterIntegers();
+    EnterDynamicVectors();
+    EnterDynamicMatrices();
+    EnterDrivers();
 }
 
 } // namespace oracle

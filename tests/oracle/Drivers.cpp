@@ -1,0 +1,474 @@
+#include <vector>
+
+#include "oracle/DynamicDraws.h"
+#include "oracle/Matrices.h"
+#include "oracle/Statements.h"
+
+// The rule of an operation that rests on LAPACK is the call: these statements make it themselves.
+
+extern "C" {
+using StringLength = std::size_t;
+void dgesv_(int const*, int const*, double*, int const*, int*, double*, int const*, int*);
+void dgetrs_(char const*, int const*, int const*, double const*, int const*, int const*, double*, int const*,
+             int*, StringLength);
+void dsysv_(char const*, int const*, int const*, double*, int const*, int*, double*, int const*, double*,
+            int const*, int*, StringLength);
+void dsytrs_(char const*, int const*, int const*, double const*, int const*, int const*, double*, int const*,
+             int*, StringLength);
+void dgels_(char const*, int const*, int const*, int const*, double*, int const*, double*, int const*,
+            double*, int const*, int*, StringLength);
+void dgesvd_(char const*, char const*, int const*, int const*, double*, int const*, double*, double*,
+             int const*, double*, int const*, double*, int const*, int*, StringLength, StringLength);
+void dsyevx_(char const*, char const*, char const*, int const*, double*, int const*, double const*,
+             double const*, int const*, int const*, double const*, int*, double*, double*, int const*,
+             double*, int const*, int*, int*, int*, StringLength, StringLength, StringLength);
+}
+
+namespace oracle {
+
+namespace {
+
+/// Column after column, as LAPACK takes it.
+struct Block {
+    int rows = 0;
+    int columns = 0;
+    std::vector<double> e;
+
+    Block(int rowCount, int columnCount)
+        : rows(rowCount), columns(columnCount), e(static_cast<std::size_t>(rowCount * columnCount))
+    {}
+    explicit Block(DynMat const& m) : Block(m.rows, m.columns)
+    {
+        for (int r = 0; r < rows; ++r)
+            for (int c = 0; c < columns; ++c)
+                At(r, c) = m(r, c).Value();
+    }
+    explicit Block(Dyn<Dbl> const& v) : Block(v.size, 1)
+    {
+        for (int r = 0; r < rows; ++r)
+            At(r, 0) = v[r].Value();
+    }
+    double& At(int r, int c) { return e[static_cast<std::size_t>(c * rows + r)]; }
+
+    DynMat Matrix()
+    {
+        DynMat m;
+        m.rows = rows;
+        m.columns = columns;
+        for (int r = 0; r < rows; ++r)
+            for (int c = 0; c < columns; ++c)
+                m(r, c) = At(r, c);
+        return m;
+    }
+    Dyn<Dbl> Vector()
+    {
+        Dyn<Dbl> v;
+        v.size = rows;
+        for (int r = 0; r < rows; ++r)
+            v[r] = At(r, 0);
+        return v;
+    }
+};
+
+std::vector<double> Work(int size)
+{
+    return std::vector<double>(static_cast<std::size_t>(size));
+}
+
+void DemandSuccess(int info)
+{
+    if (info != 0)
+        throw Raised{Raise::ComputationFailed};
+}
+
+/// A matrix on its way through the solvers.
+struct Solver {
+    Block a;
+    std::vector<int> pivots;
+
+    void Check(Block const& b) const
+    {
+        if (a.rows != a.columns || b.rows != a.rows)
+            throw Raised{Raise::DimensionMismatch};
+    }
+    void NeedPivots()
+    {
+        if (pivots.empty())
+            throw Raised{Raise::ComputationFailed};
+    }
+    void MakePivots()
+    {
+        if (pivots.empty())
+            pivots.assign(static_cast<std::size_t>(a.rows), 0);
+    }
+    void Solve(Block& b)
+    {
+        Check(b);
+        MakePivots();
+        int info = 0;
+        dgesv_(&a.rows, &b.columns, a.e.data(), &a.rows, pivots.data(), b.e.data(), &a.rows, &info);
+        DemandSuccess(info);
+    }
+    void ReSolve(Block& b)
+    {
+        Check(b);
+        NeedPivots();
+        // The pivots of the other kind of factorisation may lie outside the matrix.
+        for (int const pivot : pivots)
+            if (pivot < 1 || pivot > a.rows)
+                throw Raised{Raise::ComputationFailed};
+        int info = 0;
+        dgetrs_("N", &a.rows, &b.columns, a.e.data(), &a.rows, pivots.data(), b.e.data(), &a.rows, &info, 1);
+        DemandSuccess(info);
+    }
+    void SolveSym(Block& b)
+    {
+        Check(b);
+        MakePivots();
+        int info = 0, size = 128 * a.rows;
+        std::vector<double> work = Work(size);
+        dsysv_(Slip("the lower triangle") ? "L" : "U", &a.rows, &b.columns, a.e.data(), &a.rows,
+               pivots.data(), b.e.data(), &a.rows, work.data(), &size, &info, 1);
+        DemandSuccess(info);
+    }
+    void ReSolveSym(Block& b)
+    {
+        Check(b);
+        NeedPivots();
+        int info = 0;
+        dsytrs_("U", &a.rows, &b.columns, a.e.data(), &a.rows, pivots.data(), b.e.data(), &a.rows, &info, 1);
+        DemandSuccess(info);
+    }
+    /// b comes with room for the larger dimension, or gets it, and leaves with the solution's rows.
+    void LeastSquares(Block& b)
+    {
+        if (b.rows != a.rows)
+            throw Raised{Raise::DimensionMismatch};
+        pivots.clear();
+        int const larger = a.rows > a.columns ? a.rows : a.columns;
+        Block padded(larger, b.columns);
+        for (int r = 0; r < b.rows; ++r)
+            for (int c = 0; c < b.columns; ++c)
+                padded.At(r, c) = b.At(r, c);
+        int info = 0, size = 128 * larger;
+        std::vector<double> work = Work(size);
+        dgels_("N", &a.rows, &a.columns, &b.columns, a.e.data(), &a.rows, padded.e.data(), &larger,
+               work.data(), &size, &info, 1);
+        if (info != 0) {
+            if (a.rows < a.columns)
+                throw Open{}; // what lies behind the right-hand side was never set
+            b = padded;
+            throw Raised{Raise::ComputationFailed};
+        }
+        Block solution(a.columns, b.columns);
+        for (int r = 0; r < a.columns; ++r)
+            for (int c = 0; c < b.columns; ++c)
+                solution.At(r, c) = padded.At(r, c);
+        b = solution;
+    }
+};
+
+/// An operand for LAPACK: finite, often symmetric, singular at times.
+Grid DrawnSystem(Source& source, int rows, int columns)
+{
+    Grid grid = DrawnGrid(source, rows, columns);
+    bool const integers = source.OneIn(3), wild = source.OneIn(12);
+    for (int r = 0; r < rows; ++r)
+        for (int c = 0; c < columns; ++c) {
+            double& e = grid.e[r][c];
+            if (integers)
+                e = source.Below(7) - 3;
+            else if (!wild || !(std::fabs(e) < 1e150))
+                e = source.Signed();
+        }
+    if (source.OneIn(8))
+        for (int c = 0; c < columns; ++c)
+            grid.e[source.Below(rows)][c] = 0.0;
+    if (source.OneIn(8))
+        for (int c = 0; c < columns; ++c)
+            grid.e[rows - 1][c] = 2.0 * grid.e[0][c];
+    return grid;
+}
+
+auto DrawSystem(Source& source)
+{
+    int const n = 1 + source.Below(5);
+    Grid const a = DrawnSystem(source, n, source.OneIn(20) ? 1 + source.Below(5) : n);
+    int const rows = source.OneIn(20) ? 1 + source.Below(5) : n;
+    Grid const b = DrawnSystem(source, rows, 1 + source.Below(3)),
+               c = DrawnSystem(source, n, 1 + source.Below(3));
+    return std::tuple(a, b, c);
+}
+
+Array<double> Column(Grid const& g)
+{
+    Array<double> v;
+    v.size = g.rows;
+    for (int r = 0; r < g.rows; ++r)
+        v.e[r] = g.e[r][0];
+    return v;
+}
+
+Dyn<Dbl> Column(DynMat const& g)
+{
+    Dyn<Dbl> v;
+    v.size = g.rows;
+    for (int r = 0; r < g.rows; ++r)
+        v[r] = g(r, 0);
+    return v;
+}
+
+/// Two calls one after the other: the first may raise and the second runs all the same.
+template <class First, class Second>
+void EnterSolves(std::string const& name, First first, Second second, void (Solver::*firstRule)(Block&),
+                 void (Solver::*secondRule)(Block&))
+{
+    Add(
+        name + "(MatDbl)", DrawSystem,
+        [=](Grid const& a, Grid const& b, Grid const& c) {
+            MatDbl m = Made(a), x = Made(b), y = Made(c);
+            Raise const one = RaisedBy([&] { first(m, x); }), two = RaisedBy([&] { second(m, y); });
+            return std::tuple(one, two, m, x, y);
+        },
+        [=](DynMat const& a, DynMat const& b, DynMat const& c) {
+            Solver solver = {Block(a), {}};
+            Block x(b), y(c);
+            Raise const one = RaisedBy([&] { (solver.*firstRule)(x); });
+            Raise const two = RaisedBy([&] { (solver.*secondRule)(y); });
+            return std::tuple(one, two, solver.a.Matrix(), x.Matrix(), y.Matrix());
+        });
+    Add(
+        name + "(VecDbl)", DrawSystem,
+        [=](Grid const& a, Grid const& b, Grid const& c) {
+            MatDbl m = Made(a);
+            VecDbl x = Made(Column(b)), y = Made(Column(c));
+            Raise const one = RaisedBy([&] { first(m, x); }), two = RaisedBy([&] { second(m, y); });
+            return std::tuple(one, two, m, x, y);
+        },
+        [=](DynMat const& a, DynMat const& b, DynMat const& c) {
+            Solver solver = {Block(a), {}};
+            Block x(Column(b)), y(Column(c));
+            Raise const one = RaisedBy([&] { (solver.*firstRule)(x); });
+            Raise const two = RaisedBy([&] { (solver.*secondRule)(y); });
+            return std::tuple(one, two, solver.a.Matrix(), x.Vector(), y.Vector());
+        });
+}
+
+bool HoldsInfinity(Block& a)
+{
+    for (double const e : a.e)
+        if (std::isinf(e))
+            return true;
+    return false;
+}
+
+void Decompose(Block& a, std::vector<double>& values)
+{
+    int const smaller = a.rows < a.columns ? a.rows : a.columns, larger = a.rows + a.columns - smaller;
+    values.assign(static_cast<std::size_t>(smaller), 0.0);
+    int info = 0, size = 128 * larger, one = 1;
+    double dummy = 0.0;
+    std::vector<double> work = Work(size);
+    dgesvd_("N", Slip("no vectors") ? "N" : "O", &a.rows, &a.columns, a.e.data(), &a.rows, values.data(),
+            &dummy, &one, &dummy, &one, work.data(), &size, &info, 1, 1);
+    DemandSuccess(info);
+}
+
+} // namespace
+
+void EnterDrivers()
+{
+    auto const solve = [](MatDbl& m, auto& b) { m.Solve(b); };
+    auto const reSolve = [](MatDbl& m, auto& b) { m.ReSolve(b); };
+    auto const solveSym = [](MatDbl& m, auto& b) { m.SolveSym(b); };
+    auto const reSolveSym = [](MatDbl& m, auto& b) { m.ReSolveSym(b); };
+    auto const leastSquares = [](MatDbl& m, auto& b) { m.SolveLinearLeastSquares(b); };
+    EnterSolves("MatDbl::Solve, ReSolve", solve, reSolve, &Solver::Solve, &Solver::ReSolve);
+    EnterSolves("MatDbl::SolveSym, ReSolveSym", solveSym, reSolveSym, &Solver::SolveSym, &Solver::ReSolveSym);
+    EnterSolves("MatDbl::SolveSym, ReSolve", solveSym, reSolve, &Solver::SolveSym, &Solver::ReSolve);
+    EnterSolves("MatDbl::ReSolve, Solve", reSolve, solve, &Solver::ReSolve, &Solver::Solve);
+    EnterSolves("MatDbl::Solve, SolveLinearLeastSquares", solve, leastSquares, &Solver::Solve,
+                &Solver::LeastSquares);
+
+    auto const drawLeast = [](Source& source) {
+        int const rows = 1 + source.Below(5);
+        Grid const a = DrawnSystem(source, rows, 1 + source.Below(5));
+        Grid const b =
+            DrawnSystem(source, source.OneIn(20) ? 1 + source.Below(5) : rows, 1 + source.Below(3));
+        return std::tuple(a, b);
+    };
+    Add(
+        "MatDbl::SolveLinearLeastSquares(MatDbl)", drawLeast,
+        [](Grid const& a, Grid const& b) {
+            MatDbl m = Made(a), x = Made(b);
+            Raise const raised = RaisedBy([&] { m.SolveLinearLeastSquares(x); });
+            return std::tuple(raised, m, x);
+        },
+        [](DynMat const& a, DynMat const& b) {
+            Solver solver = {Block(a), {}};
+            Block x(b);
+            Raise const raised = RaisedBy([&] { solver.LeastSquares(x); });
+            return std::tuple(raised, solver.a.Matrix(), x.Matrix());
+        });
+    Add(
+        "MatDbl::SolveLinearLeastSquares(VecDbl)", drawLeast,
+        [](Grid const& a, Grid const& b) {
+            MatDbl m = Made(a);
+            VecDbl x = Made(Column(b));
+            Raise const raised = RaisedBy([&] { m.SolveLinearLeastSquares(x); });
+            return std::tuple(raised, m, x);
+        },
+        [](DynMat const& a, DynMat const& b) {
+            Solver solver = {Block(a), {}};
+            Block x(Column(b));
+            Raise const raised = RaisedBy([&] { solver.LeastSquares(x); });
+            return std::tuple(raised, solver.a.Matrix(), x.Vector());
+        });
+
+    auto const drawSquare = [](Source& source) {
+        int const n = 1 + source.Below(5);
+        return std::tuple(DrawnSystem(source, n, source.OneIn(20) ? 1 + source.Below(5) : n));
+    };
+    auto const inverse = [](DynMat const& m) {
+        Solver solver = {Block(m), {}};
+        if (m.rows != m.columns)
+            throw Raised{Raise::DimensionMismatch};
+        Block unit(m.rows, m.rows);
+        for (int i = 0; i < m.rows; ++i)
+            unit.At(i, i) = 1.0;
+        solver.Solve(unit);
+        return unit.Matrix();
+    };
+    Add(
+        "MatDbl::GetInvertedCopy", drawSquare, [](Grid const& g) { return Made(g).GetInvertedCopy(); },
+        inverse);
+    Add(
+        "MatDbl::Invert", drawSquare,
+        [](Grid const& g) {
+            MatDbl m = Made(g);
+            m.Invert();
+            VecDbl side(g.rows, 1.0, nullptr);
+            return std::tuple(m, RaisedBy([&] { m.ReSolve(side); }));
+        },
+        [inverse](DynMat const& m) { return std::tuple(inverse(m), Raise::ComputationFailed); });
+
+    Add(
+        "MatDbl::Svd",
+        [](Source& source) {
+            int const rows = 1 + source.Below(5);
+            Grid grid = DrawnSystem(source, rows, 1 + source.Below(5));
+            if (source.OneIn(20))
+                grid.e[source.Below(rows)][0] = source.Below(2) ? HUGE_VAL : -HUGE_VAL;
+            return std::tuple(grid);
+        },
+        [](Grid const& g) {
+            MatDbl m = Made(g);
+            VecDbl values(2, 7.0, nullptr);
+            Raise const raised = RaisedBy([&] { m.Svd(values); });
+            return std::tuple(raised, values, m);
+        },
+        [](DynMat const& m) {
+            Block a(m);
+            std::vector<double> values(2, 7.0);
+            Raise const raised =
+                HoldsInfinity(a) ? Raise::ComputationFailed : RaisedBy([&] { Decompose(a, values); });
+            Dyn<Dbl> result;
+            result.size = static_cast<int>(values.size());
+            for (int i = 0; i < result.size; ++i)
+                result[i] = values[static_cast<std::size_t>(i)];
+            return std::tuple(raised, result, a.Matrix());
+        });
+    Add(
+        "Mat3Dbl::Svd",
+        [](Source& source) {
+            Grid const grid = DrawnSystem(source, 3, 3);
+            Mat3Dbl m(0.0);
+            for (int i = 0; i < 9; ++i)
+                m(i / 3, i % 3) = grid.e[i / 3][i % 3];
+            if (source.OneIn(20))
+                m(source.Below(3), source.Below(3)) = HUGE_VAL;
+            return std::tuple(m);
+        },
+        [](Mat3Dbl m) {
+            Vec3Dbl values(7.0);
+            Raise const raised = RaisedBy([&] { m.Svd(values); });
+            return std::tuple(raised, values, m);
+        },
+        [](Mat<3> const& m) {
+            Block a(3, 3);
+            bool const straight = Slip("not transposed");
+            for (int r = 0; r < 3; ++r)
+                for (int c = 0; c < 3; ++c)
+                    a.At(straight ? r : c, straight ? c : r) = m(r, c).Value();
+            std::vector<double> values(3, 7.0);
+            V3 result = {{7.0, 7.0, 7.0}};
+            Mat<3> rows = m;
+            Raise const raised =
+                HoldsInfinity(a) ? Raise::ComputationFailed : RaisedBy([&] { Decompose(a, values); });
+            if (raised == Raise::None)
+                for (int r = 0; r < 3; ++r) {
+                    result[r] = values[static_cast<std::size_t>(r)];
+                    for (int c = 0; c < 3; ++c)
+                        rows(r, c) = a.At(r, c);
+                }
+            return std::tuple(raised, result, rows);
+        });
+    Add(
+        "MatDbl::EigenSym",
+        [](Source& source) {
+            int const n = 1 + source.Below(5);
+            Grid const grid = DrawnSystem(source, n, source.OneIn(20) ? 1 + source.Below(5) : n);
+            int first = 0, last = n - 1;
+            if (source.Below(2)) {
+                first = source.Below(n + 1) - source.OneIn(10);
+                last = first + source.Below(n + 1) - source.OneIn(10);
+            }
+            return std::tuple(grid, source.Below(3) - 1, first, last);
+        },
+        [](Grid const& g, int wanted, int first, int last) {
+            MatDbl m = Made(g);
+            VecDbl values(1, 7.0, nullptr);
+            Raise const raised = RaisedBy([&] { m.EigenSym(values, wanted, first, last); });
+            int const size = values.Size();
+            // Behind the selected values nothing is defined, and nothing at all after a failing driver.
+            Array<double> selected;
+            if (raised == Raise::None)
+                for (int i = 0; i <= last - first; ++i)
+                    selected.e[selected.size++] = values[i];
+            return std::tuple(raised, size, selected,
+                              raised == Raise::ComputationFailed ? MatDbl(1, 1, 0.0, nullptr) : m);
+        },
+        [](DynMat const& m, int wanted, int first, int last) {
+            Block a(m);
+            int size = 1;
+            Dyn<Dbl> selected;
+            Raise const raised = RaisedBy([&] {
+                int const n = a.rows;
+                if (a.rows != a.columns || first < 0 || first > last || last >= n)
+                    throw Raised{Raise::DimensionMismatch};
+                size = n;
+                int const low = first + 1, high = last + 1, count = last - first + 1;
+                int found = 0, info = 0, length = 140 * n;
+                double const tolerance = 0.0;
+                double unset = 0.0;
+                std::vector<double> w = Work(n), z = Work(n * count), work = Work(length);
+                std::vector<int> iwork(static_cast<std::size_t>(5 * n)), fail(static_cast<std::size_t>(n));
+                bool const all = low == 1 && high == n;
+                dsyevx_(wanted ? "V" : "N", all ? "A" : "I", Slip("the lower triangle") ? "L" : "U", &n,
+                        a.e.data(), &n, &unset, &unset, &low, &high, &tolerance, &found, w.data(), z.data(),
+                        &n, work.data(), &length, iwork.data(), fail.data(), &info, 1, 1, 1);
+                bool const columns = Slip("vectors in columns");
+                if (wanted)
+                    for (int i = 0; i < n; ++i)
+                        for (int j = 0; j < count; ++j)
+                            a.At(columns ? i : j, columns ? j : i) = z[static_cast<std::size_t>(j * n + i)];
+                DemandSuccess(info);
+                for (int i = 0; i < count; ++i)
+                    selected[selected.size++] = w[static_cast<std::size_t>(i)];
+            });
+            return std::tuple(raised, size, selected,
+                              raised == Raise::ComputationFailed ? Block(1, 1).Matrix() : a.Matrix());
+        });
+}
+
+} // namespace oracle
