@@ -566,6 +566,12 @@ TEST(AffMat3Dbl, SetRotationReadsTheGlobalInclusively)
     EXPECT_EQ(AffMat3Dbl(nan).SetRotation(Pnt3Dbl(0.0), Vec3Dbl(0, 8, 0), Vec3Dbl(Above(0.25), 0, 0))
                   == Identity(),
               0);
+    // Where only this operation's own limit is met, the identity is exact: a rotation by 0 would be rounded.
+    gVexorTolerance.SetLength(3.0);
+    Vec3Dbl const limit(1, 2, 2);
+    Vec3Dbl const longer(-20, 35, 11);
+    ExpectBits(AffMat3Dbl(nan).SetRotation(Pnt3Dbl(1, 2, 3), limit, longer), Identity());
+    ExpectBits(AffMat3Dbl(nan).SetRotation(Pnt3Dbl(1, 2, 3), longer, limit), Identity());
     gVexorTolerance.SetLength(1e-5);
     EXPECT_EQ(AffMat3Dbl(nan).SetRotation(Pnt3Dbl(0.0), x, y) == Identity(), 0);
 }
