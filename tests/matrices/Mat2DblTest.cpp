@@ -293,6 +293,9 @@ TEST(Mat2Dbl, MultiplyAssign)
     ExpectBits(m, -3.0, 6.0, -0.0, -12.0);
     m *= m(0, 1); // the scalar is one of the elements
     ExpectBits(m, -18.0, 36.0, -0.0, -72.0);
+    Mat2Dbl all = Rows(3.0, 5.0, 7.0, 9.0);
+    all *= 4.0;
+    ExpectBits(all, 12.0, 20.0, 28.0, 36.0);
 }
 
 TEST(Mat2Dbl, DivideAssignTrulyDivides)
@@ -627,6 +630,7 @@ TEST(Mat2Dbl, MultiplyByScalar)
     Mat2Dbl const m = Rows(1.0, -2.0, 0.0, 4.0);
     ExpectBits(m * -3.0, -3.0, 6.0, -0.0, -12.0);
     ExpectBits(-3.0 * m, -3.0, 6.0, -0.0, -12.0);
+    ExpectBits(Rows(3.0, 5.0, 7.0, 9.0) * 4.0, 12.0, 20.0, 28.0, 36.0);
 }
 
 TEST(Mat2Dbl, DivideByScalarMultipliesByTheReciprocal)

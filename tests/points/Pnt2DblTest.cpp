@@ -205,6 +205,9 @@ TEST(Pnt2Dbl, MultiplyAssign)
     ExpectBits(p, 6.0, -0.0);
     p *= p.x; // the scalar is one of the coordinates
     ExpectBits(p, 36.0, -0.0);
+    Pnt2Dbl all(3.0, 5.0);
+    all *= 4.0;
+    ExpectBits(all, 12.0, 20.0);
 }
 
 TEST(Pnt2Dbl, DivideAssignTrulyDivides)
@@ -332,6 +335,8 @@ TEST(Pnt2Dbl, MultiplyByScalar)
 {
     ExpectBits(Pnt2Dbl(-2.0, 0.0) * -3.0, 6.0, -0.0);
     ExpectBits(-3.0 * Pnt2Dbl(-2.0, 0.0), 6.0, -0.0);
+    ExpectBits(Pnt2Dbl(3.0, 5.0) * 4.0, 12.0, 20.0);
+    ExpectBits(4.0 * Pnt2Dbl(3.0, 5.0), 12.0, 20.0);
 }
 
 TEST(Pnt2Dbl, DivideByScalarMultipliesByTheReciprocal)

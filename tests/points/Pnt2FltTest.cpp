@@ -241,6 +241,9 @@ TEST(Pnt2Flt, MultiplyAssign)
     ExpectBits(p, 6.0f, -0.0f);
     p *= p.x; // the scalar is one of the coordinates
     ExpectBits(p, 36.0f, -0.0f);
+    Pnt2Flt all(3.0f, 5.0f);
+    all *= 4.0f;
+    ExpectBits(all, 12.0f, 20.0f);
 }
 
 TEST(Pnt2Flt, MultiplyAssignByADoubleRoundsItFirst)
@@ -406,6 +409,8 @@ TEST(Pnt2Flt, MultiplyByScalar)
     ExpectBits(Pnt2Flt(-2.0f, 0.0f) * -3.0f, 6.0f, -0.0f);
     ExpectBits(-3.0f * Pnt2Flt(-2.0f, 0.0f), 6.0f, -0.0f);
     ExpectBits(Pnt2Flt(1.0f + 0x1p-23f, 0.0f) * (1.0f + 0x1p-23f), 1.0f + 0x1p-22f, 0.0f);
+    ExpectBits(Pnt2Flt(3.0f, 5.0f) * 4.0f, 12.0f, 20.0f);
+    ExpectBits(4.0f * Pnt2Flt(3.0f, 5.0f), 12.0f, 20.0f);
 }
 
 TEST(Pnt2Flt, MultiplyByADoubleRoundsItFirst)

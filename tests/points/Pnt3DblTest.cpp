@@ -221,6 +221,9 @@ TEST(Pnt3Dbl, MultiplyAssign)
     ExpectBits(p, -3.0, 6.0, -0.0);
     p *= p.y; // the scalar is one of the coordinates
     ExpectBits(p, -18.0, 36.0, -0.0);
+    Pnt3Dbl all(3.0, 5.0, 7.0);
+    all *= 4.0;
+    ExpectBits(all, 12.0, 20.0, 28.0);
 }
 
 TEST(Pnt3Dbl, DivideAssignTrulyDivides)
@@ -396,6 +399,8 @@ TEST(Pnt3Dbl, MultiplyByScalar)
     ExpectBits(-3.0 * Pnt3Dbl(1.0, -2.0, 0.0), -3.0, 6.0, -0.0);
     static_assert(std::is_same_v<decltype(Pnt3Dbl() * 1.0), Pnt3Dbl>, "");
     static_assert(std::is_same_v<decltype(1.0 * Pnt3Dbl()), Pnt3Dbl>, "");
+    ExpectBits(Pnt3Dbl(3.0, 5.0, 7.0) * 4.0, 12.0, 20.0, 28.0);
+    ExpectBits(4.0 * Pnt3Dbl(3.0, 5.0, 7.0), 12.0, 20.0, 28.0);
 }
 
 TEST(Pnt3Dbl, DivideByScalarMultipliesByTheReciprocal)

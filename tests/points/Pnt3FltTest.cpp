@@ -198,6 +198,9 @@ TEST(Pnt3Flt, MultiplyAssign)
     ExpectBits(p, -3.0f, 6.0f, -0.0f);
     p *= p.y; // the scalar is one of the coordinates
     ExpectBits(p, -18.0f, 36.0f, -0.0f);
+    Pnt3Flt all(3.0f, 5.0f, 7.0f);
+    all *= 4.0f;
+    ExpectBits(all, 12.0f, 20.0f, 28.0f);
 }
 
 TEST(Pnt3Flt, DivideAssignTrulyDivides)
@@ -343,6 +346,8 @@ TEST(Pnt3Flt, MultiplyByScalar)
 {
     ExpectBits(Pnt3Flt(1.0f, -2.0f, 0.0f) * -3.0f, -3.0f, 6.0f, -0.0f);
     ExpectBits(-3.0f * Pnt3Flt(1.0f, -2.0f, 0.0f), -3.0f, 6.0f, -0.0f);
+    ExpectBits(Pnt3Flt(3.0f, 5.0f, 7.0f) * 4.0f, 12.0f, 20.0f, 28.0f);
+    ExpectBits(4.0f * Pnt3Flt(3.0f, 5.0f, 7.0f), 12.0f, 20.0f, 28.0f);
 }
 
 TEST(Pnt3Flt, DivideByScalarMultipliesByTheRoundedReciprocal)

@@ -152,6 +152,9 @@ TEST(Vec2Dbl, MultiplyAssign)
     ExpectBits(v, 6.0, -0.0);
     v *= v.x; // the scalar is one of the components
     ExpectBits(v, 36.0, -0.0);
+    Vec2Dbl all(3.0, 5.0);
+    all *= 4.0;
+    ExpectBits(all, 12.0, 20.0);
 }
 
 TEST(Vec2Dbl, DivideAssignTrulyDivides)
@@ -202,6 +205,8 @@ TEST(Vec2Dbl, MultiplyByScalar)
 {
     ExpectBits(Vec2Dbl(-2.0, 0.0) * -3.0, 6.0, -0.0);
     ExpectBits(-3.0 * Vec2Dbl(-2.0, 0.0), 6.0, -0.0);
+    ExpectBits(Vec2Dbl(3.0, 5.0) * 4.0, 12.0, 20.0);
+    ExpectBits(4.0 * Vec2Dbl(3.0, 5.0), 12.0, 20.0);
 }
 
 TEST(Vec2Dbl, DivideByScalarMultipliesByTheReciprocal)

@@ -154,6 +154,9 @@ TEST(Vec2Flt, MultiplyAssign)
     ExpectBits(v, 6.0f, -0.0f);
     v *= v.x; // the scalar is one of the components
     ExpectBits(v, 36.0f, -0.0f);
+    Vec2Flt all(3.0f, 5.0f);
+    all *= 4.0f;
+    ExpectBits(all, 12.0f, 20.0f);
 }
 
 TEST(Vec2Flt, DivideAssignTrulyDivides)
@@ -197,6 +200,8 @@ TEST(Vec2Flt, MultiplyByScalar)
 {
     ExpectBits(Vec2Flt(-2.0f, 0.0f) * -3.0f, 6.0f, -0.0f);
     ExpectBits(-3.0f * Vec2Flt(-2.0f, 0.0f), 6.0f, -0.0f);
+    ExpectBits(Vec2Flt(3.0f, 5.0f) * 4.0f, 12.0f, 20.0f);
+    ExpectBits(4.0f * Vec2Flt(3.0f, 5.0f), 12.0f, 20.0f);
 }
 
 TEST(Vec2Flt, DivideByScalarMultipliesByTheRoundedReciprocal)
