@@ -221,6 +221,8 @@ TEST(Vec2Dbl, AddAndSubtract)
 {
     ExpectBits(Vec2Dbl(-0.0, 1.0) + Vec2Dbl(-0.0, 0x1p-53), -0.0, 1.0);
     ExpectBits(Vec2Dbl(-0.0, 1.0) - Vec2Dbl(0.0, 1.0), -0.0, 0.0);
+    ExpectBits(Vec2Dbl(1.0, 5.0) + Vec2Dbl(20.0, 70.0), 21.0, 75.0);
+    ExpectBits(Vec2Dbl(1.0, 5.0) - Vec2Dbl(20.0, 70.0), -19.0, -65.0);
 }
 
 // ---- Products --------------------------------------------------------------------------------------

@@ -216,6 +216,8 @@ TEST(Vec2Flt, AddAndSubtract)
 {
     ExpectBits(Vec2Flt(-0.0f, 1.0f) + Vec2Flt(-0.0f, 0x1p-24f), -0.0f, 1.0f);
     ExpectBits(Vec2Flt(-0.0f, 1.0f) - Vec2Flt(0.0f, 1.0f), -0.0f, 0.0f);
+    ExpectBits(Vec2Flt(1.0f, 5.0f) + Vec2Flt(20.0f, 70.0f), 21.0f, 75.0f);
+    ExpectBits(Vec2Flt(1.0f, 5.0f) - Vec2Flt(20.0f, 70.0f), -19.0f, -65.0f);
 }
 
 // ---- Products: rounded once ------------------------------------------------------------------------
