@@ -13,6 +13,14 @@
 using vexor::detail::LocalRowsOfThree;
 using vexor::detail::Select;
 
+#if defined(__GNUC__)
+#    define VEXOR_FORCE_INLINE __attribute__((always_inline)) inline
+#elif defined(_MSC_VER)
+#    define VEXOR_FORCE_INLINE __forceinline
+#else
+#    define VEXOR_FORCE_INLINE inline
+#endif
+
 // ---- Solving ---------------------------------------------------------------------------------------
 
 void Mat3Dbl::Solve(Vec3Dbl& rightSide)
@@ -273,8 +281,9 @@ VEXOR_COLD Vec3Dbl RankOneEigenVector(Vec3Dbl const& row0, Vec3Dbl const& row1, 
 // through the largest element. Rank means comparison with exactly 0.
 //
 // Which element and which minor is largest is as good as random, so that branches on it would be
-// mispredicted; hence all cross products are formed, and the one wanted is taken by its index.
-Vec3Dbl UpperTriangle::EigenVector(double eigenValue) const
+// mispredicted; hence all cross products are formed, and the one wanted is taken by its index. Inlined,
+// what the vectors of one matrix have in common is computed once, and their computations overlap.
+VEXOR_FORCE_INLINE Vec3Dbl UpperTriangle::EigenVector(double eigenValue) const
 {
     Vec3Dbl const row0(a - eigenValue, b, c);
     Vec3Dbl const row1(b, d - eigenValue, e);
