@@ -26,3 +26,12 @@ function(vexor_warnings target)
         target_compile_options(${target} PRIVATE /W4)
     endif()
 endfunction()
+
+# Keeps what a compiler emits of the standard library out of the export table.
+function(vexor_export_own_symbols_only target)
+    if(UNIX AND NOT APPLE)
+        set(map "${PROJECT_SOURCE_DIR}/cmake/vexor.map")
+        target_link_options(${target} PRIVATE "LINKER:--version-script=${map}")
+        set_property(TARGET ${target} APPEND PROPERTY LINK_DEPENDS "${map}")
+    endif()
+endfunction()
