@@ -5,7 +5,11 @@
 
 // What each operation is, on plain numbers; nine of them are a matrix, row after row.
 
+// Every source has a copy of its own, compiled with its own flags: a peer's may fuse what these must not.
+
 namespace bench {
+
+namespace {
 
 inline Rule const matrixTimesVectorRule = [](double const* a, double const* b) {
     std::vector<double> result;
@@ -81,5 +85,7 @@ inline std::vector<double> ReadSpectrum(double a, double b, double c)
 {
     return {a + b + c, a * a + b * b + c * c};
 }
+
+} // namespace
 
 } // namespace bench

@@ -3,7 +3,11 @@
 
 // What each operation is, on plain numbers.
 
+// Every source has a copy of its own, compiled with its own flags: a peer's may fuse what these must not.
+
 namespace bench {
+
+namespace {
 
 inline Rule const distanceRule = [](double const* a, double const* b) {
     double const d[3] = {a[0] - b[0], a[1] - b[1], a[2] - b[2]};
@@ -13,5 +17,7 @@ inline Rule const distanceRule = [](double const* a, double const* b) {
 inline Rule const translateRule = [](double const* a, double const* b) {
     return std::vector<double>{a[0] + b[0], a[1] + b[1], a[2] + b[2]};
 };
+
+} // namespace
 
 } // namespace bench

@@ -3,7 +3,11 @@
 
 // What each operation is, on plain numbers: four of them, made unit, are a quaternion, the scalar last.
 
+// Every source has a copy of its own, compiled with its own flags: a peer's may fuse what these must not.
+
 namespace bench {
+
+namespace {
 
 struct UnitQuaternion {
     explicit UnitQuaternion(double const* n)
@@ -47,5 +51,7 @@ inline Rule const matrixRule = [](double const* left, double const*) {
                                2.0 * (u * v + w * s), ss - uu + vv - ww,     2.0 * (v * w - u * s),
                                2.0 * (u * w - v * s), 2.0 * (v * w + u * s), ss - uu - vv + ww};
 };
+
+} // namespace
 
 } // namespace bench

@@ -3,7 +3,11 @@
 
 // What each operation is, on plain numbers.
 
+// Every source has a copy of its own, compiled with its own flags: a peer's may fuse what these must not.
+
 namespace bench {
+
+namespace {
 
 inline double DotRule(double const* a, double const* b)
 {
@@ -36,5 +40,7 @@ inline std::vector<double> ReadFlag(int flag)
 {
     return {static_cast<double>(flag)};
 }
+
+} // namespace
 
 } // namespace bench
