@@ -1,17 +1,23 @@
 #pragma once
-#include <array>
-
 #include "oracle/Draws.h"
 #include "oracle/Registry.h"
 
 namespace oracle {
 
-template <class T, std::size_t N>
-Array<T> Copied(std::array<T, N> const& from)
+/// A fixed number of elements, for the draws that want one.
+template <class T, int N>
+struct Few {
+    T e[N];
+    T& operator[](int i) { return e[i]; }
+    T const& operator[](int i) const { return e[i]; }
+};
+
+template <class T, int N>
+Array<T> Copied(Few<T, N> const& from)
 {
     Array<T> result;
-    result.size = static_cast<int>(N);
-    for (std::size_t i = 0; i < N; ++i)
+    result.size = N;
+    for (int i = 0; i < N; ++i)
         result.e[i] = from[i];
     return result;
 }
@@ -22,16 +28,16 @@ auto OfSomeSize(Source& source, Draw draw)
 {
     switch (source.Below(6)) {
     case 0:
-        return draw(std::array<T, 1>());
+        return draw(Few<T, 1>());
     case 1:
-        return draw(std::array<T, 2>());
+        return draw(Few<T, 2>());
     case 2:
     case 3:
-        return draw(std::array<T, 3>());
+        return draw(Few<T, 3>());
     case 4:
-        return draw(std::array<T, 4>());
+        return draw(Few<T, 4>());
     default:
-        return draw(std::array<T, 7>());
+        return draw(Few<T, 7>());
     }
 }
 

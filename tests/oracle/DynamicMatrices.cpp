@@ -74,11 +74,11 @@ auto DrawMatrixAndVector(Source& source)
     for (int i = 0; i < v.size; ++i)
         v.e[i] = source.Number<T>();
     if (source.Below(2) && v.size >= 3) {
-        auto const [x, y] = Related<std::array<T, 3>>(source);
+        auto const [x, y] = Related<Few<T, 3>>(source);
         int const r = source.Below(g.rows);
         for (int k = 0; k < 3; ++k) {
-            g.e[r][k] = static_cast<double>(x[static_cast<std::size_t>(k)]);
-            v.e[k] = y[static_cast<std::size_t>(k)];
+            g.e[r][k] = static_cast<double>(x[k]);
+            v.e[k] = y[k];
         }
         if (source.Below(2))
             g.e[r][source.Below(3)] *= 1.0 + 0x1p-50 * source.Below(4);

@@ -148,10 +148,10 @@ void EnterUInt64()
     Add(
         "UInt64::operator+", DrawWides, [](I a, I b) { return Value(UInt64(a) + UInt64(b)); },
         [](I a, I b) {
-            return Slip("no carry")
-                       ? Wrapped(((Large(a) >> 32) + (Large(b) >> 32)) * (Large(1) << 32)
-                                 + static_cast<std::uint32_t>(a + 0u + static_cast<std::uint64_t>(b)))
-                       : Wrapped(Large(a) + Large(b));
+            return Slip("no carry") ? Wrapped(((Large(a) >> 32) + (Large(b) >> 32)) * (Large(1) << 32)
+                                              + static_cast<std::uint32_t>(static_cast<std::uint64_t>(a)
+                                                                           + static_cast<std::uint64_t>(b)))
+                                    : Wrapped(Large(a) + Large(b));
         });
     Add(
         "UInt64::operator-", DrawWides, [](I a, I b) { return Value(UInt64(a) - UInt64(b)); },

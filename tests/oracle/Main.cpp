@@ -17,6 +17,7 @@
 //   --part I/N         only every Nth operation, from the Ith on
 //   --table            a line for each operation
 //   --teeth            the self-test: makes each mistake on purpose and demands that the operands show it
+//   --steps            the same, and each single step put wrong as well: a measure, which takes long
 //   --list             names of the operations
 
 using namespace oracle;
@@ -32,6 +33,7 @@ struct Options {
     bool table = false;
     bool teeth = false;
     bool list = false;
+    bool steps = false;
     std::string operation;
 };
 
@@ -71,6 +73,8 @@ Options Read(int count, char** arguments)
             options.table = true;
         else if (flag == "--teeth")
             options.teeth = true;
+        else if (flag == "--steps")
+            options.teeth = options.table = options.steps = true;
         else if (flag == "--list")
             options.list = true;
         else
@@ -250,7 +254,7 @@ bool Teeth(Options const& options)
                 ++here;
         }
         StepShare share;
-        if (options.table)
+        if (options.steps)
             TryEachStep(*operation, options, share, true);
         every.told += share.told;
         every.all += share.all;
@@ -260,7 +264,7 @@ bool Teeth(Options const& options)
     }
     std::printf("%lld operations, %lld mistakes made on purpose, %lld not told\n", operations, mistakes,
                 untold);
-    if (options.table)
+    if (options.steps)
         std::printf("%ld of %ld single steps put wrong are told\n", every.told, every.all);
     return operations > 0 && mistakes > 0 && untold == 0;
 }
