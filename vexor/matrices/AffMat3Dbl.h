@@ -17,12 +17,15 @@ public:
     VEXOR_INLINE AffMat3Dbl() { Identity(); }
     /// All twelve numbers take the value.
     VEXOR_INLINE AffMat3Dbl(double value) : linearPart(value), translation(value) {}
+    /// The map x ↦ L x + t from its two parts.
     VEXOR_INLINE AffMat3Dbl(Mat3Dbl const& newLinearPart, Vec3Dbl const& newTranslation)
         : linearPart(newLinearPart), translation(newTranslation)
     {}
+    /// Copies the twelve numbers.
     AffMat3Dbl(AffMat3Dbl const&) = default;
     ~AffMat3Dbl() = default;
 
+    /// Copies the twelve numbers.
     AffMat3Dbl& operator=(AffMat3Dbl const&) = default;
 
     // ---- Exact comparison --------------------------------------------------------------------
@@ -32,15 +35,18 @@ public:
     {
         return linearPart == other.linearPart && translation == other.translation;
     }
+    /// The exact negation of `operator==`.
     VEXOR_INLINE int operator!=(AffMat3Dbl const& other) const { return !(*this == other); }
 
     // ---- Access ------------------------------------------------------------------------------
 
     /// L inside the map: writing to it changes the map.
     VEXOR_INLINE Mat3Dbl& LinearPart() { return linearPart; }
+    /// The same, read-only.
     VEXOR_INLINE Mat3Dbl const& LinearPart() const { return linearPart; }
     /// t inside the map: writing to it changes the map.
     VEXOR_INLINE Vec3Dbl& Translation() { return translation; }
+    /// The same, read-only.
     VEXOR_INLINE Vec3Dbl const& Translation() const { return translation; }
     /// Sets L; t stays.
     VEXOR_INLINE AffMat3Dbl& SetLinearPart(Mat3Dbl const& newLinearPart)
@@ -66,6 +72,7 @@ public:
     {
         return column >= 3 ? translation[row] : linearPart(row, column);
     }
+    /// The same, read-only.
     VEXOR_INLINE double const& operator()(int row, int column) const
     {
         return column >= 3 ? translation[row] : linearPart(row, column);
@@ -79,6 +86,7 @@ public:
     // Twelve doubles, three rows of four, each row of L followed by its element of t. The two forms
     // are one layout. A fourth row of the caller's array is neither written nor read.
 
+    /// Writes the 3×4 matrix: three rows of four, the translation last in each.
     VEXOR_INLINE void GetMatrixData(double* const data) const
     {
         for (int row = 0; row < 3; ++row) {
@@ -86,21 +94,32 @@ public:
                 data[4 * row + column] = (*this)(row, column);
         }
     }
-    VEXOR_INLINE void GetMatrixData(double (*const data)[4]) const { GetMatrixData(data[0]); }
+    /// The same, to an array of rows; a fourth row stays as it was.
+    VEXOR_INLINE void GetMatrixData(double (*const data)[4]) const
+    {
+        GetMatrixData(reinterpret_cast<double*>(data));
+    }
+    /// Reads the 3×4 matrix: three rows of four, the translation last in each.
     VEXOR_INLINE void SetMatrixData(double* const data)
     {
         *this = AffMat3Dbl(Mat3Dbl(data, data + 4, data + 8), Vec3Dbl(data[3], data[7], data[11]));
     }
-    VEXOR_INLINE void SetMatrixData(double (*const data)[4]) { SetMatrixData(data[0]); }
+    /// The same, from an array of rows; a fourth row is not read.
+    VEXOR_INLINE void SetMatrixData(double (*const data)[4])
+    {
+        SetMatrixData(reinterpret_cast<double*>(data));
+    }
 
     // ---- Arithmetic on the twelve numbers ----------------------------------------------------
 
+    /// Adds the twelve numbers.
     VEXOR_INLINE AffMat3Dbl& operator+=(AffMat3Dbl const& other)
     {
         linearPart += other.linearPart;
         translation += other.translation;
         return *this;
     }
+    /// Subtracts the twelve numbers.
     VEXOR_INLINE AffMat3Dbl& operator-=(AffMat3Dbl const& other)
     {
         linearPart -= other.linearPart;
@@ -121,10 +140,12 @@ public:
         translation /= scalar;
         return *this;
     }
+    /// The sum of the twelve numbers. Deliberately not const.
     VEXOR_INLINE AffMat3Dbl operator+(AffMat3Dbl const& other)
     {
         return AffMat3Dbl(linearPart + other.linearPart, translation + other.translation);
     }
+    /// The difference of the twelve numbers. Deliberately not const.
     VEXOR_INLINE AffMat3Dbl operator-(AffMat3Dbl const& other)
     {
         return AffMat3Dbl(linearPart - other.linearPart, translation - other.translation);
