@@ -1,12 +1,15 @@
 #!/usr/bin/env python3
 """Checks the finished site: every link and picture leads somewhere, and no page is wider than a phone."""
 
+import functools
 import html.parser
+import http.server
 import pathlib
 import shutil
 import subprocess
 import sys
 import tempfile
+import threading
 import urllib.parse
 
 site = pathlib.Path(sys.argv[1]).resolve()
@@ -29,6 +32,11 @@ class Page(html.parser.HTMLParser):
                 self.names.add(attributes[key])
 
 
+class QuietHandler(http.server.SimpleHTTPRequestHandler):
+    def log_message(self, *_):
+        pass
+
+
 def broken_links():
     pages = {path: Page(path) for path in site.rglob("*.html")}
     for path, page in pages.items():
@@ -47,6 +55,9 @@ def broken_links():
 
 def too_wide(chromium):
     """Loads pages in a window as wide as a phone and compares the page's width with it."""
+    handler = functools.partial(QuietHandler, directory=str(site))
+    server = http.server.ThreadingHTTPServer(("127.0.0.1", 0), handler)
+    threading.Thread(target=server.serve_forever, daemon=True).start()
     guides = [page.name for page in site.glob("md_docs_*.html")]
     for name in PAGES_ON_A_PHONE + guides:
         if not (site / name).exists():
@@ -55,15 +66,16 @@ def too_wide(chromium):
         with tempfile.TemporaryDirectory() as profile:
             probe = site / "probe.html"
             probe.write_text(
-                '<iframe id="f" src="%s" style="width:390px;height:800px;border:0"></iframe><script>'
-                'document.getElementById("f").onload=e=>setTimeout(()=>{const d=e.target.contentDocument;'
+                '<!doctype html><title></title><body><iframe id="f" style="width:390px;height:800px;border:0"></iframe>'
+                '<script>const f=document.getElementById("f");f.onload=()=>setTimeout(()=>{const d=f.contentDocument;'
                 'document.title=d.documentElement.scrollWidth+" "+d.images.length+" "+'
-                '[...d.images].filter(i=>!i.complete||!i.naturalWidth).map(i=>i.src).join(",")},300)</script>' % name)
+                '[...d.images].filter(i=>!i.complete||!i.naturalWidth).map(i=>i.src).join(",")},300);'
+                'f.src="%s"</script>' % name)
             dom = subprocess.run(
                 [chromium, "--headless", "--no-sandbox", "--disable-gpu", "--no-first-run",
                  "--disable-background-networking", "--disable-component-update", "--disable-sync", "--disable-quic",
-                 "--allow-file-access-from-files", "--virtual-time-budget=4000", "--user-data-dir=" + profile,
-                 "--dump-dom", probe.as_uri()],
+                 "--virtual-time-budget=8000", "--user-data-dir=" + profile,
+                 "--dump-dom", "http://127.0.0.1:%d/probe.html" % server.server_port],
                 capture_output=True, text=True, timeout=120).stdout
             probe.unlink()
         title = dom.partition("<title>")[2].partition("</title>")[0].split()

@@ -15,13 +15,13 @@ int main()
     // [forms]
 
     // [lengths]
-    std::printf("%d\n", Vec3Dbl(0.009, 0, 0).IsZeroLength(1e-4));                   // a length squared: 0.01²
+    std::printf("%d\n", Vec3Dbl(0.009, 0, 0).IsZeroLength(1e-4));                // a length squared: 0.01²
     std::printf("%d\n", Pnt3Dbl(0.009, 0, 0).IsEqualTo(Pnt3Dbl(0, 0, 0), 1e-4)); // points: a plain length
     // [lengths]
 
     // [boundary]
-    double const squared = Vec3Dbl(3, 4, 0).LengthSquared();                              // 25
-    std::printf("%d\n", Vec3Dbl(3, 4, 0).IsZeroLength(squared));                          // inclusive
+    double const squared = Vec3Dbl(3, 4, 0).LengthSquared();                          // 25
+    std::printf("%d\n", Vec3Dbl(3, 4, 0).IsZeroLength(squared));                      // inclusive
     std::printf("%d\n", Vec3Dbl(3, 4, 0).IsZeroLength(std::nextafter(squared, 0.0))); // one place less
     // [boundary]
 

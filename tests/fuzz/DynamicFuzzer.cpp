@@ -16,8 +16,8 @@
 
 namespace {
 
-#define REQUIRE(condition)                                                                             \
-    ((condition) ? static_cast<void>(0)                                                                \
+#define REQUIRE(condition)                                                                                   \
+    ((condition) ? static_cast<void>(0)                                                                      \
                  : (std::fprintf(stderr, "%s:%d: %s\n", __FILE__, __LINE__, #condition), std::abort()))
 
 /// An element as the model knows it; empty where the library leaves it open.
@@ -106,10 +106,11 @@ struct Pool {
         MatrixModel& model = matrixModel[m];
         if (rows == model.rows && columns == model.columns && model.storage.block < 0)
             return;
-        bool const keeps = block < 0 && model.storage.block < 0 && rows * columns == model.rows * model.columns;
+        bool const keeps =
+            block < 0 && model.storage.block < 0 && rows * columns == model.rows * model.columns;
         if (!keeps)
-            model.storage = Storage{block, std::vector<Cell>(
-                                               block < 0 ? static_cast<std::size_t>(rows * columns) : 0)};
+            model.storage =
+                Storage{block, std::vector<Cell>(block < 0 ? static_cast<std::size_t>(rows * columns) : 0)};
         model.rows = rows;
         model.columns = columns;
         model.factorised = false;
@@ -260,8 +261,8 @@ void StepOnMatrices(Pool& pool, Bytes& bytes)
         int const rows = bytes.Below(mostRows + 1);
         int const columns = bytes.Below(mostRows + 1);
         int const block = bytes.Below(poolSize + 1) - 1;
-        int const raised = Raised(
-            [&] { pool.matrices[m].ReSize(rows, columns, block < 0 ? nullptr : pool.blocks[block]); });
+        int const raised =
+            Raised([&] { pool.matrices[m].ReSize(rows, columns, block < 0 ? nullptr : pool.blocks[block]); });
         REQUIRE(raised == (rows < 1 || columns < 1 ? 3 : 0));
         if (!raised)
             pool.InitMatrix(m, rows, columns, block);

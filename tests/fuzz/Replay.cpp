@@ -15,7 +15,8 @@ int main(int argumentCount, char** arguments)
 {
     for (int i = 2; i < argumentCount; ++i) {
         std::ifstream file(arguments[i], std::ios::binary);
-        std::vector<char> const bytes((std::istreambuf_iterator<char>(file)), std::istreambuf_iterator<char>());
+        std::vector<char> const bytes((std::istreambuf_iterator<char>(file)),
+                                      std::istreambuf_iterator<char>());
         LLVMFuzzerTestOneInput(reinterpret_cast<std::uint8_t const*>(bytes.data()), bytes.size());
     }
     std::mt19937_64 random(20240229);

@@ -14,11 +14,32 @@ namespace {
 } // namespace
 
 extern "C" {
-void dgesv_() { Refuse("dgesv"); }
-void dgetrs_() { Refuse("dgetrs"); }
-void dsysv_() { Refuse("dsysv"); }
-void dsytrs_() { Refuse("dsytrs"); }
-void dgels_() { Refuse("dgels"); }
-void dgesvd_() { Refuse("dgesvd"); }
-void dsyevx_() { Refuse("dsyevx"); }
+void dgesv_()
+{
+    Refuse("dgesv");
+}
+void dgetrs_()
+{
+    Refuse("dgetrs");
+}
+void dsysv_()
+{
+    Refuse("dsysv");
+}
+void dsytrs_()
+{
+    Refuse("dsytrs");
+}
+void dgels_()
+{
+    Refuse("dgels");
+}
+void dgesvd_()
+{
+    Refuse("dgesvd");
+}
+void dsyevx_()
+{
+    Refuse("dsyevx");
+}
 }

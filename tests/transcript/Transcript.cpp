@@ -259,7 +259,8 @@ MatDbl AnyMatDbl(Source& source, int rows, int columns)
 
 /// Arithmetic, products, comparisons and direction tests that every floating vector class has.
 template <class Vector, class Number>
-void SharedByVectors(Transcript& out, Vector const& a, Vector const& b, Number scalar, Number angular, Number length)
+void SharedByVectors(Transcript& out, Vector const& a, Vector const& b, Number scalar, Number angular,
+                     Number length)
 {
     Vector changed = a;
     out.Add(changed *= scalar);
