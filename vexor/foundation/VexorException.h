@@ -9,17 +9,7 @@ class VEXOR_API VexorException {
 public:
     VexorException();
     /// There is nothing to copy.
-    /// There is nothing to copy.
-    /// There is nothing to copy.
-    /// There is nothing to copy.
-    /// There is nothing to copy.
-    /// There is nothing to copy.
     VexorException(VexorException const&);
-    /// Does nothing: there is nothing to copy.
-    /// Does nothing: there is nothing to copy.
-    /// Does nothing: there is nothing to copy.
-    /// Does nothing: there is nothing to copy.
-    /// Does nothing: there is nothing to copy.
     /// Does nothing: there is nothing to copy.
     VexorException& operator=(VexorException const&);
     virtual ~VexorException();
