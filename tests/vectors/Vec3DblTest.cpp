@@ -908,6 +908,16 @@ TEST(Vec3Dbl, GetAngleWithNeverLeavesTheDomainOfTheArcCosine)
     }
 }
 
+// The lengths are right over the whole range of a double, and the dot product is the plain one: 0 or
+// infinite at the ends.
+TEST(Vec3Dbl, GetAngleWithTakesThePlainDotProduct)
+{
+    EXPECT_SAME_BITS(Vec3Dbl(1e-200, 0.0, 0.0).GetAngleWith(Vec3Dbl(1e-200, 0.0, 0.0)), pi / 2);
+    EXPECT_SAME_BITS(Vec3Dbl(1e200, 0.0, 0.0).GetAngleWith(Vec3Dbl(1e200, 1e200, 0.0)), 0.0);
+    EXPECT_SAME_BITS(Vec3Dbl(-1e200, 0.0, 0.0).GetAngleWith(Vec3Dbl(1e200, 1e200, 0.0)), pi);
+    EXPECT_NEAR(Vec3Dbl(1e-200, 0.0, 0.0).GetAngleWith(Vec3Dbl(1e200, 1e200, 0.0)), pi / 4, 1e-15);
+}
+
 TEST(Vec3Dbl, GetAngleWithANullVectorIs0)
 {
     EXPECT_SAME_BITS(Vec3Dbl(1.0, 2.0, 3.0).GetAngleWith(Vec3Dbl(0.0)), 0.0);
@@ -957,15 +967,34 @@ TEST(Vec3Dbl, GetCCWAngleWithOfParallelVectors)
     EXPECT_NEAR(x.GetCCWAngleWith(Vec3Dbl(1.0, -1e-4, 0.0), up), 2 * pi - 1e-4, 1e-11);
 }
 
-TEST(Vec3Dbl, GetCCWAngleWithSkipsTheEqualityTestForWideTolerances)
+TEST(Vec3Dbl, GetCCWAngleWithFollowsTheGlobal)
 {
-    // A wide angle tolerance makes the two equal before any angle is measured.
+    // 41° apart, and as far from opposite: within both tolerances that counts as equal and as opposite.
     RestoreTolerance const restore;
     gVexorTolerance.sin2Angle = 0.5f;
     gVexorTolerance.lengthSquared = 0.9f;
     Vec3Dbl const x(1.0, 0.0, 0.0);
     EXPECT_SAME_BITS(x.GetCCWAngleWith(Vec3Dbl(0.75, 0.65, 0.0), Vec3Dbl(0.0, 0.0, 1.0)), 0.0);
     EXPECT_SAME_BITS(x.GetCCWAngleWith(Vec3Dbl(-0.75, 0.65, 0.0), Vec3Dbl(0.0, 0.0, 1.0)), pi);
+}
+
+// Two unit vectors that differ by no more than the length tolerance have a cross product within it too,
+// but for rounding. Here the rounded difference is within the tolerance named and the rounded cross
+// product is not, so that the test for equal and for opposite vectors alone keeps an angle out of it.
+TEST(Vec3Dbl, GetCCWAngleWithTestsEqualAndOppositeVectorsFirst)
+{
+    RestoreTolerance const restore;
+    Vec3Dbl const a(-0x1.7fab47d19c824p+1, -0x1.31fc8c55b65e8p+1, -0x1.225142fcd0584p+0);
+    Vec3Dbl const nearA(-0x1.7fab47d7655a3p+1, -0x1.31fc8c53aa144p+1, -0x1.22514308632ddp+0);
+    gVexorTolerance.lengthSquared = 0x1.84ba58p-61f;
+    EXPECT_EQ(a.GetNormalizedCopy().Cross(nearA.GetNormalizedCopy()).IsZeroLength(), 0);
+    EXPECT_SAME_BITS(a.GetCCWAngleWith(nearA, Vec3Dbl(-1.0, 1.0, 1.0)), 0.0); // and not 2π − 0
+
+    Vec3Dbl const b(-0x1.dc988db538f68p-1, -0x1.cdba55155037ep+1, 0x1.854dbdb667850p+0);
+    Vec3Dbl const oppositeB(0x1.dc988dac92187p-1, 0x1.cdba5516acda6p+1, -0x1.854dbdc2f8949p+0);
+    gVexorTolerance.lengthSquared = 0x1.2005d8p-61f;
+    EXPECT_EQ(b.GetNormalizedCopy().Cross(oppositeB.GetNormalizedCopy()).IsZeroLength(), 0);
+    EXPECT_SAME_BITS(b.GetCCWAngleWith(oppositeB, Vec3Dbl(0.0)), pi); // the angle itself is 1.5e-8 less
 }
 
 TEST(Vec3Dbl, GetCCWAngleWithOfAShortVectorIs0)

@@ -254,7 +254,9 @@ public:
 
     // ---- Angles and area ---------------------------------------------------------------------
 
-    /// The unsigned angle in radians, from 0 to π; 0 if one of the vectors has length 0.
+    /// The unsigned angle in radians, from 0 to π; 0 if one of the vectors has length 0. `Dot` has the
+    /// range of a double: where it overflows or underflows, unlike `Length`, the angle is not to be
+    /// relied on, and vectors of such lengths are normalised first.
     VEXOR_INLINE double GetAngleWith(Vec2Dbl const& other) const
     {
         return vexor::detail::UnsignedAngle(Dot(other), Length(), other.Length());
