@@ -90,12 +90,11 @@ public:
     {
         return *this = Mat2Dbl(row0, row1); // an argument may be one of our own rows
     }
-    /// Not const, though it changes nothing.
+    /// Copies the rows to the arguments. Not const, though it changes nothing.
     VEXOR_INLINE void GetValue(Vec2Dbl& row0, Vec2Dbl& row1)
     {
-        Mat2Dbl const copy(*this); // an argument may be one of our own rows
-        row0 = copy.rows[0];
-        row1 = copy.rows[1];
+        row0 = rows[0];
+        row1 = rows[1];
     }
 
     // ---- The whole matrix --------------------------------------------------------------------

@@ -118,7 +118,7 @@ public:
     {
         return *this = Mat3Dbl(row0, row1, row2); // an argument may be one of our own rows
     }
-    /// Copies the rows to the arguments.
+    /// Copies the rows to the arguments. Not const, though it changes nothing.
     VEXOR_INLINE void GetValue(Vec3Dbl& row0, Vec3Dbl& row1, Vec3Dbl& row2)
     {
         Mat3Dbl const copy(*this); // an argument may be one of our own rows

@@ -59,7 +59,7 @@ public:
     /// Copies two doubles from the array.
     VEXOR_INLINE Pnt2Dbl& SetValue(double const* const values) { return SetValue(values[0], values[1]); }
 
-    /// Not const, unlike the form that fills an array.
+    /// Writes the coordinates to the arguments, in order. Not const, unlike the form that fills an array.
     VEXOR_INLINE void GetValue(double& x0, double& y0)
     {
         double const copy[2] = {x, y}; // an argument may be one of our own coordinates

@@ -63,7 +63,7 @@ public:
     /// Copies two floats from the array.
     VEXOR_INLINE Pnt2Flt& SetValue(float const* const values) { return SetValue(values[0], values[1]); }
 
-    /// Not const, unlike the form that fills an array.
+    /// Writes the coordinates to the arguments, in order. Not const, unlike the form that fills an array.
     VEXOR_INLINE void GetValue(float& x0, float& y0)
     {
         float const copy[2] = {x, y}; // an argument may be one of our own coordinates

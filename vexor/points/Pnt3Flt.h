@@ -66,7 +66,7 @@ public:
         return SetValue(values[0], values[1], values[2]);
     }
 
-    /// Not const, unlike the form that fills an array.
+    /// Writes the coordinates to the arguments, in order. Not const, unlike the form that fills an array.
     VEXOR_INLINE void GetValue(float& x0, float& y0, float& z0)
     {
         float const copy[3] = {x, y, z}; // an argument may be one of our own coordinates

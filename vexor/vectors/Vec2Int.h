@@ -114,8 +114,8 @@ public:
 
     // ---- Length ------------------------------------------------------------------------------
 
-    /// |x| + |y|, the steps of a walk along the axes, and not the Euclidean length in any rounding: an
-    /// integer vector has that length only by chance, and this one always. That of (3, 4) is 7.
+    /// |x| + |y|, the steps of a walk along the axes: an integer for every vector, unlike the Euclidean
+    /// length, of which it is no rounding. That of (3, 4) is 7.
     VEXOR_INLINE int Length() const
     {
         using vexor::detail::WrappedMagnitude;
