@@ -241,17 +241,7 @@ struct System {
         rhs = ElementsOf(b);
     }
 
-    bool IsFactorised() const
-    {
-        MatDbl copy(a);
-        VecDbl x(copy.RowCount(), 1.0);
-        try {
-            copy.ReSolve(x);
-            return true;
-        } catch (VexorComputationFailed const&) {
-            return false;
-        }
-    }
+    bool IsFactorised() const { return HasPivots(a); }
 
     void ExpectUnchanged() const
     {
@@ -476,8 +466,10 @@ TEST(Allocation, Solve)
             0, 3, 3, views, true, [](System& s) { s.a.ReSolve(s.b); }, plain);
         RefuseEachOfSystem(
             0, 3, 3, views, true, [](System& s) { s.a.ReSolve(s.many); }, plain);
+#if !defined(VEXOR_CHECKED) // which stops on the factors of the other kind
         RefuseEachOfSystem(
             0, 3, 3, views, true, [](System& s) { s.a.ReSolveSym(s.b); }, plain);
+#endif
     }
 }
 

@@ -5,6 +5,7 @@
 #include <vexor/dynamic/VecDbl.h>
 #include <vexor/dynamic/VecFlt.h>
 
+#include <cstring>
 #include <initializer_list>
 #include <type_traits>
 #include <utility>
@@ -34,6 +35,26 @@ inline VecDbl Dbl(std::initializer_list<double> elements)
 inline VecFlt Flt(std::initializer_list<float> elements)
 {
     return Make<VecFlt>(elements);
+}
+
+/// Whether the matrix is a factorised one: only then a re-solve with a right-hand side that fits runs. A
+/// checked build would stop it on factors that have changed; there the last field is read instead.
+inline bool HasPivots(MatDbl const& matrix)
+{
+#if defined(VEXOR_CHECKED)
+    int* pivots = nullptr;
+    std::memcpy(&pivots, reinterpret_cast<unsigned char const*>(&matrix + 1) - sizeof pivots, sizeof pivots);
+    return pivots != nullptr;
+#else
+    MatDbl copy(matrix);
+    VecDbl b(copy.RowCount(), 0.0);
+    try {
+        copy.ReSolve(b);
+        return true;
+    } catch (VexorComputationFailed const&) {
+        return false;
+    }
+#endif
 }
 
 /// A matrix from its rows.

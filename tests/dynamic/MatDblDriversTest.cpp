@@ -8,18 +8,6 @@ using namespace vexor_test;
 
 namespace {
 
-bool HasPivots(MatDbl const& matrix)
-{
-    MatDbl copy(matrix);
-    VecDbl b(copy.RowCount(), 0.0);
-    try {
-        copy.ReSolve(b);
-        return true;
-    } catch (VexorComputationFailed const&) {
-        return false;
-    }
-}
-
 MatDbl Factorised(MatDbl matrix)
 {
     VecDbl b(matrix.RowCount(), 1.0);
@@ -251,9 +239,11 @@ TEST(MatDbl, PivotsSurviveWritesAndSpectra)
     EXPECT_TRUE(HasPivots(m));
     m.Identity();
     EXPECT_TRUE(HasPivots(m));
+#if !defined(VEXOR_CHECKED) // which stops on factors that were written to
     VecDbl b = Dbl({5, 6});
     m.ReSolve(b); // with whatever stands there: the unit matrix under an exchange of rows
     EXPECT_TRUE(Holds(b, {6, 5}));
+#endif
     VecDbl w;
     m.Svd(w);
     EXPECT_TRUE(HasPivots(m));
@@ -298,6 +288,9 @@ TEST(MatDbl, LeastSquaresAndInverseReleaseThePivots)
 
 TEST(MatDbl, PivotsOfTheOtherKindStayWithinTheRightHandSide)
 {
+#if defined(VEXOR_CHECKED)
+    GTEST_SKIP() << "a checked build stops on the pivots of the other kind";
+#endif
     // The negative pivots of a symmetric factorisation are no rows: refused, with nothing changed.
     MatDbl m = WithPairPivot();
     VecDbl b(2, 1.0);
@@ -857,7 +850,9 @@ TEST(MatDbl, NoDriverHangsOnNanOrInfinity)
                     m = a;
                     ReturnsOrRaises([&] { m.SolveSym(b); });
                     ReturnsOrRaises([&] { m.ReSolveSym(b); });
+#if !defined(VEXOR_CHECKED) // which stops on the factors of the other kind
                     ReturnsOrRaises([&] { m.ReSolve(b); });
+#endif
                     m = a;
                     ReturnsOrRaises([&] { m.SolveLinearLeastSquares(b); });
                 }

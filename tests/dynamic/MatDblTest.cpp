@@ -5,6 +5,7 @@
 #include <cmath>
 
 using vexor_test::Dbl;
+using vexor_test::HasPivots;
 using vexor_test::Holds;
 using vexor_test::HoldsRows;
 using vexor_test::Mat;
@@ -14,19 +15,6 @@ static_assert(sizeof(MatDbl) == (sizeof(void*) == 8 ? 4 : 3) * sizeof(int) + 2 *
 namespace {
 
 constexpr double notANumber = vexor_test::nan;
-
-/// Whether the matrix is a factorised one: only then a re-solve with a right-hand side that fits runs.
-bool HasPivots(MatDbl const& matrix)
-{
-    MatDbl copy(matrix);
-    VecDbl b(copy.RowCount(), 0.0);
-    try {
-        copy.ReSolve(b);
-        return true;
-    } catch (VexorComputationFailed const&) {
-        return false;
-    }
-}
 
 MatDbl Factorised(MatDbl matrix)
 {

@@ -169,6 +169,10 @@ std::array<unsigned char, 3> PivotOrder(AffMat3Dbl const& map)
 {
     std::array<unsigned char, 3> order = {};
     std::memcpy(order.data(), reinterpret_cast<unsigned char const*>(&map) + 9 * sizeof(double), 3);
+#if defined(VEXOR_CHECKED)
+    for (unsigned char& row : order)
+        row &= 3; // above it stands the mark of a checked build
+#endif
     return order;
 }
 
@@ -491,6 +495,9 @@ TEST(AffMat3Dbl, SetRotationIsTheCompositionOfThreeMaps)
 
 TEST(AffMat3Dbl, SetRotationAboutANullAxis)
 {
+#if defined(VEXOR_CHECKED)
+    GTEST_SKIP() << "a checked build stops on a null axis";
+#endif
     AffMat3Dbl map(nan);
     map.SetRotation(Pnt3Dbl(0.0), Vec3Dbl(0.0), 0.5);
     EXPECT_NEAR(map(0, 0), std::cos(0.5), 1e-15);

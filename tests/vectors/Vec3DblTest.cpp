@@ -1141,6 +1141,9 @@ TEST(Vec3Dbl, RotateAgainstRodriguesFormula)
 
 TEST(Vec3Dbl, RotateAboutAnAxisThatIsNotUnit)
 {
+#if defined(VEXOR_CHECKED)
+    GTEST_SKIP() << "a checked build stops on an axis that is not unit";
+#endif
     // The axis (0, 0, 2) has p = (−1, 0, 0) and q = axis × p = (0, −2, 0): across the axis the
     // components come back times 1 and 4, along it times 4.
     Vec3Dbl const axis(0.0, 0.0, 2.0);

@@ -1,6 +1,7 @@
 #include <vexor/dynamic/MatDbl.h>
 
 #include <vexor/dynamic/detail/Kernels.h>
+#include <vexor/dynamic/detail/PivotMark.h>
 #include <vexor/dynamic/detail/Runs.h>
 #include <vexor/dynamic/detail/Storage.h>
 
@@ -66,7 +67,7 @@ MatDbl& MatDbl::operator=(MatDbl const& other)
     // Everything is taken before anything changes.
     bool const staysAsItIs = rowCount == other.rowCount && columnCount == other.columnCount && !isExternal;
     bool const needsPivots = other.pivots && !(staysAsItIs && pivots);
-    Owned<int> freshPivots = needsPivots ? TakeOrRaise<int>(other.rowCount) : nullptr;
+    Owned<int> freshPivots = needsPivots ? TakeOrRaise<int>(PivotArrayLength(other.rowCount)) : nullptr;
     // The other may be a view on our own block, which therefore lives until the copy is made.
     Owned<double> const retired(Shape(other.rowCount, other.columnCount, nullptr));
 
@@ -74,7 +75,7 @@ MatDbl& MatDbl::operator=(MatDbl const& other)
     if (other.pivots) {
         if (!pivots)
             pivots = freshPivots.release();
-        CopyRun(pivots, other.pivots, rowCount);
+        CopyRun(pivots, other.pivots, PivotArrayLength(rowCount));
     } else {
         ReleasePivots();
     }

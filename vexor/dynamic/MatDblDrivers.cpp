@@ -5,6 +5,7 @@
 // returned, before INFO is looked at. Any INFO but 0 raises `VexorComputationFailed`.
 
 #include <vexor/dynamic/detail/Lapack.h>
+#include <vexor/dynamic/detail/PivotMark.h>
 #include <vexor/dynamic/detail/Runs.h>
 #include <vexor/dynamic/detail/Storage.h>
 #include <vexor/dynamic/MatDbl.h>
@@ -26,7 +27,7 @@ void RequireSuccess(int info)
 /// The pivots 1 to n, which exchange nothing: an array that a failed driver leaves unwritten holds them.
 Owned<int> TakeIdentityPivots(int n)
 {
-    Owned<int> pivots = TakeOrRaise<int>(n);
+    Owned<int> pivots = TakeOrRaise<int>(PivotArrayLength(n));
     std::iota(pivots.get(), pivots.get() + n, 1);
     return pivots;
 }
@@ -104,7 +105,12 @@ void MatDbl::DoSolve(double* rhs, int rhsCount, int factorise)
         if (!pivots)
             pivots = TakeIdentityPivots(rowCount).release();
         dgesv_(&rowCount, &rhsCount, columns[0], &rowCount, pivots, rhs, &rowCount, &info);
+        MarkPivots(pivots, columns, rowCount, Factors::General);
     } else {
+        VEXOR_CHECK(!pivots || AreMarkedPivots(pivots, rowCount, Factors::General),
+                    "ReSolve on the factors that SolveSym left");
+        VEXOR_CHECK(!pivots || AreMarkedFactors(pivots, columns, rowCount, Factors::General),
+                    "ReSolve on a matrix that has changed since it was factorised");
         if (!pivots || !AreGeneralPivots(pivots, rowCount))
             RaiseComputationFailed();
         dgetrs_("N", &rowCount, &rhsCount, columns[0], &rowCount, pivots, rhs, &rowCount, &info, oneLetter);
@@ -155,7 +161,12 @@ void MatDbl::DoSolveSym(double* rhs, int rhsCount, int factorise)
         dsysv_("U", &rowCount, &rhsCount, columns[0], &rowCount, pivots, rhs, &rowCount, work.block.get(),
                &work.length, &info, oneLetter);
         work.block.reset();
+        MarkPivots(pivots, columns, rowCount, Factors::Symmetric);
     } else {
+        VEXOR_CHECK(!pivots || AreMarkedPivots(pivots, rowCount, Factors::Symmetric),
+                    "ReSolveSym on the factors that Solve left");
+        VEXOR_CHECK(!pivots || AreMarkedFactors(pivots, columns, rowCount, Factors::Symmetric),
+                    "ReSolveSym on a matrix that has changed since it was factorised");
         if (!pivots || !AreSymmetricPivots(pivots, rowCount))
             RaiseComputationFailed();
         dsytrs_("U", &rowCount, &rhsCount, columns[0], &rowCount, pivots, rhs, &rowCount, &info, oneLetter);

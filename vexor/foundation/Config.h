@@ -77,12 +77,20 @@
 // With VEXOR_CHECKED defined, misuse that the interface leaves to the caller (an index out of range,
 // say) stops the program with file and line, and elements that a constructor leaves unset hold
 // signalling NaNs. No result and no layout changes.
+// VEXOR_CHECK           stops unless the condition holds, naming the line where it stands.
+// VEXOR_CHECK_AT_PLACE  the same in a helper whose parameters end with VEXOR_CHECK_PLACE, naming the
+//                       line that called the helper.
 #if defined(VEXOR_CHECKED)
 namespace vexor::detail {
 [[noreturn]] VEXOR_API VEXOR_COLD void StopOnMisuse(char const* file, int line, char const* what);
 }
 #    define VEXOR_CHECK(condition, what)                                                                     \
         ((condition) ? static_cast<void>(0) : ::vexor::detail::StopOnMisuse(__FILE__, __LINE__, what))
+#    define VEXOR_CHECK_PLACE , char const *file = __builtin_FILE(), int line = __builtin_LINE()
+#    define VEXOR_CHECK_AT_PLACE(condition, what)                                                            \
+        ((condition) ? static_cast<void>(0) : ::vexor::detail::StopOnMisuse(file, line, what))
 #else
 #    define VEXOR_CHECK(condition, what) static_cast<void>(0)
+#    define VEXOR_CHECK_PLACE
+#    define VEXOR_CHECK_AT_PLACE(condition, what) static_cast<void>(0)
 #endif

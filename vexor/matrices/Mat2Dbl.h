@@ -33,12 +33,12 @@ public:
     /// Row first, column second.
     VEXOR_INLINE double& operator()(int row, int column)
     {
-        return vexor::detail::ElementOf<double, 4>(*this, row * 2 + column);
+        return vexor::detail::ElementOf<double, 2, 2>(*this, row, column);
     }
     /// The same, read-only.
     VEXOR_INLINE double const& operator()(int row, int column) const
     {
-        return vexor::detail::ElementOf<double const, 4>(*this, row * 2 + column);
+        return vexor::detail::ElementOf<double const, 2, 2>(*this, row, column);
     }
 
     /// The row inside the matrix, to read: unlike `Mat3Dbl`, none is handed out for writing.

@@ -2,6 +2,7 @@
 #include <vexor/dynamic/VecDbl.h>
 #include <vexor/foundation/detail/StartUp.h>
 #include <vexor/matrices/detail/Crout.h>
+#include <vexor/matrices/detail/FactorMark.h>
 #include <vexor/matrices/Mat3Dbl.h>
 #include <vexor/matrices/SmallSolver.h>
 
@@ -35,14 +36,17 @@ void Mat3Dbl::Solve(Vec3Dbl& rightSide)
     double solution[3] = {rightSide[factors.Order(0)], rightSide[factors.Order(1)],
                           rightSide[factors.Order(2)]};
     factors.Store(elements, pivotOrder);
+    vexor::detail::MarkAsFactors(elements, pivotOrder);
     vexor::detail::Substitute(factors, [&](int i) -> double& { return solution[i]; });
     rightSide.SetValue(solution[0], solution[1], solution[2]);
 }
 
 void Mat3Dbl::Solve(Vec3Dbl* const rightSides, int count)
 {
+    VEXOR_CHECK(count == 1 || count == 3, "Solve for a count of right-hand sides that is not 1 or 3");
     if (small_decompose(Elements(), pivotOrder, 3) != 0)
         vexor::detail::RaiseSingular();
+    vexor::detail::MarkAsFactors(Elements(), pivotOrder);
     ReSolve(rightSides, count);
 }
 
@@ -53,9 +57,12 @@ void Mat3Dbl::ReSolve(Vec3Dbl& rightSide)
 
 void Mat3Dbl::ReSolve(Vec3Dbl* const rightSides, int count)
 {
-    VEXOR_CHECK(pivotOrder[0] < 3 && pivotOrder[1] < 3 && pivotOrder[2] < 3,
-                "ReSolve on a matrix that was not factorised");
-    small_substitution(Elements(), reinterpret_cast<double*>(rightSides), pivotOrder, 3, count);
+    VEXOR_CHECK(count == 1 || count == 3, "ReSolve for a count of right-hand sides that is not 1 or 3");
+    VEXOR_CHECK(vexor::detail::AreMarkedFactors(Elements(), pivotOrder),
+                "ReSolve on a matrix that was not factorised or has changed since");
+    unsigned char room[3];
+    small_substitution(Elements(), reinterpret_cast<double*>(rightSides),
+                       vexor::detail::PlainRowOrder(pivotOrder, room), 3, count);
 }
 
 Mat3Dbl& Mat3Dbl::Invert()

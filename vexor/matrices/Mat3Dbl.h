@@ -54,12 +54,12 @@ public:
     /// Row first, column second.
     VEXOR_INLINE double& operator()(int row, int column)
     {
-        return vexor::detail::ElementOf<double, 9>(*this, row * 3 + column);
+        return vexor::detail::ElementOf<double, 3, 3>(*this, row, column);
     }
     /// The same, read-only.
     VEXOR_INLINE double const& operator()(int row, int column) const
     {
-        return vexor::detail::ElementOf<double const, 9>(*this, row * 3 + column);
+        return vexor::detail::ElementOf<double const, 3, 3>(*this, row, column);
     }
 
     /// The row inside the matrix: writing to it changes the matrix.
@@ -256,7 +256,7 @@ private:
 
     double* Elements() { return &vexor::detail::ElementOf<double, 9>(*this, 0); }
 
-    // In checked builds marks the row order as one that no factorisation has written.
+    // In checked builds marks the row order as that of no factors.
     void LeavePivotOrderUnset()
     {
 #if defined(VEXOR_CHECKED)

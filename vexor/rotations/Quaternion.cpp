@@ -1,5 +1,7 @@
 #include <vexor/rotations/Quaternion.h>
 
+#include <vexor/vectors/detail/UnitAxis.h>
+
 #include <cstddef>
 #include <initializer_list>
 #include <type_traits>
@@ -71,6 +73,8 @@ void FullRangeNormalize(double& u, double& v, double& w, double& s)
 
 Quaternion& Quaternion::SetAxisAngle(double x, double y, double z, double angle, int normalize)
 {
+    VEXOR_CHECK(normalize != 0 || vexor::detail::IsUnitAxis(Vec3Dbl(x, y, z)),
+                "SetAxisAngle with the flag 0 and an axis that is not a unit vector");
     double const half = angle * 0.5;
     double const sine = std::sin(half); // side by side, for one call that computes both
     double const cosine = std::cos(half);
@@ -81,6 +85,8 @@ Quaternion& Quaternion::SetAxisAngle(double x, double y, double z, double angle,
 
 Quaternion& Quaternion::SetAxisCosAngle(Vec3Dbl const& axis, double cosine, int normalize)
 {
+    VEXOR_CHECK(normalize != 0 || vexor::detail::IsUnitAxis(axis),
+                "SetAxisCosAngle with the flag 0 and an axis that is not a unit vector");
     double const sineOfHalf = std::sqrt((1.0 - cosine) * 0.5);
     double const cosineOfHalf = std::sqrt((cosine + 1.0) * 0.5);
     StoreAxis(*this, axis, normalize, sineOfHalf);

@@ -1,5 +1,7 @@
 #include <vexor/vectors/Vec3Dbl.h>
 
+#include <vexor/vectors/detail/UnitAxis.h>
+
 using vexor::detail::Magnitude;
 
 // In the two orders a NaN makes `<` and `>` true and `<=` false, hence the negated comparisons.
@@ -104,6 +106,7 @@ Vec3Dbl Vec3Dbl::GetPerpendicularNearestTo(Vec3Dbl const& reference) const
 
 Vec3Dbl& Vec3Dbl::Rotate(Vec3Dbl const& axis, double angle)
 {
+    VEXOR_CHECK(vexor::detail::IsUnitAxis(axis), "Rotate about an axis that is not a unit vector");
     Vec3Dbl const p = axis.GetPerpendicular();
     Vec3Dbl const q = axis.Cross(p);
     double const alongP = Dot(p);

@@ -7,21 +7,39 @@ namespace vexor::detail {
 
 /// The element of a plain class that is laid out as an array of `count` elements. The address is that
 /// of the whole object and not of its first field, so that no compiler may take the access for one
-/// that stays within that field. The index is not checked, except in checked builds.
+/// that stays within that field. The index is not checked, except in checked builds, which name the
+/// place of the call.
 template <class Element, int count, class Object>
-inline Element& ElementOf(Object& object, int index)
+inline Element& ElementOf(Object& object, int index VEXOR_CHECK_PLACE)
 {
     static_assert(sizeof(Object) >= count * sizeof(Element), "the object holds its elements");
-    VEXOR_CHECK(index >= 0 && index < count, "index out of range");
+    VEXOR_CHECK_AT_PLACE(index >= 0 && index < count, "index out of range");
     return reinterpret_cast<Element*>(&object)[index];
 }
 
-/// Leaves the elements as the memory held them; in checked builds fills them with signalling NaNs.
+/// The same for a matrix that lies row by row. In checked builds row and column must each be in range.
+template <class Element, int rows, int columns, class Object>
+inline Element& ElementOf(Object& object, int row, int column VEXOR_CHECK_PLACE)
+{
+    static_assert(sizeof(Object) >= rows * columns * sizeof(Element), "the object holds its elements");
+    VEXOR_CHECK_AT_PLACE(row >= 0 && row < rows && column >= 0 && column < columns, "index out of range");
+    return reinterpret_cast<Element*>(&object)[row * columns + column];
+}
+
+/// What checked builds put into an unset element: a signalling NaN, or the most negative integer.
+template <class Element>
+constexpr Element UnsetValue()
+{
+    return std::numeric_limits<Element>::has_signaling_NaN ? std::numeric_limits<Element>::signaling_NaN()
+                                                           : std::numeric_limits<Element>::min();
+}
+
+/// Leaves the elements as the memory held them; in checked builds marks them as unset.
 template <class... Elements>
 inline void LeaveUnset([[maybe_unused]] Elements&... elements)
 {
 #if defined(VEXOR_CHECKED)
-    ((elements = std::numeric_limits<Elements>::signaling_NaN()), ...);
+    ((elements = UnsetValue<Elements>()), ...);
 #endif
 }
 

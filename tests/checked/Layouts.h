@@ -1,0 +1,18 @@
+#pragma once
+#include <cstddef>
+#include <string>
+#include <vector>
+
+struct Layout {
+    std::string name;
+    std::size_t size;
+    std::size_t alignment;
+    /// Of a class derived from it with one more byte: shows where its last field ends.
+    std::size_t extendedSize[8];
+    /// Of its public fields.
+    std::vector<std::size_t> offsets;
+};
+
+/// The layouts of the classes, by the code that was compiled without and with VEXOR_CHECKED.
+std::vector<Layout> PlainLayouts();
+std::vector<Layout> CheckedLayouts();
