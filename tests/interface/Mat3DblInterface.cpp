@@ -81,6 +81,8 @@ REFUSED_ONE(Class const, m, m.RowSum());
 REFUSED_ONE(Class const, m, m.RowAverage());
 REFUSED_TWO(Class, m, Class const, n, m *= n);
 REFUSED_TWO(Vec3Dbl const, v, Class const, m, v* m); // no vector stands on the left
+REFUSED_TWO(Vec3Flt const, v, Class const, m, v* m);
 REFUSED_TWO(Pnt3Dbl const, p, Class const, m, p* m);
+REFUSED_TWO(Pnt3Flt const, p, Class const, m, p* m);
 
 } // namespace

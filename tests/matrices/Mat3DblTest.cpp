@@ -10,7 +10,6 @@
 #include <array>
 #include <cstring>
 #include <new>
-#include <tuple>
 #include <type_traits>
 
 using namespace vexor_test;
@@ -88,77 +87,6 @@ TEST(Mat3Dbl, Layout)
     for (int i = 0; i < 9; ++i)
         EXPECT_EQ(elements[i], i + 1.0);
 }
-
-// The const-ness of each member is part of the interface: these casts choose it exactly.
-[[maybe_unused]] auto const members = std::make_tuple(
-    static_cast<Mat3Dbl& (Mat3Dbl::*)(Mat3Dbl const&)>(&Mat3Dbl::operator=),
-    static_cast<double& (Mat3Dbl::*)(int, int)>(&Mat3Dbl::operator()),
-    static_cast<double const& (Mat3Dbl::*)(int, int) const>(&Mat3Dbl::operator()),
-    static_cast<Vec3Dbl& (Mat3Dbl::*)(unsigned int)>(&Mat3Dbl::GetRow),
-    static_cast<Vec3Dbl const& (Mat3Dbl::*)(unsigned int) const>(&Mat3Dbl::GetRow),
-    static_cast<Mat3Dbl& (Mat3Dbl::*)(unsigned int, Vec3Dbl const&)>(&Mat3Dbl::SetRow),
-    static_cast<Vec3Dbl (Mat3Dbl::*)(unsigned int) const>(&Mat3Dbl::GetCol),
-    static_cast<Mat3Dbl& (Mat3Dbl::*)(unsigned int, Vec3Dbl const&)>(&Mat3Dbl::SetCol),
-    static_cast<Vec3Dbl (Mat3Dbl::*)() const>(&Mat3Dbl::GetDiagonal),
-    static_cast<Mat3Dbl& (Mat3Dbl::*)(Vec3Dbl const&)>(&Mat3Dbl::SetDiagonal),
-    static_cast<Mat3Dbl& (Mat3Dbl::*)(double)>(&Mat3Dbl::SetDiagonal),
-    static_cast<Mat3Dbl& (Mat3Dbl::*)(double)>(&Mat3Dbl::SetValue),
-    static_cast<Mat3Dbl& (Mat3Dbl::*)(Vec3Dbl const&, Vec3Dbl const&, Vec3Dbl const&)>(&Mat3Dbl::SetValue),
-    static_cast<void (Mat3Dbl::*)(Vec3Dbl&, Vec3Dbl&, Vec3Dbl&)>(&Mat3Dbl::GetValue),
-    static_cast<Mat3Dbl& (Mat3Dbl::*)()>(&Mat3Dbl::Identity),
-    static_cast<Mat3Dbl& (Mat3Dbl::*)()>(&Mat3Dbl::Transpose),
-    static_cast<Mat3Dbl (Mat3Dbl::*)() const>(&Mat3Dbl::GetTransposedCopy),
-    static_cast<Mat3Dbl& (Mat3Dbl::*)()>(&Mat3Dbl::Negate),
-    static_cast<Mat3Dbl (Mat3Dbl::*)() const>(&Mat3Dbl::GetNegatedCopy),
-    static_cast<Vec3Dbl (Mat3Dbl::*)()>(&Mat3Dbl::RowSum),
-    static_cast<Vec3Dbl (Mat3Dbl::*)()>(&Mat3Dbl::RowAverage),
-    static_cast<int (Mat3Dbl::*)(Mat3Dbl const&) const>(&Mat3Dbl::operator==),
-    static_cast<int (Mat3Dbl::*)(Mat3Dbl const&) const>(&Mat3Dbl::operator!=),
-    static_cast<Mat3Dbl& (Mat3Dbl::*)(double)>(&Mat3Dbl::operator*=),
-    static_cast<Mat3Dbl& (Mat3Dbl::*)(double)>(&Mat3Dbl::operator/=),
-    static_cast<Mat3Dbl& (Mat3Dbl::*)(Mat3Dbl const&)>(&Mat3Dbl::operator+=),
-    static_cast<Mat3Dbl& (Mat3Dbl::*)(Mat3Dbl const&)>(&Mat3Dbl::operator-=),
-    static_cast<void (Mat3Dbl::*)(Vec3Dbl&)>(&Mat3Dbl::Solve),
-    static_cast<void (Mat3Dbl::*)(Vec3Dbl* const, int)>(&Mat3Dbl::Solve),
-    static_cast<void (Mat3Dbl::*)(Vec3Dbl&)>(&Mat3Dbl::ReSolve),
-    static_cast<void (Mat3Dbl::*)(Vec3Dbl* const, int)>(&Mat3Dbl::ReSolve),
-    static_cast<Mat3Dbl& (Mat3Dbl::*)()>(&Mat3Dbl::Invert),
-    static_cast<Mat3Dbl (Mat3Dbl::*)() const>(&Mat3Dbl::GetInvertedCopy),
-    static_cast<void (Mat3Dbl::*)(Vec3Dbl&)>(&Mat3Dbl::Svd),
-    static_cast<void (Mat3Dbl::*)(Vec3Dbl&, int)>(&Mat3Dbl::EigenSym),
-    static_cast<void (Mat3Dbl::*)(Vec3Dbl&, double)>(&Mat3Dbl::GetEigenVectorGivenEigenValue));
-
-static_assert(std::is_same_v<decltype(Mat3Dbl() * 1.0), Mat3Dbl>, "");
-static_assert(std::is_same_v<decltype(1.0 * Mat3Dbl()), Mat3Dbl>, "");
-static_assert(std::is_same_v<decltype(Mat3Dbl() / 1.0), Mat3Dbl>, "");
-static_assert(std::is_same_v<decltype(Mat3Dbl() * Mat3Dbl()), Mat3Dbl>, "");
-static_assert(std::is_same_v<decltype(Mat3Dbl() * Vec3Dbl()), Vec3Dbl>, "");
-static_assert(std::is_same_v<decltype(Mat3Dbl() * Vec3Flt()), Vec3Flt>, "");
-static_assert(std::is_same_v<decltype(Mat3Dbl() * Pnt3Dbl()), Pnt3Dbl>, "");
-static_assert(std::is_same_v<decltype(Mat3Dbl() * Pnt3Flt()), Pnt3Flt>, "");
-
-template <class Left, class Right, class = void>
-constexpr bool multiplies = false;
-template <class Left, class Right>
-constexpr bool multiplies<Left, Right,
-                          std::void_t<decltype(std::declval<Left const&>() * std::declval<Right const&>())>> =
-    true;
-template <class Left, class Right, class = void>
-constexpr bool multipliesInPlace = false;
-template <class Left, class Right>
-constexpr bool multipliesInPlace<
-    Left, Right, std::void_t<decltype(std::declval<Left&>() *= std::declval<Right const&>())>> = true;
-template <class Type, class = void>
-constexpr bool isOrdered = false;
-template <class Type>
-constexpr bool
-    isOrdered<Type, std::void_t<decltype(std::declval<Type const&>() < std::declval<Type const&>())>> = true;
-
-static_assert(!multiplies<Vec3Dbl, Mat3Dbl> && !multiplies<Vec3Flt, Mat3Dbl>, "no vector on the left");
-static_assert(!multiplies<Pnt3Dbl, Mat3Dbl> && !multiplies<Pnt3Flt, Mat3Dbl>, "no point on the left");
-static_assert(multiplies<Mat3Dbl, Vec3Dbl> && multiplies<Mat3Dbl, Mat3Dbl>, "");
-static_assert(!multipliesInPlace<Mat3Dbl, Mat3Dbl> && multipliesInPlace<Mat3Dbl, double>, "");
-static_assert(!isOrdered<Mat3Dbl> && isOrdered<Vec3Dbl>, "");
 
 // ---- Construction ----------------------------------------------------------------------------------
 
