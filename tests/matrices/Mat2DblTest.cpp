@@ -61,7 +61,8 @@ TEST(Mat2Dbl, Constructors)
 {
     ExpectBits(Mat2Dbl(2.0), 2.0, 2.0, 2.0, 2.0); // not the diagonal alone
     ExpectBits(Mat2Dbl(Vec2Dbl(1.0, 2.0), Vec2Dbl(3.0, -0.0)), 1.0, 2.0, 3.0, -0.0);
-    Mat2Dbl const copy(Rows(1.0, nan, -0.0, 4.0));
+    Mat2Dbl const source = Rows(1.0, nan, -0.0, 4.0);
+    Mat2Dbl const copy(source);
     ExpectBits(copy, 1.0, nan, -0.0, 4.0);
 }
 

@@ -46,7 +46,8 @@ TEST(Pnt2Dbl, Constructors)
     ExpectBits(Pnt2Dbl(1.0, -2.0), 1.0, -2.0);
     double values[2] = {4.0, -0.0};
     ExpectBits(Pnt2Dbl(values), 4.0, -0.0);
-    Pnt2Dbl const copy(Pnt2Dbl(nan, -infinity));
+    Pnt2Dbl const source(nan, -infinity);
+    Pnt2Dbl const copy(source);
     ExpectBits(copy, nan, -infinity);
 }
 

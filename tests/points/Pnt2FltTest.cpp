@@ -49,7 +49,8 @@ TEST(Pnt2Flt, Constructors)
     ExpectBits(Pnt2Flt(1.0f, -2.0f), 1.0f, -2.0f);
     float values[2] = {4.0f, -0.0f};
     ExpectBits(Pnt2Flt(values), 4.0f, -0.0f);
-    Pnt2Flt const copy(Pnt2Flt(nanFlt, -infinityFlt));
+    Pnt2Flt const source(nanFlt, -infinityFlt);
+    Pnt2Flt const copy(source);
     ExpectBits(copy, nanFlt, -infinityFlt);
     ExpectBits(Pnt2Flt(Vec2Flt(1.0f, -0.0f)), 1.0f, -0.0f);
 }

@@ -54,7 +54,8 @@ TEST(Pnt3Dbl, Constructors)
     ExpectBits(Pnt3Dbl(1.0, -2.0, 3.0), 1.0, -2.0, 3.0);
     double values[3] = {4.0, 5.0, -0.0};
     ExpectBits(Pnt3Dbl(values), 4.0, 5.0, -0.0);
-    Pnt3Dbl const copy(Pnt3Dbl(7.0, nan, -infinity));
+    Pnt3Dbl const source(7.0, nan, -infinity);
+    Pnt3Dbl const copy(source);
     ExpectBits(copy, 7.0, nan, -infinity);
 }
 

@@ -43,7 +43,8 @@ TEST(Pnt3Flt, Constructors)
     ExpectBits(Pnt3Flt(1.0f, -2.0f, 3.0f), 1.0f, -2.0f, 3.0f);
     float values[3] = {4.0f, 5.0f, -0.0f};
     ExpectBits(Pnt3Flt(values), 4.0f, 5.0f, -0.0f);
-    Pnt3Flt const copy(Pnt3Flt(7.0f, nanFlt, -infinityFlt));
+    Pnt3Flt const source(7.0f, nanFlt, -infinityFlt);
+    Pnt3Flt const copy(source);
     ExpectBits(copy, 7.0f, nanFlt, -infinityFlt);
     ExpectBits(Pnt3Flt(Vec3Flt(1.0f, -0.0f, 3.0f)), 1.0f, -0.0f, 3.0f);
 }

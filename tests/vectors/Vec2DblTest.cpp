@@ -61,7 +61,8 @@ TEST(Vec2Dbl, Constructors)
     ExpectBits(Vec2Dbl(1.0, -2.0), 1.0, -2.0);
     double values[2] = {4.0, -0.0};
     ExpectBits(Vec2Dbl(values), 4.0, -0.0);
-    Vec2Dbl const copy(Vec2Dbl(nan, -infinity));
+    Vec2Dbl const source(nan, -infinity);
+    Vec2Dbl const copy(source);
     ExpectBits(copy, nan, -infinity);
     Vec2Dbl const fromInt = 3; // no constructor is explicit
     ExpectBits(fromInt, 3.0, 3.0);

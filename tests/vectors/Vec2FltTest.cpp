@@ -46,7 +46,8 @@ TEST(Vec2Flt, Constructors)
     ExpectBits(Vec2Flt(1.0f, -2.0f), 1.0f, -2.0f);
     float values[2] = {4.0f, -0.0f};
     ExpectBits(Vec2Flt(values), 4.0f, -0.0f);
-    Vec2Flt const copy(Vec2Flt(nanFlt, -infinityFlt));
+    Vec2Flt const source(nanFlt, -infinityFlt);
+    Vec2Flt const copy(source);
     ExpectBits(copy, nanFlt, -infinityFlt);
 }
 

@@ -42,7 +42,8 @@ TEST(Vec2Int, Constructors)
     ExpectIs(Vec2Int(1, -2), 1, -2);
     int values[2] = {INT_MIN, INT_MAX};
     ExpectIs(Vec2Int(values), INT_MIN, INT_MAX);
-    Vec2Int const copy(Vec2Int(3, 4));
+    Vec2Int const source(3, 4);
+    Vec2Int const copy(source);
     ExpectIs(copy, 3, 4);
     Vec2Int const implicitOne = 7; // no constructor is explicit
     ExpectIs(implicitOne, 7, 7);

@@ -81,7 +81,8 @@ TEST(Vec3Dbl, Constructors)
     ExpectBits(Vec3Dbl(1.0, -2.0, 3.0), 1.0, -2.0, 3.0);
     double values[3] = {4.0, 5.0, -0.0};
     ExpectBits(Vec3Dbl(values), 4.0, 5.0, -0.0);
-    Vec3Dbl const copy(Vec3Dbl(7.0, nan, -infinity));
+    Vec3Dbl const source(7.0, nan, -infinity);
+    Vec3Dbl const copy(source);
     ExpectBits(copy, 7.0, nan, -infinity);
 }
 

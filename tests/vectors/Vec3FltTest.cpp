@@ -55,7 +55,8 @@ TEST(Vec3Flt, Constructors)
     ExpectBits(Vec3Flt(1.0f, -2.0f, 3.0f), 1.0f, -2.0f, 3.0f);
     float values[3] = {4.0f, 5.0f, -0.0f};
     ExpectBits(Vec3Flt(values), 4.0f, 5.0f, -0.0f);
-    Vec3Flt const copy(Vec3Flt(7.0f, nanFlt, -infinityFlt));
+    Vec3Flt const source(7.0f, nanFlt, -infinityFlt);
+    Vec3Flt const copy(source);
     ExpectBits(copy, 7.0f, nanFlt, -infinityFlt);
 }
 
