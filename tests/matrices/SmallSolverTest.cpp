@@ -476,6 +476,15 @@ TEST(small_substitution, NothingToSolve)
     small_substitution(nullptr, nullptr, nullptr, 0, 1);
 }
 
+TEST(small_substitution, WithNothingToSolveNothingIsRead)
+{
+    // Without right-hand sides there need be no factors and no row order either.
+    for (int size : {1, 3, 4}) {
+        for (int count : {0, -1})
+            small_substitution(nullptr, nullptr, nullptr, size, count);
+    }
+}
+
 TEST(small_substitution, SizeAbove255ChangesNothing)
 {
     std::vector<double> a(300 * 300, 1.0);

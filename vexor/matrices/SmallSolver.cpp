@@ -26,8 +26,8 @@ int small_decompose(double* matrix, unsigned char* pivotOrder, int size)
 
 void small_substitution(double* factors, double* rightSides, unsigned char* pivotOrder, int size, int count)
 {
-    if (size < 1 || size > largestSmallSize)
-        return;
+    if (count < 1 || size < 1 || size > largestSmallSize)
+        return; // before anything is read: the row order need not be set
     if (size == 3) {
         LocalRowsOfThree rows(factors);
         rows.Load(pivotOrder);
