@@ -527,9 +527,9 @@ TEST(Mat2Dbl, EigenSymWorkedByHand)
     }
 }
 
-// The eigenvalue of smaller magnitude is (acmx / r1)·acmn − (b / r1)·b. By exact arithmetic with a
-// rounding at each step; a single division, the other order of acmx and acmn, and fused operations give
-// other bits.
+// The eigenvalue of smaller magnitude is (l / r1)·s − (b / r1)·b, with l the larger and s the smaller of
+// a and c in magnitude. By exact arithmetic with a rounding at each step; a single division, the other
+// order of l and s, and fused operations give other bits.
 TEST(Mat2Dbl, EigenSymRoundsInTheStatedOrder)
 {
     struct Case {

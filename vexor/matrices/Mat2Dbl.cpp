@@ -39,45 +39,46 @@ struct SymmetricEigen {
 
 SymmetricEigen SolveSymmetric(double a, double b, double c, bool withVectors)
 {
-    double const sm = a + c;
-    double const df = a - c;
-    double const ad = std::fabs(df);
-    double const tb = std::fabs(b + b);
+    double const sum = a + c;
+    double const difference = a - c;
+    double const absDifference = std::fabs(difference);
+    double const absTwiceB = std::fabs(b + b);
     bool const isCLarger = std::fabs(c) >= std::fabs(a);
-    double const acmx = isCLarger ? c : a;
-    double const acmn = isCLarger ? a : c;
+    double const larger = isCLarger ? c : a;
+    double const smaller = isCLarger ? a : c;
 
-    double rt = 0.0;
-    if (ad > tb) {
-        double const ratio = tb / ad;
-        rt = ad * std::sqrt(1.0 + ratio * ratio);
-    } else if (ad < tb) {
-        double const ratio = ad / tb;
-        rt = tb * std::sqrt(1.0 + ratio * ratio);
+    double root = 0.0;
+    if (absDifference > absTwiceB) {
+        double const ratio = absTwiceB / absDifference;
+        root = absDifference * std::sqrt(1.0 + ratio * ratio);
+    } else if (absDifference < absTwiceB) {
+        double const ratio = absDifference / absTwiceB;
+        root = absTwiceB * std::sqrt(1.0 + ratio * ratio);
     } else {
-        rt = tb * std::sqrt(2.0);
+        root = absTwiceB * std::sqrt(2.0);
     }
 
     SymmetricEigen result{};
-    int s1 = 1;
-    if (sm < 0.0) {
-        result.r1 = 0.5 * (sm - rt);
-        result.r2 = (acmx / result.r1) * acmn - (b / result.r1) * b;
-        s1 = -1;
-    } else if (sm > 0.0) {
-        result.r1 = 0.5 * (sm + rt);
-        result.r2 = (acmx / result.r1) * acmn - (b / result.r1) * b;
+    int sumSign = 1;
+    if (sum < 0.0) {
+        result.r1 = 0.5 * (sum - root);
+        result.r2 = (larger / result.r1) * smaller - (b / result.r1) * b;
+        sumSign = -1;
+    } else if (sum > 0.0) {
+        result.r1 = 0.5 * (sum + root);
+        result.r2 = (larger / result.r1) * smaller - (b / result.r1) * b;
     } else {
-        result.r1 = 0.5 * rt;
-        result.r2 = -0.5 * rt;
+        result.r1 = 0.5 * root;
+        result.r2 = -0.5 * root;
     }
 
     if (!withVectors)
         return result;
 
-    int const s2 = df >= 0.0 ? 1 : -1;
-    double const cs = df >= 0.0 ? df + rt : df - rt;
-    if (std::fabs(cs) > tb) {
+    // (cs, 2b) has the direction of an eigenvector; the sign of the root is the one that cancels nothing.
+    int const differenceSign = difference >= 0.0 ? 1 : -1;
+    double const cs = difference >= 0.0 ? difference + root : difference - root;
+    if (std::fabs(cs) > absTwiceB) {
         double const ct = -(b + b) / cs;
         result.sn = 1.0 / std::sqrt(1.0 + ct * ct);
         result.co = ct * result.sn;
@@ -89,10 +90,10 @@ SymmetricEigen SolveSymmetric(double a, double b, double c, bool withVectors)
         result.co = 1.0 / std::sqrt(1.0 + tn * tn);
         result.sn = tn * result.co;
     }
-    if (s1 == s2) {
-        double const tn = result.co;
+    if (sumSign == differenceSign) {
+        double const formerCo = result.co;
         result.co = -result.sn;
-        result.sn = tn;
+        result.sn = formerCo;
     }
     return result;
 }

@@ -63,8 +63,8 @@ void Vec3Dbl::AbsValueOrder(int& smallest, int& middle, int& largest) const
 
 double Vec3Dbl::GetCCWAngleWith(Vec3Dbl const& other, Vec3Dbl const& normal) const
 {
-    double const shortest = gVexorTolerance.lengthSquared;
-    if (LengthSquared() <= shortest || other.LengthSquared() <= shortest)
+    double const lengthTolerance = gVexorTolerance.lengthSquared;
+    if (LengthSquared() <= lengthTolerance || other.LengthSquared() <= lengthTolerance)
         return 0.0;
 
     Vec3Dbl const a = GetNormalizedCopy();
