@@ -86,5 +86,7 @@ REFUSED_ONE(Class const, p, p + p);
 REFUSED_TWO(Class, p, Class const, q, p += q);
 REFUSED_TWO(Class, p, Class const, q, p -= q);
 REFUSED_TWO(Class const, p, Pnt2Dbl const, q, p - q);
+COMPILES_TWO(Class const, p, Vec2Flt const, w, p + w); // w widened
+REFUSED_TWO(Class const, p, Vec2Flt const, w, p - w);  // w widened, or w as a point
 
 } // namespace
