@@ -493,6 +493,18 @@ TEST(AffMat3Dbl, SetRotationIsTheCompositionOfThreeMaps)
     }
 }
 
+// (back · rotate) · toOrigin, in this order: the rotation takes the point straight to the translation. Here an
+// eighth of a turn carries −point's y past the largest double and its x to about 0, which stays finite. In
+// back · (rotate · toOrigin) the unit matrix would multiply that infinity by 0.
+TEST(AffMat3Dbl, SetRotationComposesFromTheLeft)
+{
+    AffMat3Dbl map;
+    map.SetRotation(Pnt3Dbl(1.6e308, 1.6e308, 5.0), Vec3Dbl(0, 0, 1), pi / 4);
+    EXPECT_NEAR(map(0, 3), 1.6e308, 1e293);
+    EXPECT_SAME_BITS(map(1, 3), -infinity);
+    EXPECT_SAME_BITS(map(2, 3), 0.0);
+}
+
 TEST(AffMat3Dbl, SetRotationAboutANullAxis)
 {
 #if defined(VEXOR_CHECKED)
