@@ -47,7 +47,7 @@ public:
     std::map<std::string, std::function<void()>> All()
     {
         return {
-            {"v == w", [&] { v == w; }},
+            {"v == w", [&] { (void)(v == w); }},
             {"v += w", [&] { v += w; }},
             {"v *= 2.0", [&] { v *= 2.0; }},
             {"v.Negate()", [&] { v.Negate(); }},
@@ -67,8 +67,8 @@ public:
             {"v.GetProjectionOnTo(w)", [&] { v.GetProjectionOnTo(w); }},
             {"x = v", [&] { x = v; }},
             {"x = v + w", [&] { x = v + w; }},
-            {"a * single", [&] { a* single; }},
-            {"a == b", [&] { a == b; }},
+            {"a * single", [&] { (void)(a * single); }},
+            {"a == b", [&] { (void)(a == b); }},
             {"a += b", [&] { a += b; }},
             {"a *= 2.0", [&] { a *= 2.0; }},
             {"a.Identity()", [&] { a.Identity(); }},

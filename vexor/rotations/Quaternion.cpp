@@ -3,7 +3,6 @@
 #include <vexor/vectors/detail/UnitAxis.h>
 
 #include <cstddef>
-#include <initializer_list>
 #include <type_traits>
 
 static_assert(
@@ -34,40 +33,6 @@ void StoreAxis(Quaternion& quaternion, Vec3Dbl axis, int normalize, double facto
 }
 
 } // namespace
-
-namespace vexor::detail {
-
-void FullRangeNormalize(double& u, double& v, double& w, double& s)
-{
-    auto const sumOfSquares = [&](double scale) {
-        double const a = u * scale;
-        double const b = v * scale;
-        double const c = w * scale;
-        double const d = s * scale;
-        return ((a * a + b * b) + c * c) + d * d;
-    };
-
-    // Tiny components are multiplied up before all else, which is exact. Of huge ones only the squares
-    // need the smaller scale, and the quotients are brought down at the end: so a small component beside
-    // them keeps its digits. Infinities and NaNs run through the plain operations.
-    double const plain = sumOfSquares(1.0);
-    double scaleOfSum = 1.0;
-    double before = 1.0;
-    double after = 1.0;
-    if (plain < 1.0) {
-        scaleOfSum = 0x1p600;
-        before = scaleOfSum;
-    } else if (std::isinf(plain) && std::isfinite(u) && std::isfinite(v) && std::isfinite(w)
-               && std::isfinite(s)) {
-        scaleOfSum = 0x1p-600;
-        after = scaleOfSum;
-    }
-    double const reciprocal = 1.0 / std::sqrt(sumOfSquares(scaleOfSum));
-    for (double* component : {&u, &v, &w, &s})
-        *component = *component * before * reciprocal * after;
-}
-
-} // namespace vexor::detail
 
 // ---- Axis and angle --------------------------------------------------------------------------------
 

@@ -5,19 +5,11 @@
 #include <vexor/foundation/VexorException.h>
 #include <vexor/matrices/Mat3Dbl.h>
 #include <vexor/points/Pnt3Dbl.h>
-#include <vexor/vectors/detail/FullRange.h>
 #include <vexor/vectors/Vec3Dbl.h>
 
 #include <cmath>
 
 VEXOR_EXACT_BEGIN
-
-namespace vexor::detail {
-
-/// Normalises four components, not all of the first three zero, whose sum of squares is no plain one.
-VEXOR_API VEXOR_COLD void FullRangeNormalize(double& u, double& v, double& w, double& s);
-
-} // namespace vexor::detail
 
 /// A rotation in space as four doubles and nothing else: the vector part (u, v, w), which lies as a
 /// `Vec3Dbl` does, then the scalar s. A turn by the angle a about the unit axis n is u, v, w = n·sin(a/2)
@@ -113,21 +105,16 @@ public:
     }
     /// Multiplies by 1 / √(((u² + v²) + w²) + s²), a reciprocal formed once, then clamps s into [−1, 1].
     /// A vector part that is exactly 0 sets s to 1, whatever it was: (0, 0, 0, 0) and (0, 0, 0, −1) become
-    /// the identity, and nothing is raised. Right over the whole range of a double: where the sum would
-    /// overflow or lose digits, it is formed of components scaled by a power of two.
+    /// the identity, and nothing is raised. The sum is the plain one, unlike that of the vectors: beyond
+    /// about 1e±154 it overflows or vanishes, and the components become zeros, infinities or NaN.
     VEXOR_INLINE Quaternion& Normalize()
     {
         if (IsIdentity()) {
             s = 1.0;
             return *this;
         }
-        double const sum = ((u * u + v * v) + w * w) + s * s;
-        if (vexor::detail::IsPlainSum(sum)) {
-            double const reciprocal = 1.0 / std::sqrt(sum);
-            SetValue(u * reciprocal, v * reciprocal, w * reciprocal, s * reciprocal, 0);
-        } else {
-            vexor::detail::FullRangeNormalize(u, v, w, s);
-        }
+        double const reciprocal = 1.0 / std::sqrt(((u * u + v * v) + w * w) + s * s);
+        SetValue(u * reciprocal, v * reciprocal, w * reciprocal, s * reciprocal, 0);
         if (s > 1.0)
             s = 1.0;
         else if (s < -1.0)
