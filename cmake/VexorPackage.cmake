@@ -36,7 +36,11 @@ endforeach()
 install(DIRECTORY "${CMAKE_CURRENT_SOURCE_DIR}/docs/"
     DESTINATION "${CMAKE_INSTALL_DATADIR}/doc/vexor-doc"
     COMPONENT doc EXCLUDE_FROM_ALL
-    FILES_MATCHING PATTERN "*.md" PATTERN "*.svg")
+    FILES_MATCHING PATTERN "*.md" PATTERN "*.svg"
+    PATTERN "__pycache__" EXCLUDE
+    PATTERN "site" EXCLUDE
+    PATTERN "snippets" EXCLUDE
+    PATTERN "tools" EXCLUDE)
 
 set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_NAME vexor)
