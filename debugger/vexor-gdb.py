@@ -1,8 +1,9 @@
 """Shows vexor's objects in gdb: (1, 2, 3) for vectors and points, matrices by rows.
 
-gdb loads this file by itself when it loads the installed library (see docs/debuggers.md); by hand:
-    source /usr/share/gdb/auto-load/.../libvexor.so.<version>-gdb.py
+gdb loads this file by itself when it loads the installed library: docs/guides/debuggers.md says when.
 """
+
+import struct
 
 import gdb
 import gdb.printing
@@ -16,13 +17,26 @@ FIELDS = {
 }
 
 
+def shortest_single(value):
+    """The shortest decimal that names the number among those of single precision."""
+    for digits in range(6, 9):
+        text = "%.*g" % (digits, value)
+        try:
+            if struct.pack("f", float(text)) == struct.pack("f", value):
+                return text
+        except OverflowError:  # rounded up beyond the largest single
+            pass
+    return "%.9g" % value
+
+
 def number(value):
     """A number as a person writes it: 1 and not 1.0, 0.1 and not 0.10000000000000001."""
     if value.type.strip_typedefs().code == gdb.TYPE_CODE_INT:
         return str(int(value))
+    wide = float(value)
     if value.type.strip_typedefs().sizeof == 4:
-        return "%.9g" % float(value)
-    text = repr(float(value))
+        return shortest_single(wide)
+    text = repr(wide)
     return text[:-2] if text.endswith(".0") else text
 
 

@@ -1,5 +1,9 @@
 """Shows vexor's objects in lldb: command script import /usr/share/vexor/vexor_lldb.py"""
 
+import struct
+
+import lldb
+
 MOST_ELEMENTS = 12
 
 FIELDS = {
@@ -16,6 +20,29 @@ def integer(value, name):
     return member(value, name).GetValueAsSigned()
 
 
+def shortest_single(value):
+    """The shortest decimal that names the number among those of single precision."""
+    for digits in range(6, 9):
+        text = "%.*g" % (digits, value)
+        try:
+            if struct.pack("f", float(text)) == struct.pack("f", value):
+                return text
+        except OverflowError:  # rounded up beyond the largest single
+            pass
+    return "%.9g" % value
+
+
+def number(value):
+    """A number as a person writes it: 1 and not 1.0, 0.1 and not 0.10000000000000001."""
+    kind = value.GetType().GetCanonicalType().GetBasicType()
+    if kind == lldb.eBasicTypeFloat:
+        return shortest_single(value.GetData().GetFloat(lldb.SBError(), 0))
+    if kind == lldb.eBasicTypeDouble:
+        text = repr(value.GetData().GetDouble(lldb.SBError(), 0))
+        return text[:-2] if text.endswith(".0") else text
+    return value.GetValue()
+
+
 def joined(texts, count):
     shown = [texts(i) for i in range(min(count, MOST_ELEMENTS))]
     return "(" + ", ".join(shown + (["..."] if count > MOST_ELEMENTS else [])) + ")"
@@ -27,11 +54,11 @@ def element(pointer, index):
 
 def fields(value, _):
     names = FIELDS[value.GetType().GetUnqualifiedType().GetName()]
-    return joined(lambda i: member(value, names[i]).GetValue(), len(names))
+    return joined(lambda i: number(member(value, names[i])), len(names))
 
 
 def quaternion(value, _):
-    return "(%s, %s, %s; %s)" % tuple(member(value, name).GetValue() for name in "uvws")
+    return "(%s, %s, %s; %s)" % tuple(number(member(value, name)) for name in "uvws")
 
 
 def fixed_matrix(value, _):
@@ -48,7 +75,7 @@ def dynamic_vector(value, _):
     size = integer(value, "size")
     kind = "view of %d " if integer(value, "isExternal") else "%d "
     values = member(value, "values")
-    return kind % size + joined(lambda i: element(values, i).GetValue(), size)
+    return kind % size + joined(lambda i: number(element(values, i)), size)
 
 
 def dynamic_matrix(value, _):
@@ -58,7 +85,7 @@ def dynamic_matrix(value, _):
     factorised = " factorised " if member(value, "pivots").GetValueAsUnsigned() else " "
 
     def text(i):
-        return joined(lambda j: element(element(columns, j), i).GetValue(), width)
+        return joined(lambda j: number(element(element(columns, j), i)), width)
 
     return kind % (height, width) + factorised + joined(text, height)
 
@@ -68,13 +95,17 @@ def counter(value, _):
     return str(bits - (1 << 64) if bits >> 63 else bits)
 
 
+def tolerance(value, _):
+    return "angle %s, length %s" % (number(member(value, "angle")), number(member(value, "length")))
+
+
 def __lldb_init_module(debugger, _):
     summaries = {name: "fields" for name in FIELDS}
     summaries.update({
         "Mat3Dbl": "fixed_matrix", "Mat2Dbl": "fixed_matrix",
         "AffMat3Dbl": "affine_map", "AffMat2Dbl": "affine_map",
         "Quaternion": "quaternion", "VecDbl": "dynamic_vector", "VecFlt": "dynamic_vector",
-        "MatDbl": "dynamic_matrix", "UInt64": "counter",
+        "MatDbl": "dynamic_matrix", "UInt64": "counter", "VexorTolerance": "tolerance",
     })
     for name, function in summaries.items():
         debugger.HandleCommand(

@@ -1,7 +1,9 @@
 # Builds one consumer project against an installed copy of the library and runs it.
 # Usage: cmake -DNAME=... -DPROJECT=... -DBUILD=... -DPREFIX=... -DSOURCE=... [-DOPTIONS=a;b]
-#              [-DARGUMENTS=...] [-DHASH_FILE=...] -P Consume.cmake
+#              [-DARGUMENTS=...] [-DHASH_FILE=...] [-DGDB=...] -P Consume.cmake
 # With HASH_FILE the printed hash must be the one in that file, which the first to come writes.
+# With GDB that debugger stops in the program, and must show the library's objects as documented without
+# being told more than to trust what lies under the prefix.
 function(run what)
     execute_process(COMMAND ${ARGN} RESULT_VARIABLE status OUTPUT_VARIABLE output ERROR_VARIABLE errors)
     if(NOT status STREQUAL "0")
@@ -22,6 +24,12 @@ else()
     run("configuring" "${CMAKE_COMMAND}" -S "${SOURCE}/tests/consumers/${PROJECT}" -B "${BUILD}" -G Ninja
         -DCMAKE_BUILD_TYPE=Release "-DCMAKE_PREFIX_PATH=${PREFIX}" "-DVEXOR_SOURCE=${SOURCE}" ${OPTIONS})
     run("building" "${CMAKE_COMMAND}" --build "${BUILD}")
+endif()
+
+if(GDB)
+    run("gdb" python3 "${SOURCE}/tests/debugger/views.py" gdb "${GDB}" "${BUILD}/consumer" --installed "${PREFIX}")
+    message(STATUS "${NAME}: ${output}")
+    return()
 endif()
 
 run("running" "${BUILD}/consumer" ${ARGUMENTS})
