@@ -1,9 +1,11 @@
 # Builds one consumer project against an installed copy of the library and runs it.
 # Usage: cmake -DNAME=... -DPROJECT=... -DBUILD=... -DPREFIX=... -DSOURCE=... [-DOPTIONS=a;b]
-#              [-DARGUMENTS=...] [-DHASH_FILE=...] [-DGDB=...] -P Consume.cmake
+#              [-DARGUMENTS=...] [-DHASH_FILE=...] [-DGDB=...] [-DCHECKED=ON]
+#              -P Consume.cmake
 # With HASH_FILE the printed hash must be the one in that file, which the first to come writes.
 # With GDB that debugger stops in the program, and must show the library's objects as documented without
 # being told more than to trust what lies under the prefix.
+# With CHECKED a second program, which reads beyond a vector's end, must stop and name the place.
 function(run what)
     execute_process(COMMAND ${ARGN} RESULT_VARIABLE status OUTPUT_VARIABLE output ERROR_VARIABLE errors)
     if(NOT status STREQUAL "0")
@@ -17,9 +19,16 @@ if(PROJECT STREQUAL "pkg_config")
     file(MAKE_DIRECTORY "${BUILD}")
     file(GLOB_RECURSE pc "${PREFIX}/vexor.pc")
     get_filename_component(pc_dir "${pc}" DIRECTORY)
-    set(client "${SOURCE}/tests/consumers/client")
-    run("g++ with pkg-config" sh -c
-        "export PKG_CONFIG_PATH='${pc_dir}' && lib=$(pkg-config --variable=libdir vexor) && ${COMPILER} -std=c++17 -O2 $(pkg-config --cflags vexor) '${client}/main.cpp' '${client}/Client.cpp' -o '${BUILD}/consumer' $(pkg-config --libs vexor) -Wl,-rpath,$lib")
+    set(consumers "${SOURCE}/tests/consumers")
+    function(compile program)
+        list(JOIN ARGN "' '" sources)
+        run("g++ with pkg-config" sh -c
+            "export PKG_CONFIG_PATH='${pc_dir}' && lib=$(pkg-config --variable=libdir vexor) && ${COMPILER} -std=c++17 -O2 $(pkg-config --cflags vexor) '${sources}' -o '${BUILD}/${program}' $(pkg-config --libs vexor) -Wl,-rpath,$lib")
+    endfunction()
+    compile(consumer "${consumers}/client/main.cpp" "${consumers}/client/Client.cpp")
+    if(CHECKED)
+        compile(mistake "${consumers}/checked/Mistake.cpp")
+    endif()
 else()
     run("configuring" "${CMAKE_COMMAND}" -S "${SOURCE}/tests/consumers/${PROJECT}" -B "${BUILD}" -G Ninja
         -DCMAKE_BUILD_TYPE=Release "-DCMAKE_PREFIX_PATH=${PREFIX}" "-DVEXOR_SOURCE=${SOURCE}" ${OPTIONS})
@@ -48,4 +57,17 @@ if(HASH_FILE)
     else()
         file(WRITE "${HASH_FILE}" "${hash}")
     endif()
+endif()
+
+if(CHECKED)
+    execute_process(COMMAND "${BUILD}/mistake" RESULT_VARIABLE status OUTPUT_VARIABLE output ERROR_VARIABLE errors)
+    if(NOT status MATCHES "abort|ABRT" OR NOT errors MATCHES "^([^\n]*/Vec3Dbl\\.h):([0-9]+): vexor: index out of range\n$")
+        message(FATAL_ERROR "${NAME}: the mistake ended with '${status}' and printed '${output}${errors}'")
+    endif()
+    # The place is that of the access in the installed header.
+    execute_process(COMMAND sed -n "${CMAKE_MATCH_2}p" "${CMAKE_MATCH_1}" OUTPUT_VARIABLE line)
+    if(NOT line MATCHES "ElementOf<double const, 3>\\(\\*this, index\\)")
+        message(FATAL_ERROR "${NAME}: stopped at '${line}'")
+    endif()
+    message(STATUS "${NAME}: ${errors}")
 endif()
