@@ -420,21 +420,19 @@ struct Square {
     }
 };
 
-/// Side of the part that is transposed before the next one is begun, so that the lines of cache that it
-/// touches stay there until they are used up. A part of a large matrix whose columns lie a power of two
-/// apart competes with itself for a few places in the cache: hence small.
-constexpr int transposeBlock = 16;
-
-/// By how many elements a large matrix begins after the start of a line of cache, if all of its columns
-/// do: there it pays that no register straddles two lines.
-inline int PastLineStart(int rows, double const* matrix)
+/// By how many elements a matrix begins after the start of a line of cache, if all of its columns do:
+/// there it pays for a large one that no register straddles two lines.
+inline int PastLineStart(int rows, double const* matrix, int large)
 {
     constexpr int line = 8;
-    if (rows < 512 || rows % line != 0)
+    if (rows < large || rows % line != 0)
         return 0;
     return static_cast<int>(reinterpret_cast<std::uintptr_t>(matrix) / sizeof(double) % line);
 }
 
+/// Goes through the matrix in strips of some rows, across all columns. So the result is written in a few
+/// columns side by side, each from its beginning to its end, and no line of cache of either matrix is
+/// wanted again when its strip is done, however its columns compete for places in the cache.
 template <int width>
 void Transpose(int rows, int columns, double const* matrix, double* result)
 {
@@ -447,21 +445,16 @@ void Transpose(int rows, int columns, double const* matrix, double* result)
     auto const place = [](int at, int count) {
         return Distance(at < 0 ? 0 : at + width <= count ? at : count - width);
     };
-    auto const endOf = [](int begin, int count) {
-        return count - begin < transposeBlock ? count : begin + transposeBlock;
-    };
-    for (int j0 = -PastLineStart(columns, result); j0 < columns; j0 += transposeBlock) {
-        for (int i0 = 0; i0 < rows; i0 += transposeBlock) {
-            for (int i = i0; i < endOf(i0, rows); i += width) {
-                for (int j = j0; j < endOf(j0, columns); j += width) {
-                    Distance const row = place(i, rows);
-                    Distance const column = place(j, columns);
-                    Square<width> square;
-                    square.Read(matrix + column * rows + row, rows);
-                    square.Transpose();
-                    square.Write(result + row * columns + column, columns);
-                }
-            }
+    constexpr int large = 100;
+    int const firstColumn = -PastLineStart(columns, result, large);
+    for (int i = -PastLineStart(rows, matrix, large); i < rows; i += width) {
+        Distance const row = place(i, rows);
+        for (int j = firstColumn; j < columns; j += width) {
+            Distance const column = place(j, columns);
+            Square<width> square;
+            square.Read(matrix + column * rows + row, rows);
+            square.Transpose();
+            square.Write(result + row * columns + column, columns);
         }
     }
 }
@@ -470,6 +463,11 @@ void TransposeInto(int rows, int columns, double const* matrix, double* result)
 {
     Transpose<VEXOR_KERNEL_WIDTH>(rows, columns, matrix, result);
 }
+
+/// Side of the part of a matrix that is transposed in place before the next one is begun, so that the
+/// lines of cache that it touches stay there until they are used up. A part of a large matrix whose
+/// columns lie a power of two apart competes with itself for a few places in the cache: hence small.
+constexpr int transposeBlock = 16;
 
 /// Swaps the elements of some rows, in the columns before `endColumn` and left of the diagonal, with those
 /// opposite.
@@ -491,7 +489,7 @@ void TransposeSquare(int rows, double* matrix)
     constexpr int width = VEXOR_KERNEL_WIDTH;
     constexpr int line = 8;
     Distance const stride = rows;
-    int const begin = (line - PastLineStart(rows, matrix)) % line;
+    int const begin = (line - PastLineStart(rows, matrix, 160)) % line;
     int const end = rows - (rows - begin) % width;
 
     SwapElements(0, end, begin, stride, matrix);
