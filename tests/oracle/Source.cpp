@@ -1,5 +1,7 @@
 #include "oracle/Source.h"
 
+#include <algorithm>
+
 namespace oracle {
 
 GlobalTolerance globalTolerance = {};
@@ -44,9 +46,27 @@ Source::Source(std::uint64_t seed, std::uint64_t operation, std::uint64_t caseNu
     globalTolerance = {defaultSin2Angle, defaultLengthSquared};
 }
 
-// The generator xoshiro256**.
+Source::Source(std::uint8_t const* givenBytes, std::size_t count) : Source(count, 0, 0)
+{
+    if (count < 2)
+        return;
+    mood = static_cast<Mood>(std::min(givenBytes[0] % 16, static_cast<int>(Mood::AnyBits)));
+    exponent = (givenBytes[1] - 128) * 7;
+    bytes = givenBytes + 2;
+    left = count - 2;
+}
+
+// Given bytes first, then the generator xoshiro256**.
 std::uint64_t Source::Next()
 {
+    if (left > 0) {
+        std::uint64_t word = 0;
+        std::size_t const taken = std::min(left, sizeof word);
+        std::memcpy(&word, bytes, taken);
+        bytes += taken;
+        left -= taken;
+        return word;
+    }
     std::uint64_t const result = RotatedLeft(state[1] * 5, 7) * 9;
     std::uint64_t const shifted = state[1] << 17;
     state[2] ^= state[0];

@@ -1,6 +1,7 @@
 #pragma once
 #include <array>
 #include <cmath>
+#include <cstddef>
 #include <cstdint>
 #include <cstring>
 #include <limits>
@@ -19,6 +20,10 @@ extern GlobalTolerance globalTolerance;
 class Source {
 public:
     Source(std::uint64_t seed, std::uint64_t operation, std::uint64_t caseNumber);
+
+    /// Draws from the bytes, which must outlive it: one chooses the mood, most often the operands' bits as
+    /// they stand, one the scale. Once they are used up, draws go on as for a seed.
+    Source(std::uint8_t const* bytes, std::size_t count);
 
     std::uint64_t Next();
     /// 0 to count − 1.
@@ -71,6 +76,8 @@ public:
     int exponent = 0; // the common scale of a scaled case
 
 private:
+    std::uint8_t const* bytes = nullptr;
+    std::size_t left = 0;
     std::uint64_t state[4];
 };
 

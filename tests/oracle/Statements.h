@@ -16,7 +16,7 @@ void EnterDynamicVectors();
 void EnterDynamicMatrices();
 void EnterDrivers();
 
-inline void EnterAllStatements()
+inline void EnterFixedSizeStatements()
 {
     EnterTolerance();
     EnterVectors();
@@ -27,6 +27,11 @@ inline void EnterAllStatements()
     EnterAffineMaps();
     EnterQuaternions();
     EnterIntegers();
+}
+
+inline void EnterAllStatements()
+{
+    EnterFixedSizeStatements();
     EnterDynamicVectors();
     EnterDynamicMatrices();
     EnterDrivers();
