@@ -25,7 +25,7 @@ namespace {
 /// The double at an address that is a plain number here, tied to no object.
 VEXOR_READS_BEHIND double ReadDoubleAt(std::uintptr_t address)
 {
-    return *reinterpret_cast<double const volatile*>(address);
+    return *reinterpret_cast<double const volatile*>(address); // NOLINT(performance-no-int-to-ptr)
 }
 
 /// The symmetric problem (a, b; b, c): r1 is the eigenvalue of larger magnitude, r2 the other; (co, sn)

@@ -13,6 +13,8 @@
 // width, the last register overlaps the one before it: the shared elements are then computed twice
 // from the same values, and stored twice with the same bits.
 
+// A source's text rather than a header. NOLINTBEGIN(misc-definitions-in-headers)
+
 #define VEXOR_KERNEL_INLINE inline __attribute__((always_inline))
 #define VEXOR_UNROLL _Pragma("GCC unroll 16")
 
@@ -214,6 +216,7 @@ void MultiplyPacked(int rows, int columns, int inner, double const* left, double
         for (int i0 = 0, height = 0; i0 < rows; i0 += height) {
             int const rest = rows - i0;
             height = rest < blockRows ? rest : blockRows;
+            // With a width of 1 never. NOLINTNEXTLINE(misc-redundant-expression)
             if (rest > blockRows && rest < blockRows + width)
                 height -= tileVectors * width; // leaves the last block enough for a register
 
@@ -529,3 +532,5 @@ KernelSet const kernels = {VEXOR_KERNEL_NAME,    MultiplyColumnMajor, MultiplyVe
 } // namespace vexor::detail::VEXOR_KERNEL_NAMESPACE
 
 VEXOR_EXACT_END
+
+// NOLINTEND(misc-definitions-in-headers)

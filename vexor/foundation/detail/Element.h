@@ -21,7 +21,7 @@ inline Element& ElementOf(Object& object, int index VEXOR_CHECK_PLACE)
 template <class Element, int rows, int columns, class Object>
 inline Element& ElementOf(Object& object, int row, int column VEXOR_CHECK_PLACE)
 {
-    static_assert(sizeof(Object) >= rows * columns * sizeof(Element), "the object holds its elements");
+    static_assert(sizeof(Object) >= sizeof(Element) * rows * columns, "the object holds its elements");
     VEXOR_CHECK_AT_PLACE(row >= 0 && row < rows && column >= 0 && column < columns, "index out of range");
     return reinterpret_cast<Element*>(&object)[row * columns + column];
 }
