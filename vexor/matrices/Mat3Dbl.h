@@ -1,4 +1,5 @@
 #pragma once
+#include <vexor/foundation/detail/Pair.h>
 #include <vexor/foundation/detail/Rounding.h>
 #include <vexor/points/Pnt3Dbl.h>
 #include <vexor/points/Pnt3Flt.h>
@@ -315,7 +316,16 @@ VEXOR_INLINE Mat3Dbl operator*(Mat3Dbl const& left, Mat3Dbl const& right)
 /// The dot products of the rows with the vector.
 VEXOR_INLINE Vec3Dbl operator*(Mat3Dbl const& matrix, Vec3Dbl const& vector)
 {
-    return Vec3Dbl(matrix.GetRow(0).Dot(vector), matrix.GetRow(1).Dot(vector), matrix.GetRow(2).Dot(vector));
+    // Each component is the sum (x + y) + z of `Vec3Dbl::Dot`; rows 0 and 1 are added up side by side.
+    using vexor::detail::Pair;
+    Vec3Dbl const& row0 = matrix.GetRow(0);
+    Vec3Dbl const& row1 = matrix.GetRow(1);
+    Vec3Dbl const& row2 = matrix.GetRow(2);
+    Pair const xy = Pair{vector.x, vector.y};
+    Pair const terms2 = Pair{row2.x, row2.y} * xy;
+    Pair const sums = vexor::detail::SumsWithin(Pair{row0.x, row0.y} * xy, Pair{row1.x, row1.y} * xy)
+                      + Pair{row0.z, row1.z} * Pair{vector.z, vector.z};
+    return Vec3Dbl(sums[0], sums[1], (terms2[0] + terms2[1]) + row2.z * vector.z);
 }
 
 /// The product in double, each component rounded to single once.

@@ -163,8 +163,10 @@ public:
         double const sum = LengthSquared();
         if (vexor::detail::IsPlainSum(sum))
             return *this /= std::sqrt(sum);
-        vexor::detail::FullRangeNormalize(x, y, z);
-        return *this;
+        // Of a copy, so that nothing takes the address of a vector that may live in registers.
+        double components[3] = {x, y, z};
+        vexor::detail::FullRangeNormalize(components[0], components[1], components[2]);
+        return SetValue(components[0], components[1], components[2]);
     }
     /// As `Normalize`, on a copy.
     VEXOR_INLINE Vec3Dbl GetNormalizedCopy() const
