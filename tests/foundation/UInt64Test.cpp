@@ -43,7 +43,8 @@ TEST(UInt64, ConstructorSplitsTheWords)
     UInt64 const minusTwo(-2);
     EXPECT_EQ(minusTwo.lowWord, 0xFFFFFFFEu);
     EXPECT_EQ(minusTwo.highWord, 0xFFFFFFFFu);
-    for (__int64 each : {__int64(0), __int64(-1), __int64(0x80000000), most, least})
+    for (__int64 each :
+         {static_cast<__int64>(0), static_cast<__int64>(-1), static_cast<__int64>(0x80000000), most, least})
         EXPECT_EQ(UInt64(each).int64(), each);
 }
 
@@ -269,9 +270,10 @@ TEST(UInt64, ToFloatAndDoubleAreSignedAndRoundedOnce)
     EXPECT_SAME_BITS(static_cast<double>(UInt64(0)), 0.0);
     // 2^53 + 1 is halfway and goes to even; 2^60 + 2^36 + 1 lies above halfway between two singles,
     // but not once it has been rounded to a double.
-    EXPECT_SAME_BITS(static_cast<double>(UInt64((__int64(1) << 53) + 1)), 0x1p+53);
-    EXPECT_SAME_BITS(static_cast<float>(UInt64((__int64(1) << 60) + (__int64(1) << 36) + 1)),
-                     0x1p+60f + 0x1p+37f);
+    EXPECT_SAME_BITS(static_cast<double>(UInt64((static_cast<__int64>(1) << 53) + 1)), 0x1p+53);
+    EXPECT_SAME_BITS(
+        static_cast<float>(UInt64((static_cast<__int64>(1) << 60) + (static_cast<__int64>(1) << 36) + 1)),
+        0x1p+60f + 0x1p+37f);
 }
 
 TEST(UInt64, ToInt64)
