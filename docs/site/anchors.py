@@ -10,7 +10,13 @@ import re
 import sys
 
 page = pathlib.Path(sys.argv[1])
-prefix = page.stem.replace("-", "_").lower() + "_"
+
+
+def prefix_of(stem):
+    return stem.replace("-", "_").lower() + "_"
+
+
+prefix = prefix_of(page.stem)
 
 
 def anchor(title):
@@ -28,4 +34,6 @@ for number, line in enumerate(page.read_text().splitlines()):
             line = "%s %s {#%s}" % (heading.group(1), heading.group(2), anchor(heading.group(2)))
         else:
             line = re.sub(r"\]\(#([\w-]+)\)", lambda link: "](#%s%s)" % (prefix, link.group(1)), line)
+            line = re.sub(r"\]\((?:[\w./-]*/)?([\w-]+)\.md#([\w-]+)\)",
+                          lambda link: "](#%s%s)" % (prefix_of(link.group(1)), link.group(2)), line)
     print(line)

@@ -38,6 +38,7 @@ public:
     VEXOR_API MatDbl(MatDbl const& other);
     /// The transpose of `other`: its row k becomes column k. The way back does not transpose.
     VEXOR_API MatDbl(Mat3Dbl const& other);
+    /// Frees own storage; a block of the caller stays.
     VEXOR_API ~MatDbl();
 
     /// Takes the other's shape, elements and pivots, into own storage: a view that is assigned to
@@ -201,16 +202,23 @@ private:
 
 // ---- Free operators: new objects with own storage and without pivots -------------------------------------
 
+/// Each element times the scalar.
 VEXOR_API MatDbl operator*(MatDbl const& matrix, double scalar);
+/// The same, the scalar on the left.
 VEXOR_API MatDbl operator*(double scalar, MatDbl const& matrix);
 /// One division for each element; a zero divisor is not checked.
 VEXOR_API MatDbl operator/(MatDbl const& matrix, double scalar);
+/// The negated copy: flips the sign of each element; 0 becomes −0.
 VEXOR_API MatDbl operator-(MatDbl const& matrix);
+/// The sum, element by element. Raises `VexorDimensionMismatch` for different shapes.
 VEXOR_API MatDbl operator+(MatDbl const& left, MatDbl const& right);
+/// The difference, element by element. Raises `VexorDimensionMismatch` for different shapes.
 VEXOR_API MatDbl operator-(MatDbl const& left, MatDbl const& right);
-/// Each element is the running sum, from 0.0, of its products for rising inner index.
+/// Each element is the running sum, from 0.0, of its products for rising inner index. Raises
+/// `VexorDimensionMismatch` unless the left matrix has as many columns as the right one has rows.
 VEXOR_API MatDbl operator*(MatDbl const& left, MatDbl const& right);
-/// Matrix times column vector, summed in the same way.
+/// Matrix times column vector, summed in the same way. Raises `VexorDimensionMismatch` unless the matrix
+/// has as many columns as the vector has elements.
 VEXOR_API VecDbl operator*(MatDbl const& matrix, VecDbl const& vector);
 
 // ---- Members of Mat3Dbl that name MatDbl -----------------------------------------------------------------

@@ -36,6 +36,7 @@ public:
     VEXOR_API VecDbl(Vec3Dbl const& vector);
     /// Widens each element exactly. Comes with VecFlt.h.
     VEXOR_API VecDbl(VecFlt const& other);
+    /// Frees own storage; a block of the caller stays.
     VEXOR_API ~VecDbl();
 
     /// Takes the other's size and elements into own storage: a view that is assigned to leaves the
@@ -199,12 +200,17 @@ private:
 
 // ---- Free operators: new vectors with own storage ------------------------------------------------------
 
+/// Each element times the scalar.
 VEXOR_API VecDbl operator*(VecDbl const& vector, double scalar);
+/// The same, the scalar on the left.
 VEXOR_API VecDbl operator*(double scalar, VecDbl const& vector);
 /// One division for each element; a zero divisor is not checked.
 VEXOR_API VecDbl operator/(VecDbl const& vector, double scalar);
+/// The negated copy: flips the sign of each element; 0 becomes −0.
 VEXOR_API VecDbl operator-(VecDbl const& vector);
+/// The sum, element by element. Raises `VexorDimensionMismatch` for different sizes.
 VEXOR_API VecDbl operator+(VecDbl const& left, VecDbl const& right);
+/// The difference, element by element. Raises `VexorDimensionMismatch` for different sizes.
 VEXOR_API VecDbl operator-(VecDbl const& left, VecDbl const& right);
 
 // ---- Members of Vec3Dbl that name VecDbl -----------------------------------------------------------------

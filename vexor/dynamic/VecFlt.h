@@ -22,6 +22,7 @@ public:
     VEXOR_API VecFlt(int newSize, float value, float* externalStorage = nullptr);
     /// A copy owns its elements, also the copy of a view.
     VEXOR_API VecFlt(VecFlt const& other);
+    /// Frees own storage; a block of the caller stays.
     VEXOR_API ~VecFlt();
 
     /// Takes the other's size and elements into own storage: a view that is assigned to leaves the
@@ -172,12 +173,17 @@ private:
 
 // ---- Free operators: new vectors with own storage, each element rounded once ----------------------------
 
+/// Each element times the scalar, rounded once.
 VEXOR_API VecFlt operator*(VecFlt const& vector, float scalar);
+/// The same, the scalar on the left.
 VEXOR_API VecFlt operator*(float scalar, VecFlt const& vector);
 /// One division for each element; a zero divisor is not checked.
 VEXOR_API VecFlt operator/(VecFlt const& vector, float scalar);
+/// The negated copy: flips the sign of each element; 0 becomes −0.
 VEXOR_API VecFlt operator-(VecFlt const& vector);
+/// The sum, each element rounded once. Raises `VexorDimensionMismatch` for different sizes.
 VEXOR_API VecFlt operator+(VecFlt const& left, VecFlt const& right);
+/// The difference, each element rounded once. Raises `VexorDimensionMismatch` for different sizes.
 VEXOR_API VecFlt operator-(VecFlt const& left, VecFlt const& right);
 
 /// Matrix times column vector in single precision, although the matrix is double: each product, formed

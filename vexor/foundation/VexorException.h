@@ -1,10 +1,11 @@
 #pragma once
 #include <vexor/foundation/Config.h>
 
-// Every failure of the library is one of the five derived classes below, raised by value. They are
-// told apart by type alone: there is no text and no code, and no base class in the standard library.
-
-/// The root of the family. Never raised by itself.
+/// The root of the library's failures, never raised by itself: every failure is one of the five derived
+/// classes, raised by value.
+///
+/// They are told apart by type alone: there is no text and no code, and no base class in the standard
+/// library.
 class VEXOR_API VexorException {
 public:
     VexorException();

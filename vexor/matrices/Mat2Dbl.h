@@ -218,11 +218,13 @@ private:
 
 // ---- Free operators --------------------------------------------------------------------------------
 
+/// Each element times the scalar.
 VEXOR_INLINE Mat2Dbl operator*(Mat2Dbl const& matrix, double scalar)
 {
     return Mat2Dbl(matrix.GetRow(0) * scalar, matrix.GetRow(1) * scalar);
 }
 
+/// The same, the scalar on the left.
 VEXOR_INLINE Mat2Dbl operator*(double scalar, Mat2Dbl const& matrix)
 {
     return matrix * scalar;
@@ -235,16 +237,19 @@ VEXOR_INLINE Mat2Dbl operator/(Mat2Dbl const& matrix, double scalar)
     return matrix * (1.0 / scalar);
 }
 
+/// The negated copy: flips the sign of each element; 0 becomes −0.
 VEXOR_INLINE Mat2Dbl operator-(Mat2Dbl const& matrix)
 {
     return matrix.GetNegatedCopy();
 }
 
+/// The sum, element by element.
 VEXOR_INLINE Mat2Dbl operator+(Mat2Dbl const& left, Mat2Dbl const& right)
 {
     return Mat2Dbl(left.GetRow(0) + right.GetRow(0), left.GetRow(1) + right.GetRow(1));
 }
 
+/// The difference, element by element.
 VEXOR_INLINE Mat2Dbl operator-(Mat2Dbl const& left, Mat2Dbl const& right)
 {
     return Mat2Dbl(left.GetRow(0) - right.GetRow(0), left.GetRow(1) - right.GetRow(1));

@@ -268,11 +268,13 @@ private:
 
 // ---- Free operators --------------------------------------------------------------------------------
 
+/// Each element times the scalar.
 VEXOR_INLINE Mat3Dbl operator*(Mat3Dbl const& matrix, double scalar)
 {
     return Mat3Dbl(matrix.GetRow(0) * scalar, matrix.GetRow(1) * scalar, matrix.GetRow(2) * scalar);
 }
 
+/// The same, the scalar on the left.
 VEXOR_INLINE Mat3Dbl operator*(double scalar, Mat3Dbl const& matrix)
 {
     return matrix * scalar;
@@ -285,17 +287,20 @@ VEXOR_INLINE Mat3Dbl operator/(Mat3Dbl const& matrix, double scalar)
     return matrix * (1.0 / scalar);
 }
 
+/// The negated copy: flips the sign of each element; 0 becomes −0.
 VEXOR_INLINE Mat3Dbl operator-(Mat3Dbl const& matrix)
 {
     return matrix.GetNegatedCopy();
 }
 
+/// The sum, element by element.
 VEXOR_INLINE Mat3Dbl operator+(Mat3Dbl const& left, Mat3Dbl const& right)
 {
     return Mat3Dbl(left.GetRow(0) + right.GetRow(0), left.GetRow(1) + right.GetRow(1),
                    left.GetRow(2) + right.GetRow(2));
 }
 
+/// The difference, element by element.
 VEXOR_INLINE Mat3Dbl operator-(Mat3Dbl const& left, Mat3Dbl const& right)
 {
     return Mat3Dbl(left.GetRow(0) - right.GetRow(0), left.GetRow(1) - right.GetRow(1),

@@ -161,11 +161,13 @@ public:
 
 // ---- Free operators --------------------------------------------------------------------------------
 
+/// Each coordinate times the scalar.
 VEXOR_INLINE Pnt2Dbl operator*(Pnt2Dbl const& point, double scalar)
 {
     return Pnt2Dbl(point.x * scalar, point.y * scalar);
 }
 
+/// The same, the scalar on the left.
 VEXOR_INLINE Pnt2Dbl operator*(double scalar, Pnt2Dbl const& point)
 {
     return point * scalar;

@@ -171,21 +171,25 @@ public:
 
 // ---- Free operators: a double scalar is rounded to single first, each product once -------------------
 
+/// Each coordinate times the scalar, rounded once.
 VEXOR_INLINE Pnt2Flt operator*(Pnt2Flt const& point, float scalar)
 {
     return Pnt2Flt(point.x * scalar, point.y * scalar);
 }
 
+/// The same, the scalar on the left.
 VEXOR_INLINE Pnt2Flt operator*(float scalar, Pnt2Flt const& point)
 {
     return point * scalar;
 }
 
+/// Rounds the scalar to single, then each product once.
 VEXOR_INLINE Pnt2Flt operator*(Pnt2Flt const& point, double scalar)
 {
     return point * vexor::detail::RoundToSingle(scalar);
 }
 
+/// The same, the scalar on the left: it is rounded to single first.
 VEXOR_INLINE Pnt2Flt operator*(double scalar, Pnt2Flt const& point)
 {
     return point * scalar;

@@ -193,11 +193,13 @@ public:
 
 // ---- Free operators --------------------------------------------------------------------------------
 
+/// Each coordinate times the scalar.
 VEXOR_INLINE Pnt3Dbl operator*(Pnt3Dbl const& point, double scalar)
 {
     return Pnt3Dbl(point.x * scalar, point.y * scalar, point.z * scalar);
 }
 
+/// The same, the scalar on the left.
 VEXOR_INLINE Pnt3Dbl operator*(double scalar, Pnt3Dbl const& point)
 {
     return point * scalar;

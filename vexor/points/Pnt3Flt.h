@@ -195,11 +195,13 @@ public:
 
 // ---- Free operators: each coordinate rounded once ----------------------------------------------------
 
+/// Each coordinate times the scalar, rounded once.
 VEXOR_INLINE Pnt3Flt operator*(Pnt3Flt const& point, float scalar)
 {
     return Pnt3Flt(point.x * scalar, point.y * scalar, point.z * scalar);
 }
 
+/// The same, the scalar on the left.
 VEXOR_INLINE Pnt3Flt operator*(float scalar, Pnt3Flt const& point)
 {
     return point * scalar;

@@ -279,11 +279,13 @@ public:
 
 // ---- Free operators --------------------------------------------------------------------------------
 
+/// Each component times the scalar.
 VEXOR_INLINE Vec2Dbl operator*(Vec2Dbl const& vector, double scalar)
 {
     return Vec2Dbl(vector.x * scalar, vector.y * scalar);
 }
 
+/// The same, the scalar on the left.
 VEXOR_INLINE Vec2Dbl operator*(double scalar, Vec2Dbl const& vector)
 {
     return vector * scalar;
@@ -296,16 +298,19 @@ VEXOR_INLINE Vec2Dbl operator/(Vec2Dbl const& vector, double scalar)
     return vector * (1.0 / scalar);
 }
 
+/// The sum, component by component.
 VEXOR_INLINE Vec2Dbl operator+(Vec2Dbl const& left, Vec2Dbl const& right)
 {
     return Vec2Dbl(left.x + right.x, left.y + right.y);
 }
 
+/// The difference, component by component.
 VEXOR_INLINE Vec2Dbl operator-(Vec2Dbl const& left, Vec2Dbl const& right)
 {
     return Vec2Dbl(left.x - right.x, left.y - right.y);
 }
 
+/// The negated copy: flips the sign of each component; 0 becomes −0.
 VEXOR_INLINE Vec2Dbl operator-(Vec2Dbl const& vector)
 {
     return vector.GetNegatedCopy();

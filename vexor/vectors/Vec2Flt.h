@@ -267,11 +267,13 @@ public:
 
 // ---- Free operators: each component rounded once -----------------------------------------------------
 
+/// Each component times the scalar, rounded once.
 VEXOR_INLINE Vec2Flt operator*(Vec2Flt const& vector, float scalar)
 {
     return Vec2Flt(vector.x * scalar, vector.y * scalar);
 }
 
+/// The same, the scalar on the left.
 VEXOR_INLINE Vec2Flt operator*(float scalar, Vec2Flt const& vector)
 {
     return vector * scalar;
@@ -283,16 +285,19 @@ VEXOR_INLINE Vec2Flt operator/(Vec2Flt const& vector, float scalar)
     return vector * (1.0f / scalar);
 }
 
+/// The sum, each component rounded once.
 VEXOR_INLINE Vec2Flt operator+(Vec2Flt const& left, Vec2Flt const& right)
 {
     return Vec2Flt(left.x + right.x, left.y + right.y);
 }
 
+/// The difference, each component rounded once.
 VEXOR_INLINE Vec2Flt operator-(Vec2Flt const& left, Vec2Flt const& right)
 {
     return Vec2Flt(left.x - right.x, left.y - right.y);
 }
 
+/// The negated copy: flips the sign of each component; 0 becomes −0.
 VEXOR_INLINE Vec2Flt operator-(Vec2Flt const& vector)
 {
     return vector.GetNegatedCopy();

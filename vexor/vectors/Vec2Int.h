@@ -184,26 +184,31 @@ public:
 
 // ---- Free operators, all of them wrapping ------------------------------------------------------------
 
+/// Each component times the scalar, wrapping.
 VEXOR_INLINE Vec2Int operator*(Vec2Int const& vector, int scalar)
 {
     return Vec2Int(vector) *= scalar;
 }
 
+/// The same, the scalar on the left.
 VEXOR_INLINE Vec2Int operator*(int scalar, Vec2Int const& vector)
 {
     return vector * scalar;
 }
 
+/// The sum, component by component, wrapping.
 VEXOR_INLINE Vec2Int operator+(Vec2Int const& left, Vec2Int const& right)
 {
     return Vec2Int(left) += right;
 }
 
+/// The difference, component by component, wrapping.
 VEXOR_INLINE Vec2Int operator-(Vec2Int const& left, Vec2Int const& right)
 {
     return Vec2Int(left) -= right;
 }
 
+/// The negated copy, wrapping: the most negative int stays as it is.
 VEXOR_INLINE Vec2Int operator-(Vec2Int const& vector)
 {
     return vector.GetNegatedCopy();

@@ -339,11 +339,13 @@ public:
 
 // ---- Free operators --------------------------------------------------------------------------------
 
+/// Each component times the scalar.
 VEXOR_INLINE Vec3Dbl operator*(Vec3Dbl const& vector, double scalar)
 {
     return Vec3Dbl(vector.x * scalar, vector.y * scalar, vector.z * scalar);
 }
 
+/// The same, the scalar on the left.
 VEXOR_INLINE Vec3Dbl operator*(double scalar, Vec3Dbl const& vector)
 {
     return vector * scalar;
@@ -356,16 +358,19 @@ VEXOR_INLINE Vec3Dbl operator/(Vec3Dbl const& vector, double scalar)
     return vector * (1.0 / scalar);
 }
 
+/// The sum, component by component.
 VEXOR_INLINE Vec3Dbl operator+(Vec3Dbl const& left, Vec3Dbl const& right)
 {
     return Vec3Dbl(left.x + right.x, left.y + right.y, left.z + right.z);
 }
 
+/// The difference, component by component.
 VEXOR_INLINE Vec3Dbl operator-(Vec3Dbl const& left, Vec3Dbl const& right)
 {
     return Vec3Dbl(left.x - right.x, left.y - right.y, left.z - right.z);
 }
 
+/// The negated copy: flips the sign of each component; 0 becomes −0.
 VEXOR_INLINE Vec3Dbl operator-(Vec3Dbl const& vector)
 {
     return vector.GetNegatedCopy();

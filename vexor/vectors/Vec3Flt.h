@@ -296,11 +296,13 @@ public:
 
 // ---- Free operators: each component rounded once -----------------------------------------------------
 
+/// Each component times the scalar, rounded once.
 VEXOR_INLINE Vec3Flt operator*(Vec3Flt const& vector, float scalar)
 {
     return Vec3Flt(vector.x * scalar, vector.y * scalar, vector.z * scalar);
 }
 
+/// The same, the scalar on the left.
 VEXOR_INLINE Vec3Flt operator*(float scalar, Vec3Flt const& vector)
 {
     return vector * scalar;
@@ -312,16 +314,19 @@ VEXOR_INLINE Vec3Flt operator/(Vec3Flt const& vector, float scalar)
     return vector * (1.0f / scalar);
 }
 
+/// The sum, each component rounded once.
 VEXOR_INLINE Vec3Flt operator+(Vec3Flt const& left, Vec3Flt const& right)
 {
     return Vec3Flt(left.x + right.x, left.y + right.y, left.z + right.z);
 }
 
+/// The difference, each component rounded once.
 VEXOR_INLINE Vec3Flt operator-(Vec3Flt const& left, Vec3Flt const& right)
 {
     return Vec3Flt(left.x - right.x, left.y - right.y, left.z - right.z);
 }
 
+/// The negated copy: flips the sign of each component; 0 becomes −0.
 VEXOR_INLINE Vec3Flt operator-(Vec3Flt const& vector)
 {
     return vector.GetNegatedCopy();
