@@ -1,6 +1,7 @@
 #pragma once
 // Bits that follow from exact rational arithmetic with one rounding after each operation.
-// Written by exact_figures.py, which says what they tell apart; do not edit.
+// Written by exact_figures.py, which says what they tell apart; do not edit, but make it anew beside it:
+//     python3 exact_figures.py > exact_figures.h
 
 // clang-format off
 namespace exact_figures {

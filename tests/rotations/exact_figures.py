@@ -305,7 +305,8 @@ def flat(operands):
 def main():
     print("#pragma once")
     print("// Bits that follow from exact rational arithmetic with one rounding after each operation.")
-    print("// Written by exact_figures.py, which says what they tell apart; do not edit.")
+    print("// Written by exact_figures.py, which says what they tell apart; do not edit, but make it anew beside it:")
+    print("//     python3 exact_figures.py > exact_figures.h")
     print()
     print("// clang-format off")
     print("namespace exact_figures {")
