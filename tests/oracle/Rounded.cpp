@@ -133,7 +133,8 @@ double Hidden(double value)
 Dbl::Dbl(double value)
 {
     mpfr_custom_init_set(number, MPFR_ZERO_KIND, 0, bits, limbs);
-    mpfr_set_d(number, value, MPFR_RNDN);
+    if (value != 0.0 || std::signbit(value))
+        mpfr_set_d(number, value, MPFR_RNDN);
 }
 
 Dbl operator+(Dbl const& left, Dbl const& right)

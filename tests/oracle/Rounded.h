@@ -14,7 +14,7 @@ class Flt;
 /// A number with 53 bits in the range of a double.
 class Dbl {
 public:
-    Dbl() : Dbl(0.0) {}
+    Dbl() { mpfr_custom_init_set(number, MPFR_ZERO_KIND, 0, bits, limbs); }
     Dbl(double value);
     Dbl(int value) : Dbl(static_cast<double>(value)) {}
     /// NaN with this many bits: a place for a result.
