@@ -16,6 +16,12 @@ function(vexor_exact_floating_point target)
     endif()
 endfunction()
 
+# Comments in the headers hold letters beyond ASCII. Microsoft's compiler takes a source for one in the
+# machine's code page, in some of which such a comment swallows the next line.
+function(vexor_source_encoding target)
+    target_compile_options(${target} PUBLIC "$<$<CXX_COMPILER_ID:MSVC>:/utf-8>")
+endfunction()
+
 function(vexor_warnings target)
     if(CMAKE_CXX_COMPILER_ID MATCHES "GNU|Clang")
         target_compile_options(${target} PRIVATE -Wall -Wextra -Wpedantic -Wconversion -Wshadow)

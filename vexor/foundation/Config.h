@@ -66,6 +66,7 @@
 #    define VEXOR_EXACT_BEGIN _Pragma("STDC FP_CONTRACT OFF")
 #    define VEXOR_EXACT_END
 #elif defined(_MSC_VER)
+// Nothing restores this compiler's setting of fp_contract: it stays off to the end of the client's source.
 #    define VEXOR_EXACT_BEGIN __pragma(float_control(push)) __pragma(fp_contract(off))
 #    define VEXOR_EXACT_END __pragma(float_control(pop))
 #else
@@ -86,7 +87,12 @@ namespace vexor::detail {
 }
 #    define VEXOR_CHECK(condition, what)                                                                     \
         ((condition) ? static_cast<void>(0) : ::vexor::detail::StopOnMisuse(__FILE__, __LINE__, what))
-#    define VEXOR_CHECK_PLACE , char const *file = __builtin_FILE(), int line = __builtin_LINE()
+#    if defined(_MSC_VER) && _MSC_VER < 1926 && !defined(__clang__)
+// No way to learn where the call stands: the helper names itself.
+#        define VEXOR_CHECK_PLACE , char const *file = __FILE__, int line = __LINE__
+#    else
+#        define VEXOR_CHECK_PLACE , char const *file = __builtin_FILE(), int line = __builtin_LINE()
+#    endif
 #    define VEXOR_CHECK_AT_PLACE(condition, what)                                                            \
         ((condition) ? static_cast<void>(0) : ::vexor::detail::StopOnMisuse(file, line, what))
 #else

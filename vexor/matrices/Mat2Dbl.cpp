@@ -14,8 +14,10 @@
 #elif defined(__GNUC__)
 #    define VEXOR_READS_BEHIND                                                                               \
         __attribute__((noipa, no_sanitize_address, no_sanitize_undefined, no_sanitize_thread))
-#elif defined(_MSC_VER)
+#elif defined(_MSC_VER) && _MSC_VER >= 1928 // the first that has this sanitizer
 #    define VEXOR_READS_BEHIND __declspec(noinline) __declspec(no_sanitize_address)
+#elif defined(_MSC_VER)
+#    define VEXOR_READS_BEHIND __declspec(noinline)
 #else
 #    define VEXOR_READS_BEHIND
 #endif

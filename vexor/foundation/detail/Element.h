@@ -31,7 +31,7 @@ template <class Element>
 constexpr Element UnsetValue()
 {
     return std::numeric_limits<Element>::has_signaling_NaN ? std::numeric_limits<Element>::signaling_NaN()
-                                                           : std::numeric_limits<Element>::min();
+                                                           : (std::numeric_limits<Element>::min)();
 }
 
 /// Leaves the elements as the memory held them; in checked builds marks them as unset.

@@ -14,7 +14,7 @@ namespace vexor::detail {
 /// to about 2^-968, that sum of the next up to about 2^-914, and that one of a last up to about 2^-860.
 inline bool IsPlainSum(double sumOfSquares)
 {
-    return sumOfSquares >= 0x1p-850 && sumOfSquares <= std::numeric_limits<double>::max();
+    return sumOfSquares >= 0x1p-850 && sumOfSquares <= (std::numeric_limits<double>::max)();
 }
 
 /// √((x² + y²) + z²) where the sum is no plain one.
