@@ -83,9 +83,15 @@ def contents(text):
     return '<aside id="contents"><h2>On this page</h2><ul>%s</ul></aside>' % items
 
 
+# The navigation and the search replace Doxygen's indices.
+for pattern in ("*-members.html", "functions*.html", "globals*.html", "dir_*.html", "annotated.html", "classes.html",
+                "files.html", "hierarchy.html", "inherits.html", "pages.html"):
+    for page in site.glob(pattern):
+        page.unlink()
+
 listed = {page for _, group in NAVIGATION for page, _ in entries(group)}
 written = {page.name for pattern in ("index.html", "md_*.html", "class*.html", "SmallSolver_8h.html")
-           for page in site.glob(pattern) if not page.stem.endswith("-members") and page.stem != "classes"}
+           for page in site.glob(pattern)}
 if listed != written:
     raise SystemExit("the navigation and the pages differ in: %s" % " ".join(sorted(listed ^ written)))
 
@@ -98,6 +104,7 @@ for page in site.glob("*.html"):
     text = page.read_text()
     text = text.replace("<!-- navigation -->", navigation(page.name), 1)
     text = text.replace("</div><!-- top -->", "</div><!-- top -->\n<main>", 1)
+    text = re.sub(r'<div id="nav-path".*?</div>', "", text, count=1, flags=re.S)
     text = re.sub(r'<div class="summary">.*?</div>', "", text, count=1, flags=re.S)
     text = with_places(text)
     text = text.replace("</div><!--header-->", "</div><!--header-->\n" + contents(text), 1)
