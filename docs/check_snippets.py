@@ -4,7 +4,8 @@
 Every block of C++ in a Markdown file stands below a comment that names its source:
     <!-- snippet: docs/snippets/file.cpp -->           the whole file
     <!-- snippet: docs/snippets/file.cpp region -->    from '// [region]' to the next '// [region]'
-and a block of printed output below <!-- output: docs/snippets/file.out -->.
+and a block of printed output below <!-- output: docs/snippets/file.out -->, or below
+<!-- output: docs/snippets/file.out 3-5 --> for its lines 3 to 5.
 With --write the blocks are filled in from their sources.
 """
 
@@ -21,6 +22,12 @@ def source(path, region):
     text = (root / path).read_text()
     if region is None:
         return text
+    lines = re.fullmatch(r"(\d+)-(\d+)", region)
+    if lines:
+        first, last = int(lines.group(1)), int(lines.group(2))
+        if not 0 < first <= last <= len(text.splitlines()):
+            raise SystemExit("%s has no lines %s" % (path, region))
+        return "".join(line + "\n" for line in text.splitlines()[first - 1:last])
     pieces = re.split(r"^ *// \[%s\]\n" % re.escape(region), text, flags=re.M)
     if len(pieces) != 3:
         raise SystemExit("%s: region %s does not stand between two marks" % (path, region))

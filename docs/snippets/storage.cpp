@@ -8,18 +8,18 @@ int main()
     double block[6] = {1, 2, 3, 4, 5, 6};
     MatDbl view(2, 3, block); // columns (1, 2), (3, 4), (5, 6); nothing is copied
     view(0, 2) = 50;          // writes the caller's block
-    std::printf("%g\n", block[4]);
+    std::printf("written through:   %g\n", block[4]);
     // [view]
 
     // [copy]
     MatDbl copy = view; // a copy of a view owns its storage
     copy(0, 0) = -1;
-    std::printf("%g\n", block[0]);
+    std::printf("a copy written:    %g\n", block[0]);
     // [copy]
 
     // [detach]
     view = MatDbl(2, 3, 0.0); // assigning to a view takes it off the caller's block
-    std::printf("%g\n", block[0]);
+    std::printf("the view assigned: %g\n", block[0]);
     // [detach]
 
     // [resize]
