@@ -59,7 +59,7 @@ public:
     // ---- Elements, rows and columns --------------------------------------------------------------
     // Reading trusts its indices, `SetRow` and `SetCol` check theirs.
 
-    /// Row first, column second.
+    /// The element of that row and column, from 0, which are not checked.
     VEXOR_INLINE double& operator()(int row, int column)
     {
         VEXOR_CHECK(row >= 0 && row < rowCount && column >= 0 && column < columnCount, "index out of range");
@@ -71,19 +71,23 @@ public:
         VEXOR_CHECK(row >= 0 && row < rowCount && column >= 0 && column < columnCount, "index out of range");
         return columns[column][row];
     }
-    /// The row; nothing checks its index.
+    /// A copy of the row; nothing checks its index.
     VEXOR_API VecDbl GetRow(int row) const;
     /// A copy of the column; nothing checks its index.
     VEXOR_API VecDbl GetCol(int column) const;
-    /// Raises `VexorDimensionMismatch` also for an index out of range.
+    /// Writes the row. Raises `VexorDimensionMismatch` unless the vector has as many elements as the
+    /// matrix has columns, and for an index out of range.
     VEXOR_API MatDbl& SetRow(int row, VecDbl const& rowValues);
-    /// Raises `VexorDimensionMismatch` also for an index out of range.
+    /// Writes the column. Raises `VexorDimensionMismatch` unless the vector has as many elements as the
+    /// matrix has rows, and for an index out of range.
     VEXOR_API MatDbl& SetCol(int column, VecDbl const& columnValues);
-    /// Of a square matrix; raises `VexorDimensionMismatch` for any other, as the setters do.
+    /// A copy of the main diagonal. Raises `VexorDimensionMismatch` unless the matrix is square.
     VEXOR_API VecDbl GetDiagonal() const;
-    /// The other elements stay.
+    /// Writes the main diagonal; the other elements stay. Raises `VexorDimensionMismatch` unless the matrix
+    /// is square and the vector as long as its diagonal.
     VEXOR_API MatDbl& SetDiagonal(VecDbl const& diagonal);
-    /// Writes the value on the main diagonal; the other elements keep theirs.
+    /// Every element of the main diagonal takes the value; the other elements stay. Raises
+    /// `VexorDimensionMismatch` unless the matrix is square.
     VEXOR_API MatDbl& SetDiagonal(double value);
     /// Every element takes the value.
     VEXOR_API MatDbl& SetValue(double value);
