@@ -12,10 +12,21 @@
 // exchange of rows takes no branch. The operations on the elements and their order are the same for
 // both, and so is every bit of the result.
 
-#if defined(__GNUC__)
+#if defined(__clang__)
+#    define VEXOR_UNROLL_THREE _Pragma("clang loop unroll_count(3)")
+#    define VEXOR_CROUT_INLINE inline __attribute__((always_inline))
+#elif defined(__GNUC__)
 #    define VEXOR_UNROLL_THREE _Pragma("GCC unroll 3")
+#    define VEXOR_CROUT_INLINE inline
 #else
 #    define VEXOR_UNROLL_THREE
+#    define VEXOR_CROUT_INLINE inline
+#endif
+
+#if defined(__GNUC__) && !defined(__clang__)
+#    pragma GCC diagnostic push
+// GCC 12 at -O2 warns of copies of the unrolled loops that lie beyond their ends and never run.
+#    pragma GCC diagnostic ignored "-Warray-bounds"
 #endif
 
 VEXOR_EXACT_BEGIN
@@ -159,7 +170,7 @@ inline double SumOfTerms(int begin, int end, Term term)
 /// Returns 0; −2 if a row is all zeros, with no element changed; −3 if a column has no pivot, with the
 /// elements partly transformed.
 template <class Rows>
-inline int Decompose(Rows& rows)
+VEXOR_CROUT_INLINE int Decompose(Rows& rows)
 {
     int const size = rows.Size();
     VEXOR_UNROLL_THREE
@@ -193,7 +204,7 @@ inline int Decompose(Rows& rows)
             index = Select(candidate > best, i, index); // the first of equals stays, a NaN never wins
             best = candidate > best ? candidate : best;
         }
-        if (index < 0)
+        if (!(best > 0.0)) // asked of the index, this would become a branch on the choice
             return -3;
         rows.Exchange(j, index);
 
@@ -208,7 +219,7 @@ inline int Decompose(Rows& rows)
 
 /// Overwrites a right-hand side by the solution. `value(i)` is its element at the row that acts as row i.
 template <class Rows, class Values>
-inline void Substitute(Rows& rows, Values value)
+VEXOR_CROUT_INLINE void Substitute(Rows& rows, Values value)
 {
     int const size = rows.Size();
     VEXOR_UNROLL_THREE
@@ -232,4 +243,9 @@ inline void Substitute(Rows& rows, Values value)
 
 VEXOR_EXACT_END
 
+#if defined(__GNUC__) && !defined(__clang__)
+#    pragma GCC diagnostic pop
+#endif
+
+#undef VEXOR_CROUT_INLINE
 #undef VEXOR_UNROLL_THREE
