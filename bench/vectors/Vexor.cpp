@@ -14,6 +14,15 @@ std::vector<double> Read(Vec3Dbl const& vector)
     return {vector.x, vector.y, vector.z};
 }
 
+// As GetNormalizedCopy, but asking only what any normalisation must: whether the vector is null.
+Vec3Dbl NormalizedOverPlainRange(Vec3Dbl const& vector)
+{
+    double const length = std::sqrt(vector.LengthSquared());
+    if (length == 0.0)
+        vexor::detail::RaiseNullVector();
+    return Vec3Dbl(vector.x / length, vector.y / length, vector.z / length);
+}
+
 using bench::Elementwise;
 using bench::Must;
 
@@ -28,6 +37,10 @@ using bench::Must;
         "GetNormalizedCopy", "vexor", Make, bench::MakeNothing,
         [](Vec3Dbl const& a, bench::Nothing) { return a.GetNormalizedCopy(); }, Read, bench::normalizeRule,
         Must::GiveTheBits);
+    Elementwise(
+        "GetNormalizedCopy", "null check alone", Make, bench::MakeNothing,
+        [](Vec3Dbl const& a, bench::Nothing) { return NormalizedOverPlainRange(a); }, Read,
+        bench::normalizeRule, Must::GiveTheBits);
     Elementwise(
         "IsParallelTo", "vexor", Make, Make,
         [](Vec3Dbl const& a, Vec3Dbl const& b) {
