@@ -110,6 +110,8 @@ for page in site.glob("*.html"):
     text = text.replace("</div><!--header-->", "</div><!--header-->\n" + contents(text), 1)
     text = text.replace("<!-- start footer part -->", "</main>", 1)
     text = text.replace(" Class Reference</div>", "</div>").replace(" File Reference</div>", "</div>")
+    # A constructor has no type before its name.
+    text = re.sub(r'(<td class="memItemLeft"[^>]*>(?:<a [^>]*></a>)?\s*)&#160;</td>', r"\1</td>", text)
     # A table that is wider than the page scrolls by itself.
     text = re.sub(r'<table class="(markdownTable|doxtable)">(.*?)</table>',
                   r'<div class="scroll"><table class="\1">\2</table></div>', text, flags=re.S)
