@@ -706,8 +706,8 @@ void RunAffMat2Dbl(Transcript& out, Source& source)
 Quaternion TrustedAxisCosAngle(Vec3Dbl const& axis, double cosine)
 {
 #if defined(VEXOR_CHECKED)
-    Vec3Dbl const part = axis * std::sqrt((1.0 - cosine) * 0.5);
-    return Quaternion().SetValue(part.x, part.y, part.z, std::sqrt((cosine + 1.0) * 0.5), 0);
+    Vec3Dbl const part = axis * vexor::detail::SquareRoot((1.0 - cosine) * 0.5);
+    return Quaternion().SetValue(part.x, part.y, part.z, vexor::detail::SquareRoot((cosine + 1.0) * 0.5), 0);
 #else
     return Quaternion().SetAxisCosAngle(axis, cosine, 0);
 #endif

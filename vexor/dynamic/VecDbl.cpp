@@ -153,7 +153,7 @@ double VecDbl::LengthSquared() const
 
 double VecDbl::Length() const
 {
-    return std::sqrt(LengthSquared());
+    return SquareRoot(LengthSquared());
 }
 
 double VecDbl::Dot(VecDbl const& other) const

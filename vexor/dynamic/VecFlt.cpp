@@ -139,7 +139,7 @@ float VecFlt::LengthSquared() const
 
 float VecFlt::Length() const
 {
-    return RoundToSingle(std::sqrt(double(LengthSquared())));
+    return RoundToSingle(SquareRoot(double(LengthSquared())));
 }
 
 float VecFlt::Dot(VecFlt const& other) const

@@ -1,6 +1,7 @@
 #include <vexor/foundation/VexorTolerance.h>
 
 #include <vexor/foundation/detail/Rounding.h>
+#include <vexor/foundation/detail/Scalar.h>
 #include <vexor/foundation/detail/StartUp.h>
 
 #include <cmath>
@@ -27,4 +28,4 @@ void VexorTolerance::SetLength(double newLength)
 
 // The two objects that the library sets at load stand in one source, which fixes their order.
 VexorTolerance gVexorTolerance;
-double const vexor::detail::squareRootOfThree = std::sqrt(3.0);
+double const vexor::detail::squareRootOfThree = vexor::detail::SquareRoot(3.0);

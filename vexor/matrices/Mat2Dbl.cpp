@@ -1,9 +1,12 @@
 #include <vexor/matrices/Mat2Dbl.h>
 
 #include <vexor/foundation/detail/Raise.h>
+#include <vexor/foundation/detail/Scalar.h>
 
 #include <cmath>
 #include <cstdint>
+
+using vexor::detail::SquareRoot;
 
 // RowSum reads past its object on purpose. Nothing that inspects or moves memory accesses may look at
 // that read: neither the sanitizers, nor an optimiser that sees the caller's object and this function
@@ -52,12 +55,12 @@ SymmetricEigen SolveSymmetric(double a, double b, double c, bool withVectors)
     double root = 0.0;
     if (absDifference > absTwiceB) {
         double const ratio = absTwiceB / absDifference;
-        root = absDifference * std::sqrt(1.0 + ratio * ratio);
+        root = absDifference * SquareRoot(1.0 + ratio * ratio);
     } else if (absDifference < absTwiceB) {
         double const ratio = absDifference / absTwiceB;
-        root = absTwiceB * std::sqrt(1.0 + ratio * ratio);
+        root = absTwiceB * SquareRoot(1.0 + ratio * ratio);
     } else {
-        root = absTwiceB * std::sqrt(2.0);
+        root = absTwiceB * SquareRoot(2.0);
     }
 
     SymmetricEigen result{};
@@ -82,14 +85,14 @@ SymmetricEigen SolveSymmetric(double a, double b, double c, bool withVectors)
     double const cs = difference >= 0.0 ? difference + root : difference - root;
     if (std::fabs(cs) > absTwiceB) {
         double const ct = -(b + b) / cs;
-        result.sn = 1.0 / std::sqrt(1.0 + ct * ct);
+        result.sn = 1.0 / SquareRoot(1.0 + ct * ct);
         result.co = ct * result.sn;
     } else if (b == 0.0) {
         result.co = 1.0;
         result.sn = 0.0;
     } else {
         double const tn = -cs / (b + b);
-        result.co = 1.0 / std::sqrt(1.0 + tn * tn);
+        result.co = 1.0 / SquareRoot(1.0 + tn * tn);
         result.sn = tn * result.co;
     }
     if (sumSign == differenceSign) {

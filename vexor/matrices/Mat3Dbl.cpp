@@ -1,5 +1,6 @@
 #include <vexor/dynamic/MatDbl.h>
 #include <vexor/dynamic/VecDbl.h>
+#include <vexor/foundation/detail/Scalar.h>
 #include <vexor/foundation/detail/StartUp.h>
 #include <vexor/matrices/detail/Crout.h>
 #include <vexor/matrices/detail/FactorMark.h>
@@ -13,6 +14,7 @@
 
 using vexor::detail::LocalRowsOfThree;
 using vexor::detail::Select;
+using vexor::detail::SquareRoot;
 
 #if defined(__GNUC__)
 #    define VEXOR_FORCE_INLINE __attribute__((always_inline)) inline
@@ -164,7 +166,7 @@ Vec3Dbl UpperTriangle::EigenValues() const
     double const P = T - S * S * third;
     if (P >= 0.0)
         vexor::detail::RaiseComputationFailed();
-    double const R = 2.0 * std::sqrt(P * -third);
+    double const R = 2.0 * SquareRoot(P * -third);
     double const Q = D + (2.0 * (S * S * S) / 27.0 - T * S * third);
 
     double const h = vexor::detail::ClampedArcCosine(((Q * 3.0) / P) / R) * third;

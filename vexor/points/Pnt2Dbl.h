@@ -128,7 +128,10 @@ public:
         return AddSquare(AddSquare(0.0, x - other.x), y - other.y);
     }
     /// The square root of `DistanceSqTo`; where that overflows, so does this.
-    VEXOR_INLINE double DistanceTo(Pnt2Dbl const& other) const { return std::sqrt(DistanceSqTo(other)); }
+    VEXOR_INLINE double DistanceTo(Pnt2Dbl const& other) const
+    {
+        return vexor::detail::SquareRoot(DistanceSqTo(other));
+    }
 
     // ---- Comparison --------------------------------------------------------------------------
 

@@ -152,7 +152,10 @@ public:
         return AddSquare(AddSquare(AddSquare(0.0, x - other.x), y - other.y), z - other.z);
     }
     /// The square root of `DistanceSqTo`; where that overflows, so does this.
-    VEXOR_INLINE double DistanceTo(Pnt3Dbl const& other) const { return std::sqrt(DistanceSqTo(other)); }
+    VEXOR_INLINE double DistanceTo(Pnt3Dbl const& other) const
+    {
+        return vexor::detail::SquareRoot(DistanceSqTo(other));
+    }
 
     // ---- Comparison --------------------------------------------------------------------------
 

@@ -153,7 +153,7 @@ public:
     /// The root of the rounded `DistanceSqTo`, rounded. Infinite where the square overflows a float.
     VEXOR_INLINE float DistanceTo(Pnt3Flt const& other) const
     {
-        return vexor::detail::RoundToSingle(std::sqrt(double(DistanceSqTo(other))));
+        return vexor::detail::RoundToSingle(vexor::detail::SquareRoot(double(DistanceSqTo(other))));
     }
 
     // ---- Comparison --------------------------------------------------------------------------

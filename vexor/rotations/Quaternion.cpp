@@ -5,6 +5,8 @@
 #include <cstddef>
 #include <type_traits>
 
+using vexor::detail::SquareRoot;
+
 static_assert(
     std::is_standard_layout_v<
         Quaternion> && std::is_trivially_copyable_v<Quaternion> && sizeof(Quaternion) == 4 * sizeof(double)
@@ -52,8 +54,8 @@ Quaternion& Quaternion::SetAxisCosAngle(Vec3Dbl const& axis, double cosine, int 
 {
     VEXOR_CHECK(normalize != 0 || vexor::detail::IsUnitAxis(axis),
                 "SetAxisCosAngle with the flag 0 and an axis that is not a unit vector");
-    double const sineOfHalf = std::sqrt((1.0 - cosine) * 0.5);
-    double const cosineOfHalf = std::sqrt((cosine + 1.0) * 0.5);
+    double const sineOfHalf = SquareRoot((1.0 - cosine) * 0.5);
+    double const cosineOfHalf = SquareRoot((cosine + 1.0) * 0.5);
     StoreAxis(*this, axis, normalize, sineOfHalf);
     s = cosineOfHalf;
     return *this;
@@ -74,7 +76,7 @@ Quaternion& Quaternion::SetFromMatrix(Mat3Dbl const& matrix)
     }
 
     if (candidate == 3) {
-        double const root = 2.0 * std::sqrt(trace + 1.0);
+        double const root = 2.0 * SquareRoot(trace + 1.0);
         u = (matrix(2, 1) - matrix(1, 2)) / root;
         v = (matrix(0, 2) - matrix(2, 0)) / root;
         w = (matrix(1, 0) - matrix(0, 1)) / root;
@@ -83,7 +85,7 @@ Quaternion& Quaternion::SetFromMatrix(Mat3Dbl const& matrix)
         int const i = candidate;
         int const j = (i + 1) % 3;
         int const k = (i + 2) % 3;
-        double const root = 2.0 * std::sqrt(matrix(i, i) - matrix(j, j) - matrix(k, k) + 1.0);
+        double const root = 2.0 * SquareRoot(matrix(i, i) - matrix(j, j) - matrix(k, k) + 1.0);
         (*this)[i] = root * 0.25;
         (*this)[j] = (matrix(i, j) + matrix(j, i)) / root;
         (*this)[k] = (matrix(i, k) + matrix(k, i)) / root;
@@ -98,7 +100,7 @@ Vec3Dbl Quaternion::GetEulerAngles() const
 {
     Mat3Dbl m;
     GetRotationMatrix(m);
-    double const cosineOfY = std::sqrt(m(0, 0) * m(0, 0) + m(1, 0) * m(1, 0));
+    double const cosineOfY = SquareRoot(m(0, 0) * m(0, 0) + m(1, 0) * m(1, 0));
     double const y = std::atan2(-m(2, 0), cosineOfY);
     if (cosineOfY > 1e-10)
         return Vec3Dbl(std::atan2(m(2, 1), m(2, 2)), y, std::atan2(m(1, 0), m(0, 0)));

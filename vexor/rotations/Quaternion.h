@@ -7,8 +7,6 @@
 #include <vexor/points/Pnt3Dbl.h>
 #include <vexor/vectors/Vec3Dbl.h>
 
-#include <cmath>
-
 VEXOR_EXACT_BEGIN
 
 /// A rotation in space as four doubles and nothing else: the vector part (u, v, w), which lies as a
@@ -113,7 +111,7 @@ public:
             s = 1.0;
             return *this;
         }
-        double const reciprocal = 1.0 / std::sqrt(((u * u + v * v) + w * w) + s * s);
+        double const reciprocal = 1.0 / vexor::detail::SquareRoot(((u * u + v * v) + w * w) + s * s);
         SetValue(u * reciprocal, v * reciprocal, w * reciprocal, s * reciprocal, 0);
         if (s > 1.0)
             s = 1.0;

@@ -118,7 +118,8 @@ public:
     VEXOR_INLINE double Length() const
     {
         double const sum = LengthSquared();
-        return vexor::detail::IsPlainSum(sum) ? std::sqrt(sum) : vexor::detail::FullRangeLength(x, y, 0.0);
+        return vexor::detail::IsPlainSum(sum) ? vexor::detail::SquareRoot(sum)
+                                              : vexor::detail::FullRangeLength(x, y, 0.0);
     }
     /// Divides each component by `Length()`: two divisions. Raises `VexorNullVector`, the vector
     /// unchanged, if both components are exactly 0; however short, any other vector is normalised.
@@ -126,7 +127,7 @@ public:
     {
         double const sum = LengthSquared();
         if (vexor::detail::IsPlainSum(sum))
-            return *this /= std::sqrt(sum);
+            return *this /= vexor::detail::SquareRoot(sum);
         // Of a copy, so that nothing takes the address of a vector that may live in registers.
         double components[3] = {x, y, 0.0};
         vexor::detail::FullRangeNormalize(components[0], components[1], components[2]);

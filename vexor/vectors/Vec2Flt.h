@@ -119,7 +119,7 @@ public:
     /// The root of the rounded `LengthSquared()`, rounded.
     VEXOR_INLINE float Length() const
     {
-        return vexor::detail::RoundToSingle(std::sqrt(double(LengthSquared())));
+        return vexor::detail::RoundToSingle(vexor::detail::SquareRoot(double(LengthSquared())));
     }
     /// Divides each component by the rounded `Length()`. Raises `VexorNullVector`, the vector
     /// unchanged, if both components are exactly 0.

@@ -9,8 +9,6 @@
 #include <vexor/vectors/detail/Extremes.h>
 #include <vexor/vectors/detail/FullRange.h>
 
-#include <cmath>
-
 class Vec3Flt;
 class Pnt3Dbl;
 class Pnt3Flt;
@@ -154,7 +152,8 @@ public:
     VEXOR_INLINE double Length() const
     {
         double const sum = LengthSquared();
-        return vexor::detail::IsPlainSum(sum) ? std::sqrt(sum) : vexor::detail::FullRangeLength(x, y, z);
+        return vexor::detail::IsPlainSum(sum) ? vexor::detail::SquareRoot(sum)
+                                              : vexor::detail::FullRangeLength(x, y, z);
     }
     /// Divides each component by `Length()`: three divisions. Raises `VexorNullVector`, the vector
     /// unchanged, if all components are exactly 0; however short, any other vector is normalised.
@@ -162,7 +161,7 @@ public:
     {
         double const sum = LengthSquared();
         if (vexor::detail::IsPlainSum(sum))
-            return *this /= std::sqrt(sum);
+            return *this /= vexor::detail::SquareRoot(sum);
         // Of a copy, so that nothing takes the address of a vector that may live in registers.
         double components[3] = {x, y, z};
         vexor::detail::FullRangeNormalize(components[0], components[1], components[2]);

@@ -2,6 +2,9 @@
 #include <vexor/foundation/Config.h>
 
 #include <cmath>
+#if defined(__i386__) || defined(_M_IX86)
+#    include <emmintrin.h>
+#endif
 
 VEXOR_EXACT_BEGIN
 
@@ -16,6 +19,20 @@ template <class Number>
 inline Number Magnitude(Number value)
 {
     return value > Number(0) ? value : -value;
+}
+
+/// The double nearest the square root; NaN for a negative number.
+///
+/// On 32-bit x86 the C library may leave it to the x87 unit, as MinGW's does, which rounds twice: an
+/// optimised build does without that function, an unoptimised one had other bits.
+inline double SquareRoot(double value)
+{
+#if defined(__i386__) || defined(_M_IX86)
+    __m128d const number = _mm_set_sd(value);
+    return _mm_cvtsd_f64(_mm_sqrt_sd(number, number));
+#else
+    return std::sqrt(value);
+#endif
 }
 
 /// The arc cosine in radians, 0 for 1 or more and π for −1 or less, so that rounding in a cosine

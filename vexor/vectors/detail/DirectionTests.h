@@ -78,7 +78,7 @@ inline Element TriangleArea(Element d, Element a, Element b)
     double const dot = d;
     double const squaredA = a;
     double const difference = Round<Element>(squaredA * b - dot * dot);
-    double const root = Round<Element>(std::sqrt(difference));
+    double const root = Round<Element>(SquareRoot(difference));
     return Round<Element>(0.5 * root);
 }
 

@@ -1,8 +1,7 @@
 #include <vexor/vectors/detail/FullRange.h>
 
 #include <vexor/foundation/detail/Raise.h>
-
-#include <cmath>
+#include <vexor/foundation/detail/Scalar.h>
 
 namespace vexor::detail {
 namespace {
@@ -11,7 +10,7 @@ constexpr double bigStep = 0x1p600;
 
 double PlainLength(double x, double y, double z)
 {
-    return std::sqrt((x * x + y * y) + z * z);
+    return SquareRoot((x * x + y * y) + z * z);
 }
 
 bool AreFinite(double x, double y, double z)
