@@ -1,6 +1,7 @@
 # Builds one consumer project against an installed copy of the library and runs it.
 # Usage: cmake -DNAME=... -DPROJECT=... -DBUILD=... -DPREFIX=... -DSOURCE=... [-DOPTIONS=a;b]
 #              [-DARGUMENTS=...] [-DHASH_FILE=...] [-DGDB=...] [-DCHECKED=ON]
+#              [-DTOOLCHAIN=... -DEMULATOR=a;b]
 #              -P Consume.cmake
 # With HASH_FILE the printed hash must be the one in that file, which the first to come writes.
 # With GDB that debugger stops in the program, and must show the library's objects as documented without
@@ -30,6 +31,13 @@ if(PROJECT STREQUAL "pkg_config")
         compile(mistake "${consumers}/checked/Mistake.cpp")
     endif()
 else()
+    if(TOOLCHAIN)
+        # The toolchain looks for packages under its own root alone; programs find DLLs beside them.
+        list(APPEND OPTIONS "-DCMAKE_TOOLCHAIN_FILE=${TOOLCHAIN}" "-Dvexor_DIR=${PREFIX}/lib/cmake/vexor"
+            "-DCMAKE_RUNTIME_OUTPUT_DIRECTORY=${BUILD}")
+        file(GLOB dlls "${PREFIX}/bin/*.dll")
+        file(COPY ${dlls} DESTINATION "${BUILD}")
+    endif()
     run("configuring" "${CMAKE_COMMAND}" -S "${SOURCE}/tests/consumers/${PROJECT}" -B "${BUILD}" -G Ninja
         -DCMAKE_BUILD_TYPE=Release "-DCMAKE_PREFIX_PATH=${PREFIX}" "-DVEXOR_SOURCE=${SOURCE}" ${OPTIONS})
     run("building" "${CMAKE_COMMAND}" --build "${BUILD}")
@@ -41,7 +49,7 @@ if(GDB)
     return()
 endif()
 
-run("running" "${BUILD}/consumer" ${ARGUMENTS})
+run("running" ${EMULATOR} "${BUILD}/consumer" ${ARGUMENTS})
 if(NOT output MATCHES "^0 wrong")
     message(FATAL_ERROR "${NAME}: printed '${output}'")
 endif()

@@ -3,7 +3,11 @@
 #include <fstream>
 #include <string>
 
-#include <unistd.h>
+#if defined(_WIN32)
+#    include <process.h>
+#else
+#    include <unistd.h>
+#endif
 
 /// A file of the test data.
 inline std::string DataFile(std::string const& name)

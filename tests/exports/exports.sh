@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # Compares what the shared library exports with what this folder holds, or writes it anew.
 #   exports.sh symbols check|update LIBRARY   the list of exported symbols, exported_symbols.txt
+#   exports.sh dll check LIBRARY              the same symbols in a DLL
 #   exports.sh abi check|update LIBRARY       types, layouts and signatures, vexor.abi; LIBRARY has
 #                                             debug information
 # An intended change is made with scripts/update-abi and shows in the review as a change of these files.
@@ -14,6 +15,13 @@ trap 'rm -rf "$work"' EXIT
 # Every symbol once, demangled: a constructor in its two forms is one line.
 list_symbols() {
     nm --dynamic --defined-only --format=posix "$library" | cut -d' ' -f1 | c++filt | sort -u
+}
+
+# The same of a DLL, from the table of names that the tool in OBJDUMP prints.
+list_symbols_of_dll() {
+    "${OBJDUMP:-objdump}" -p "$library" |
+        awk '/Name Pointer\] Table/ { inside = 1 } inside && /^\t\[/ { print $NF } /^$/ { inside = 0 }' |
+        c++filt | sort -u
 }
 
 # Without paths, addresses and parameter names, and without what the library keeps to itself. Types are
@@ -38,6 +46,15 @@ symbols)
         exit 1
     fi
     ;;
+dll)
+    list_symbols_of_dll >"$work/symbols"
+    # A record of a type brings its name along.
+    grep -v '^typeinfo name for ' "$folder/exported_symbols.txt" >"$work/expected"
+    if ! diff -u "$work/expected" "$work/symbols"; then
+        echo "The DLL exports other symbols than the shared library on Linux." >&2
+        exit 1
+    fi
+    ;;
 abi)
     dump_abi "$work/vexor.abi"
     if [ "$action" = update ]; then
@@ -48,7 +65,7 @@ abi)
     fi
     ;;
 *)
-    echo "exports.sh: symbols or abi, not '$kind'" >&2
+    echo "exports.sh: symbols, dll or abi, not '$kind'" >&2
     exit 2
     ;;
 esac

@@ -1,16 +1,10 @@
+#include "oracle/Large.h"
 #include "oracle/Registry.h"
 #include "oracle/Statements.h"
 
 namespace oracle {
 
 namespace {
-
-__extension__ using Large = __int128;
-
-std::int64_t Wrapped(Large value)
-{
-    return static_cast<std::int64_t>(static_cast<std::uint64_t>(value));
-}
 
 int Wrapped32(std::int64_t value)
 {

@@ -115,6 +115,14 @@ void Show(Operation const& operation, std::uint64_t seed, long long number)
                 rule.Text().c_str(), operation.name.c_str(), static_cast<unsigned long long>(seed), number);
 }
 
+// Another C library's functions are told of and not judged: MinGW's leave all to the x87 unit, whose π has 66
+// bits.
+#if defined(__GLIBC__)
+constexpr bool judgesPlatform = true;
+#else
+constexpr bool judgesPlatform = false;
+#endif
+
 bool Compare(Options const& options)
 {
     std::printf("seed %llu, %lld cases an operation\n", static_cast<unsigned long long>(options.seed),
@@ -148,7 +156,7 @@ bool Compare(Options const& options)
                 platform.calls, platform.faults, platform.worst);
     if (platform.faults > 0)
         std::printf("  first: %s\n", platform.first.c_str());
-    return operations > 0 && differing == 0 && platform.faults == 0;
+    return operations > 0 && differing == 0 && (platform.faults == 0 || !judgesPlatform);
 }
 
 // The number of the first case that tells the mistake from the right statement, or −1.

@@ -7,7 +7,7 @@
 #   // flags: FLAGS                   for both compilations
 #   // offending flags: FLAGS         for the second one, which also defines OFFENCE
 #
-# Usage: cmake -DCOMPILER=... -DCOMPILER_ID=... -DSOURCE=... -DINCLUDE=... -P MustNotCompile.cmake
+# Usage: cmake -DCOMPILER=... -DCOMPILER_ID=... [-DFLAGS=...] -DSOURCE=... -DINCLUDE=... -P MustNotCompile.cmake
 
 function(directive name out)
     file(STRINGS "${SOURCE}" lines REGEX "^// ${name}: ")
@@ -30,11 +30,12 @@ if(NOT expected)
 endif()
 directive("flags" flags)
 directive("offending flags" offendingFlags)
+separate_arguments(FLAGS)
 separate_arguments(flags)
 separate_arguments(offendingFlags)
 
 set(ENV{LC_ALL} C)
-set(compile "${COMPILER}" -std=c++17 -fsyntax-only -fdiagnostics-color=never "-I${INCLUDE}" ${flags})
+set(compile "${COMPILER}" -std=c++17 -fsyntax-only -fdiagnostics-color=never "-I${INCLUDE}" ${FLAGS} ${flags})
 
 execute_process(COMMAND ${compile} "${SOURCE}" RESULT_VARIABLE status ERROR_VARIABLE errors)
 if(NOT status EQUAL 0)
