@@ -73,8 +73,8 @@ struct Problem {
 
 using Step = std::function<void(Problem&)>;
 
-void RegisterDriver(std::string const& operation, int rows, int columns, bool isSymmetric, Step prepare,
-                    Step wrapper, Step direct)
+void RegisterDriver(std::string const& operation, int rows, int columns, bool isSymmetric,
+                    Step const& prepare, Step const& wrapper, Step const& direct)
 {
     auto const time = [=](benchmark::State& state, Step const& step) {
         Problem problem(rows, columns, isSymmetric);

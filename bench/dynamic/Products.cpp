@@ -22,8 +22,7 @@ MatDbl Matrix(int rows, int columns, unsigned seed)
 {
     std::vector<double> numbers = bench::Numbers(std::size_t(rows) * std::size_t(columns), seed);
     MatDbl const view(rows, columns, numbers.data());
-    MatDbl copy(view); // owns its block
-    return copy;
+    return MatDbl(view); // owns its block
 }
 
 std::vector<double> Elements(MatDbl const& matrix)

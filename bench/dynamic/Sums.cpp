@@ -13,8 +13,7 @@ VecDbl Vector(int size, unsigned seed)
 {
     std::vector<double> numbers = bench::Numbers(std::size_t(size), seed);
     VecDbl const view(size, numbers.data());
-    VecDbl copy(view); // owns its elements
-    return copy;
+    return VecDbl(view); // owns its elements
 }
 
 /// Keeps the additions from being folded into one, without a trip to memory.

@@ -143,8 +143,8 @@ std::string RowsAndColumns()
         svg.Polygon(
             {Pnt2Dbl(x, 232.0), Pnt2Dbl(x + cell, 232.0), Pnt2Dbl(x + cell, 256.0), Pnt2Dbl(x, 256.0)},
             "fill:none;stroke-width:1;stroke:" + grey);
-        svg.Code(Pnt2Dbl(x + cell / 2.0, 248.0), Decimal(i / 3, 0) + "," + Decimal(i % 3, 0), "middle",
-                 "font-size:11px;fill:" + colours[i % 3]);
+        svg.Code(Pnt2Dbl(x + cell / 2.0, 248.0), std::to_string(i / 3) + "," + std::to_string(i % 3),
+                 "middle", "font-size:11px;fill:" + colours[i % 3]);
     }
     for (int r = 0; r < 3; ++r)
         svg.Text(Pnt2Dbl(left + cell * (3 * r + 1.5), 272.0), "row " + Decimal(r, 0), "middle",

@@ -33,9 +33,9 @@ Pnt2Dbl Plan::At(Vec3Dbl const& position) const
 void Plan::Grid(double left, double bottom, double right, double top) const
 {
     std::string const style = "stroke:#ecf0f1;stroke-width:1";
-    for (double x = std::ceil(left); x <= right; x += 1.0)
+    for (int x = int(std::ceil(left)); x <= right; ++x)
         svg_.Line(At(Vec3Dbl(x, bottom, 0.0)), At(Vec3Dbl(x, top, 0.0)), style);
-    for (double y = std::ceil(bottom); y <= top; y += 1.0)
+    for (int y = int(std::ceil(bottom)); y <= top; ++y)
         svg_.Line(At(Vec3Dbl(left, y, 0.0)), At(Vec3Dbl(right, y, 0.0)), style);
 }
 

@@ -176,7 +176,8 @@ std::vector<ControlPoint> ControlsOnTheGrid()
 {
     std::vector<ControlPoint> controls;
     for (int i = 0; i < 12; ++i) {
-        Pnt2Dbl const ground(10.0 * (i % 4), 8.0 * (i / 4));
+        int const row = i / 4;
+        Pnt2Dbl const ground(10.0 * (i % 4), 8.0 * row);
         controls.push_back({std::to_string(i), ground, someGrid * ground});
     }
     return controls;

@@ -27,6 +27,7 @@ bool Same(double actual, Cell const& expected)
 {
     if (!expected || (actual != actual && *expected != *expected))
         return true;
+    // NOLINTNEXTLINE(bugprone-suspicious-memory-comparison): the bytes are what is compared
     return std::memcmp(&actual, &*expected, sizeof actual) == 0;
 }
 
