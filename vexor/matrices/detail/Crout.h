@@ -2,8 +2,6 @@
 #include <vexor/foundation/Config.h>
 
 #include <cmath>
-#include <cstdint>
-#include <cstring>
 #include <utility>
 
 // Crout's factorisation with implicitly scaled partial pivoting, and the substitution with its
@@ -37,24 +35,17 @@ namespace vexor::detail {
 inline constexpr int largestSmallSize = 255;
 
 // The choice of a pivot goes either way with equal likelihood, so that a branch on it is mispredicted
-// half the time; hence the next two.
+// half the time; hence the next two. The second one becomes a mask where the condition is a comparison
+// of doubles.
 
 inline int Select(bool condition, int whenTrue, int whenFalse)
 {
     return whenFalse ^ ((whenFalse ^ whenTrue) & -int(condition));
 }
 
-inline void ExchangeIf(bool condition, double& left, double& right)
+inline double Select(bool condition, double whenTrue, double whenFalse)
 {
-    std::uint64_t leftBits = 0;
-    std::uint64_t rightBits = 0;
-    std::memcpy(&leftBits, &left, sizeof left);
-    std::memcpy(&rightBits, &right, sizeof right);
-    std::uint64_t const difference = (leftBits ^ rightBits) & (0 - std::uint64_t(condition));
-    leftBits ^= difference;
-    rightBits ^= difference;
-    std::memcpy(&left, &leftBits, sizeof left);
-    std::memcpy(&right, &rightBits, sizeof right);
+    return condition ? whenTrue : whenFalse;
 }
 
 /// Rows where they are stored, reached through their order: only the order is ever permuted.
@@ -71,16 +62,16 @@ public:
     double& operator()(int i, int k) { return elements[order[i] * size + k]; }
     /// Belongs to the row, wherever the order puts it.
     double& Scale(int i) { return scales[order[i]]; }
-    void Exchange(int i, int k)
-    {
-        if (k != i)
-            std::swap(order[i], order[k]);
-    }
+    /// Row i is chosen, until a later one is, if its candidate is greater than the best before it.
+    void Compare(int i, double candidate, double best) { chosen = Select(candidate > best, i, chosen); }
+    /// Exchanges row j with the row chosen, j itself or one after it.
+    void Exchange(int j) { std::swap(order[j], order[chosen]); }
 
 private:
     double* elements;
     unsigned char* order;
     int size;
+    int chosen = 0;
     double scales[largestSmallSize];
 };
 
@@ -105,16 +96,27 @@ public:
     }
     double& operator()(int i, int k) { return rows[i][k]; }
     double& Scale(int i) { return scales[order[i]]; }
-    void Exchange(int j, int index)
+    void Compare(int i, double candidate, double best)
+    {
+        chosen = Select(candidate > best, i, chosen);
+        isBetter[i] = candidate > best;
+    }
+    void Exchange(int j)
     {
         VEXOR_UNROLL_THREE
         for (int i = j + 1; i < 3; ++i) {
             int const other = order[i];
-            order[i] = Select(i == index, order[j], order[i]);
-            order[j] = Select(i == index, other, order[j]);
+            order[i] = Select(i == chosen, order[j], order[i]);
+            order[j] = Select(i == chosen, other, order[j]);
+            // Asked of the comparisons themselves, not of the index, the answer never leaves the registers
+            // of the doubles.
+            bool const isChosen = isBetter[i] && !(i < 2 && isBetter[2]);
             VEXOR_UNROLL_THREE
-            for (int k = 0; k <= j; ++k)
-                ExchangeIf(i == index, rows[j][k], rows[i][k]);
+            for (int k = 0; k <= j; ++k) {
+                double const element = rows[i][k];
+                rows[i][k] = Select(isChosen, rows[j][k], element);
+                rows[j][k] = Select(isChosen, element, rows[j][k]);
+            }
         }
     }
 
@@ -153,6 +155,8 @@ private:
     double rows[3][3];
     double scales[3];
     int order[3];
+    int chosen = 0;
+    bool isBetter[3];
 };
 
 /// The sum of the terms from `begin` to `end` − 1, of which there is at least one, in rising order. It
@@ -195,18 +199,17 @@ VEXOR_CROUT_INLINE int Decompose(Rows& rows)
             rows(i, j) -= SumOfTerms(0, i, [&](int k) { return rows(k, j) * rows(i, k); });
 
         double best = 0.0;
-        int index = -1;
         VEXOR_UNROLL_THREE
         for (int i = j; i < size; ++i) {
             if (j > 0)
                 rows(i, j) -= SumOfTerms(0, j, [&](int k) { return rows(k, j) * rows(i, k); });
             double const candidate = std::fabs(rows(i, j)) * rows.Scale(i);
-            index = Select(candidate > best, i, index); // the first of equals stays, a NaN never wins
+            rows.Compare(i, candidate, best); // the first of equals stays, a NaN never wins
             best = candidate > best ? candidate : best;
         }
-        if (!(best > 0.0)) // asked of the index, this would become a branch on the choice
+        if (!(best > 0.0)) // asked of the row chosen, this would become a branch on the choice
             return -3;
-        rows.Exchange(j, index);
+        rows.Exchange(j);
 
         double const reciprocal = 1.0 / rows(j, j);
         rows(j, j) = reciprocal;
