@@ -680,9 +680,9 @@ TEST(MatDbl, SvdShapesItsResult)
     EXPECT_LT(std::fabs(elements[0]), 1.0);
 }
 
-TEST(MatDbl, SvdRefusesInfinities)
+TEST(MatDbl, SvdRefusesInfinitiesAndNans)
 {
-    for (double bad : {infinity, -infinity}) {
+    for (double bad : {infinity, -infinity, vexor_test::nan}) {
         for (int rows : {1, 2, 3, 5}) {
             for (int columns : {1, 3, 4}) {
                 for (int at = 0; at < rows * columns; ++at) {

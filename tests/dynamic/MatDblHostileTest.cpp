@@ -83,6 +83,12 @@ std::vector<Kind> const& BadNumbers()
     static std::vector<Kind> const kinds = {
         {"one NaN", [](int i, int j, int m, int n,
                        Numbers& r) { return IsTheOne(i, j, m, n) ? vexor_test::nan : Random(r); }},
+        {"a NaN among zeros",
+         [](int i, int j, int m, int n, Numbers&) { return IsTheOne(i, j, m, n) ? vexor_test::nan : 0.0; }},
+        {"a NaN on a diagonal",
+         [](int i, int j, int m, int n, Numbers& r) {
+             return IsTheOne(i, j, m, n) ? vexor_test::nan : i == j ? Random(r) : 0.0;
+         }},
         {"all NaN", [](int, int, int, int, Numbers&) { return vexor_test::nan; }},
         {"one infinity",
          [](int i, int j, int m, int n, Numbers& r) { return IsTheOne(i, j, m, n) ? infinity : Random(r); }},

@@ -1,3 +1,6 @@
+#include <algorithm>
+#include <cmath>
+#include <limits>
 #include <vector>
 
 #include "oracle/DynamicDraws.h"
@@ -28,7 +31,8 @@ namespace oracle {
 
 namespace {
 
-/// Column after column, as LAPACK takes it.
+/// Column after column, as LAPACK takes it; a vector is one column. Both sides take it and give it: there is nothing
+/// for MPFR to compute, so that sizes need no bound.
 struct Block {
     int rows = 0;
     int columns = 0;
@@ -37,38 +41,62 @@ struct Block {
     Block(int rowCount, int columnCount)
         : rows(rowCount), columns(columnCount), e(static_cast<std::size_t>(rowCount * columnCount))
     {}
-    explicit Block(DynMat const& m) : Block(m.rows, m.columns)
+    explicit Block(Mat<3> const& m) : Block(3, 3)
+    {
+        for (int r = 0; r < 3; ++r)
+            for (int c = 0; c < 3; ++c)
+                At(r, c) = m(r, c).Value();
+    }
+    explicit Block(MatDbl const& m) : Block(m.RowCount(), m.ColumnCount())
     {
         for (int r = 0; r < rows; ++r)
             for (int c = 0; c < columns; ++c)
-                At(r, c) = m(r, c).Value();
+                At(r, c) = m(r, c);
     }
-    explicit Block(Dyn<Dbl> const& v) : Block(v.size, 1)
+    explicit Block(VecDbl const& v) : Block(v.Size(), 1)
     {
         for (int r = 0; r < rows; ++r)
-            At(r, 0) = v[r].Value();
+            At(r, 0) = v[r];
     }
     double& At(int r, int c) { return e[static_cast<std::size_t>(c * rows + r)]; }
+    double At(int r, int c) const { return e[static_cast<std::size_t>(c * rows + r)]; }
 
-    DynMat Matrix()
+    Block FirstColumn() const
     {
-        DynMat m;
-        m.rows = rows;
-        m.columns = columns;
+        Block column(rows, 1);
+        for (int r = 0; r < rows; ++r)
+            column.At(r, 0) = At(r, 0);
+        return column;
+    }
+    MatDbl Matrix() const
+    {
+        MatDbl m(rows, columns, nullptr);
         for (int r = 0; r < rows; ++r)
             for (int c = 0; c < columns; ++c)
                 m(r, c) = At(r, c);
         return m;
     }
-    Dyn<Dbl> Vector()
+    VecDbl Vector() const
     {
-        Dyn<Dbl> v;
-        v.size = rows;
+        VecDbl v(rows, nullptr);
         for (int r = 0; r < rows; ++r)
             v[r] = At(r, 0);
         return v;
     }
 };
+
+Block const& Converted(Block const& block)
+{
+    return block;
+}
+
+void Put(Outcome& out, Block const& block)
+{
+    out.Put(block.rows);
+    out.Put(block.columns);
+    for (double const e : block.e)
+        out.Put(e);
+}
 
 std::vector<double> Work(int size)
 {
@@ -168,54 +196,55 @@ struct Solver {
     }
 };
 
-/// An operand for LAPACK: finite, often symmetric, singular at times.
-Grid DrawnSystem(Source& source, int rows, int columns)
+/// Mostly small, up to 20 now and then.
+int DrawnSize(Source& source)
 {
-    Grid grid = DrawnGrid(source, rows, columns);
-    bool const integers = source.OneIn(3), wild = source.OneIn(12);
-    for (int r = 0; r < rows; ++r)
-        for (int c = 0; c < columns; ++c) {
-            double& e = grid.e[r][c];
-            if (integers)
+    return 1 + source.Below(source.OneIn(12) ? 20 : 5);
+}
+
+/// An operand for LAPACK: symmetric at times where it is square, singular at times; with 1e±300 side by side, with
+/// infinities or with NaNs now and then.
+Block DrawnSystem(Source& source, int rows, int columns)
+{
+    Block block(rows, columns);
+    bool const integers = source.OneIn(3), wild = source.OneIn(12), extreme = source.OneIn(16);
+    for (int c = 0; c < columns; ++c)
+        for (int r = 0; r < rows; ++r) {
+            double& e = block.At(r, c);
+            e = source.OneIn(10) ? (source.Below(2) ? 0.0 : -0.0) : source.Number<double>();
+            if (extreme)
+                e = std::ldexp(source.Signed(), (source.Below(3) - 1) * 1000);
+            else if (integers)
                 e = source.Below(7) - 3;
             else if (!wild || !(std::fabs(e) < 1e150))
                 e = source.Signed();
         }
+    if (rows == columns && source.OneIn(6))
+        for (int c = 0; c < columns; ++c)
+            for (int r = c + 1; r < rows; ++r)
+                block.At(r, c) = block.At(c, r);
     if (source.OneIn(8))
         for (int c = 0; c < columns; ++c)
-            grid.e[source.Below(rows)][c] = 0.0;
+            block.At(source.Below(rows), c) = 0.0;
     if (source.OneIn(8))
         for (int c = 0; c < columns; ++c)
-            grid.e[rows - 1][c] = 2.0 * grid.e[0][c];
-    return grid;
+            block.At(rows - 1, c) = 2.0 * block.At(0, c);
+    if (source.OneIn(12)) {
+        double const bad = source.Below(2) ? std::numeric_limits<double>::quiet_NaN() : HUGE_VAL;
+        for (int count = 1 + source.Below(3); count > 0; --count)
+            block.At(source.Below(rows), source.Below(columns)) = source.Below(2) ? bad : -bad;
+    }
+    return block;
 }
 
 auto DrawSystem(Source& source)
 {
-    int const n = 1 + source.Below(5);
-    Grid const a = DrawnSystem(source, n, source.OneIn(20) ? 1 + source.Below(5) : n);
-    int const rows = source.OneIn(20) ? 1 + source.Below(5) : n;
-    Grid const b = DrawnSystem(source, rows, 1 + source.Below(3)),
-               c = DrawnSystem(source, n, 1 + source.Below(3));
+    int const n = DrawnSize(source);
+    Block const a = DrawnSystem(source, n, source.OneIn(20) ? DrawnSize(source) : n);
+    int const rows = source.OneIn(20) ? DrawnSize(source) : n;
+    Block const b = DrawnSystem(source, rows, 1 + source.Below(3)),
+                c = DrawnSystem(source, n, 1 + source.Below(3));
     return std::tuple(a, b, c);
-}
-
-Array<double> Column(Grid const& g)
-{
-    Array<double> v;
-    v.size = g.rows;
-    for (int r = 0; r < g.rows; ++r)
-        v.e[r] = g.e[r][0];
-    return v;
-}
-
-Dyn<Dbl> Column(DynMat const& g)
-{
-    Dyn<Dbl> v;
-    v.size = g.rows;
-    for (int r = 0; r < g.rows; ++r)
-        v[r] = g(r, 0);
-    return v;
 }
 
 /// Two calls one after the other: the first may raise and the second runs all the same.
@@ -225,41 +254,39 @@ void EnterSolves(std::string const& name, First first, Second second, void (Solv
 {
     Add(
         name + "(MatDbl)", DrawSystem,
-        [=](Grid const& a, Grid const& b, Grid const& c) {
-            MatDbl m = Made(a), x = Made(b), y = Made(c);
+        [=](Block const& a, Block const& b, Block const& c) {
+            MatDbl m = a.Matrix(), x = b.Matrix(), y = c.Matrix();
             Raise const one = RaisedBy([&] { first(m, x); }), two = RaisedBy([&] { second(m, y); });
-            return std::tuple(one, two, m, x, y);
+            return std::tuple(one, two, Block(m), Block(x), Block(y));
         },
-        [=](DynMat const& a, DynMat const& b, DynMat const& c) {
-            Solver solver = {Block(a), {}};
-            Block x(b), y(c);
+        [=](Block const& a, Block const& b, Block const& c) {
+            Solver solver = {a, {}};
+            Block x = b, y = c;
             Raise const one = RaisedBy([&] { (solver.*firstRule)(x); });
             Raise const two = RaisedBy([&] { (solver.*secondRule)(y); });
-            return std::tuple(one, two, solver.a.Matrix(), x.Matrix(), y.Matrix());
+            return std::tuple(one, two, solver.a, x, y);
         });
     Add(
         name + "(VecDbl)", DrawSystem,
-        [=](Grid const& a, Grid const& b, Grid const& c) {
-            MatDbl m = Made(a);
-            VecDbl x = Made(Column(b)), y = Made(Column(c));
+        [=](Block const& a, Block const& b, Block const& c) {
+            MatDbl m = a.Matrix();
+            VecDbl x = b.FirstColumn().Vector(), y = c.FirstColumn().Vector();
             Raise const one = RaisedBy([&] { first(m, x); }), two = RaisedBy([&] { second(m, y); });
-            return std::tuple(one, two, m, x, y);
+            return std::tuple(one, two, Block(m), Block(x), Block(y));
         },
-        [=](DynMat const& a, DynMat const& b, DynMat const& c) {
-            Solver solver = {Block(a), {}};
-            Block x(Column(b)), y(Column(c));
+        [=](Block const& a, Block const& b, Block const& c) {
+            Solver solver = {a, {}};
+            Block x = b.FirstColumn(), y = c.FirstColumn();
             Raise const one = RaisedBy([&] { (solver.*firstRule)(x); });
             Raise const two = RaisedBy([&] { (solver.*secondRule)(y); });
-            return std::tuple(one, two, solver.a.Matrix(), x.Vector(), y.Vector());
+            return std::tuple(one, two, solver.a, x, y);
         });
 }
 
-bool HoldsInfinity(Block& a)
+/// Whether the iteration for the singular values can be relied on to end.
+bool IsFinite(Block const& a)
 {
-    for (double const e : a.e)
-        if (std::isinf(e))
-            return true;
-    return false;
+    return std::all_of(a.e.begin(), a.e.end(), [](double e) { return std::isfinite(e); });
 }
 
 void Decompose(Block& a, std::vector<double>& values)
@@ -291,102 +318,94 @@ void EnterDrivers()
                 &Solver::LeastSquares);
 
     auto const drawLeast = [](Source& source) {
-        int const rows = 1 + source.Below(5);
-        Grid const a = DrawnSystem(source, rows, 1 + source.Below(5));
-        Grid const b =
-            DrawnSystem(source, source.OneIn(20) ? 1 + source.Below(5) : rows, 1 + source.Below(3));
+        int const rows = DrawnSize(source);
+        Block const a = DrawnSystem(source, rows, DrawnSize(source));
+        Block const b = DrawnSystem(source, source.OneIn(20) ? DrawnSize(source) : rows, 1 + source.Below(3));
         return std::tuple(a, b);
     };
     Add(
         "MatDbl::SolveLinearLeastSquares(MatDbl)", drawLeast,
-        [](Grid const& a, Grid const& b) {
-            MatDbl m = Made(a), x = Made(b);
+        [](Block const& a, Block const& b) {
+            MatDbl m = a.Matrix(), x = b.Matrix();
             Raise const raised = RaisedBy([&] { m.SolveLinearLeastSquares(x); });
-            return std::tuple(raised, m, x);
+            return std::tuple(raised, Block(m), Block(x));
         },
-        [](DynMat const& a, DynMat const& b) {
-            Solver solver = {Block(a), {}};
-            Block x(b);
+        [](Block const& a, Block const& b) {
+            Solver solver = {a, {}};
+            Block x = b;
             Raise const raised = RaisedBy([&] { solver.LeastSquares(x); });
-            return std::tuple(raised, solver.a.Matrix(), x.Matrix());
+            return std::tuple(raised, solver.a, x);
         });
     Add(
         "MatDbl::SolveLinearLeastSquares(VecDbl)", drawLeast,
-        [](Grid const& a, Grid const& b) {
-            MatDbl m = Made(a);
-            VecDbl x = Made(Column(b));
+        [](Block const& a, Block const& b) {
+            MatDbl m = a.Matrix();
+            VecDbl x = b.FirstColumn().Vector();
             Raise const raised = RaisedBy([&] { m.SolveLinearLeastSquares(x); });
-            return std::tuple(raised, m, x);
+            return std::tuple(raised, Block(m), Block(x));
         },
-        [](DynMat const& a, DynMat const& b) {
-            Solver solver = {Block(a), {}};
-            Block x(Column(b));
+        [](Block const& a, Block const& b) {
+            Solver solver = {a, {}};
+            Block x = b.FirstColumn();
             Raise const raised = RaisedBy([&] { solver.LeastSquares(x); });
-            return std::tuple(raised, solver.a.Matrix(), x.Vector());
+            return std::tuple(raised, solver.a, x);
         });
 
     auto const drawSquare = [](Source& source) {
-        int const n = 1 + source.Below(5);
-        return std::tuple(DrawnSystem(source, n, source.OneIn(20) ? 1 + source.Below(5) : n));
+        int const n = DrawnSize(source);
+        return std::tuple(DrawnSystem(source, n, source.OneIn(20) ? DrawnSize(source) : n));
     };
-    auto const inverse = [](DynMat const& m) {
-        Solver solver = {Block(m), {}};
+    auto const inverse = [](Block const& m) {
+        Solver solver = {m, {}};
         if (m.rows != m.columns)
             throw Raised{Raise::DimensionMismatch};
         Block unit(m.rows, m.rows);
         for (int i = 0; i < m.rows; ++i)
             unit.At(i, i) = 1.0;
         solver.Solve(unit);
-        return unit.Matrix();
+        return unit;
     };
     Add(
-        "MatDbl::GetInvertedCopy", drawSquare, [](Grid const& g) { return Made(g).GetInvertedCopy(); },
-        inverse);
+        "MatDbl::GetInvertedCopy", drawSquare,
+        [](Block const& g) { return Block(g.Matrix().GetInvertedCopy()); }, inverse);
     Add(
         "MatDbl::Invert", drawSquare,
-        [](Grid const& g) {
-            MatDbl m = Made(g);
+        [](Block const& g) {
+            MatDbl m = g.Matrix();
             m.Invert();
             VecDbl side(g.rows, 1.0, nullptr);
-            return std::tuple(m, RaisedBy([&] { m.ReSolve(side); }));
+            return std::tuple(Block(m), RaisedBy([&] { m.ReSolve(side); }));
         },
-        [inverse](DynMat const& m) { return std::tuple(inverse(m), Raise::ComputationFailed); });
+        [inverse](Block const& m) { return std::tuple(inverse(m), Raise::ComputationFailed); });
 
     Add(
         "MatDbl::Svd",
         [](Source& source) {
-            int const rows = 1 + source.Below(5);
-            Grid grid = DrawnSystem(source, rows, 1 + source.Below(5));
-            if (source.OneIn(20))
-                grid.e[source.Below(rows)][0] = source.Below(2) ? HUGE_VAL : -HUGE_VAL;
-            return std::tuple(grid);
+            int const rows = DrawnSize(source);
+            return std::tuple(DrawnSystem(source, rows, DrawnSize(source)));
         },
-        [](Grid const& g) {
-            MatDbl m = Made(g);
+        [](Block const& g) {
+            MatDbl m = g.Matrix();
             VecDbl values(2, 7.0, nullptr);
             Raise const raised = RaisedBy([&] { m.Svd(values); });
-            return std::tuple(raised, values, m);
+            return std::tuple(raised, Block(values), Block(m));
         },
-        [](DynMat const& m) {
-            Block a(m);
+        [](Block const& m) {
+            Block a = m;
             std::vector<double> values(2, 7.0);
             Raise const raised =
-                HoldsInfinity(a) ? Raise::ComputationFailed : RaisedBy([&] { Decompose(a, values); });
-            Dyn<Dbl> result;
-            result.size = static_cast<int>(values.size());
-            for (int i = 0; i < result.size; ++i)
-                result[i] = values[static_cast<std::size_t>(i)];
-            return std::tuple(raised, result, a.Matrix());
+                IsFinite(a) ? RaisedBy([&] { Decompose(a, values); }) : Raise::ComputationFailed;
+            Block result(static_cast<int>(values.size()), 1);
+            result.e = values;
+            return std::tuple(raised, result, a);
         });
     Add(
         "Mat3Dbl::Svd",
         [](Source& source) {
-            Grid const grid = DrawnSystem(source, 3, 3);
+            Block const system = DrawnSystem(source, 3, 3);
             Mat3Dbl m(0.0);
             for (int i = 0; i < 9; ++i)
-                m(i / 3, i % 3) = grid.e[i / 3][i % 3];
-            if (source.OneIn(20))
-                m(source.Below(3), source.Below(3)) = HUGE_VAL;
+                m(i / 3, i % 3) = system.At(i / 3, i % 3);
             return std::tuple(m);
         },
         [](Mat3Dbl m) {
@@ -404,7 +423,7 @@ void EnterDrivers()
             V3 result = {{7.0, 7.0, 7.0}};
             Mat<3> rows = m;
             Raise const raised =
-                HoldsInfinity(a) ? Raise::ComputationFailed : RaisedBy([&] { Decompose(a, values); });
+                IsFinite(a) ? RaisedBy([&] { Decompose(a, values); }) : Raise::ComputationFailed;
             if (raised == Raise::None)
                 for (int r = 0; r < 3; ++r) {
                     result[r] = values[static_cast<std::size_t>(r)];
@@ -416,32 +435,31 @@ void EnterDrivers()
     Add(
         "MatDbl::EigenSym",
         [](Source& source) {
-            int const n = 1 + source.Below(5);
-            Grid const grid = DrawnSystem(source, n, source.OneIn(20) ? 1 + source.Below(5) : n);
+            int const n = DrawnSize(source);
+            Block const system = DrawnSystem(source, n, source.OneIn(20) ? DrawnSize(source) : n);
             int first = 0, last = n - 1;
             if (source.Below(2)) {
                 first = source.Below(n + 1) - source.OneIn(10);
                 last = first + source.Below(n + 1) - source.OneIn(10);
             }
-            return std::tuple(grid, source.Below(3) - 1, first, last);
+            return std::tuple(system, source.Below(3) - 1, first, last);
         },
-        [](Grid const& g, int wanted, int first, int last) {
-            MatDbl m = Made(g);
+        [](Block const& g, int wanted, int first, int last) {
+            MatDbl m = g.Matrix();
             VecDbl values(1, 7.0, nullptr);
             Raise const raised = RaisedBy([&] { m.EigenSym(values, wanted, first, last); });
             int const size = values.Size();
             // Behind the selected values nothing is defined, and nothing at all after a failing driver.
-            Array<double> selected;
-            if (raised == Raise::None)
-                for (int i = 0; i <= last - first; ++i)
-                    selected.e[selected.size++] = values[i];
+            Block selected(raised == Raise::None ? last - first + 1 : 0, 1);
+            for (int i = 0; i < selected.rows; ++i)
+                selected.At(i, 0) = values[i];
             return std::tuple(raised, size, selected,
-                              raised == Raise::ComputationFailed ? MatDbl(1, 1, 0.0, nullptr) : m);
+                              raised == Raise::ComputationFailed ? Block(1, 1) : Block(m));
         },
-        [](DynMat const& m, int wanted, int first, int last) {
-            Block a(m);
+        [](Block const& m, int wanted, int first, int last) {
+            Block a = m;
             int size = 1;
-            Dyn<Dbl> selected;
+            Block selected(0, 1);
             Raise const raised = RaisedBy([&] {
                 int const n = a.rows;
                 if (a.rows != a.columns || first < 0 || first > last || last >= n)
@@ -463,11 +481,12 @@ void EnterDrivers()
                         for (int j = 0; j < count; ++j)
                             a.At(columns ? i : j, columns ? j : i) = z[static_cast<std::size_t>(j * n + i)];
                 DemandSuccess(info);
-                for (int i = 0; i < count; ++i)
-                    selected[selected.size++] = w[static_cast<std::size_t>(i)];
+                if (found != count)
+                    throw Open{}; // with a NaN the driver may report success and leave values unset
+                selected = Block(count, 1);
+                std::copy(w.begin(), w.begin() + count, selected.e.begin());
             });
-            return std::tuple(raised, size, selected,
-                              raised == Raise::ComputationFailed ? Block(1, 1).Matrix() : a.Matrix());
+            return std::tuple(raised, size, selected, raised == Raise::ComputationFailed ? Block(1, 1) : a);
         });
 }
 

@@ -174,7 +174,7 @@ public:
     /// rows the right singular vectors; the rows below mean nothing. Raises `VexorAllocationFailed`,
     /// the matrix unchanged but the result resized, where workspace is not to be had, and
     /// `VexorComputationFailed` where the iteration fails and, with nothing changed, where an element
-    /// is infinite: the iteration might then not end.
+    /// is infinite or NaN: the iteration might then not end.
     VEXOR_API void Svd(VecDbl& singularValues);
     /// Of a symmetric matrix, of which only the upper triangle is read, the eigenvalues at the
     /// positions `firstIndex` to `lastIndex` in ascending order, from 0 and both included; the result

@@ -269,9 +269,9 @@ MatDbl MatDbl::GetInvertedCopy() const
 
 void MatDbl::Svd(VecDbl& singularValues)
 {
-    // With an infinity in the matrix the iteration of DGESVD may never end.
-    if (std::any_of(columns[0], columns[0] + CountOf(rowCount, columnCount),
-                    [](double element) { return std::isinf(element); }))
+    // With an infinity in the matrix, or a NaN beside zeros, the iteration of DGESVD may never end.
+    if (!std::all_of(columns[0], columns[0] + CountOf(rowCount, columnCount),
+                     [](double element) { return std::isfinite(element); }))
         RaiseComputationFailed();
 
     singularValues.Init(std::min(rowCount, columnCount), nullptr);
