@@ -4,10 +4,18 @@
 #include <support/Bits.h>
 
 #include <cmath>
+#include <cstdint>
 #include <cstring>
+#include <initializer_list>
 #include <random>
 #include <string>
 #include <vector>
+
+#if defined(__has_feature)
+#    if __has_feature(address_sanitizer)
+#        define VEXOR_TEST_ADDRESS_SANITIZER
+#    endif
+#endif
 
 // Every set of kernels that this machine can run, compared byte for byte with the loops that state the
 // rule. The kernels are compiled into this program once more, as the library keeps its own to itself.
@@ -200,25 +208,70 @@ void CheckVectorSingle(int rows, int columns, Operands& operands)
     }
 }
 
-void CheckTranspose(int rows, int columns)
+/// Elements that a copy through arithmetic would change: NaN of all payloads and both signs, denormals,
+/// zeros of both signs, and between them numbers that differ, so that none can stand in for another.
+std::vector<double> BitPatterns(std::size_t count)
 {
-    // All elements differ, so that none can stand in for another.
-    std::vector<double> matrix(Count(rows, columns));
-    std::vector<double> expected(matrix.size());
+    constexpr std::uint64_t sign = 0x8000000000000000u;
+    constexpr std::uint64_t quietNan = 0x7ff8000000000000u;
+    std::vector<double> values(count);
+    for (std::size_t k = 0; k < count; ++k) {
+        std::uint64_t const number = k + 1;
+        std::uint64_t const patterns[] = {quietNan | number, number, sign | quietNan | number, 0,
+                                          sign | number,     sign};
+        std::uint64_t pattern = patterns[k / 2 % 6];
+        if (k % 2 == 0) {
+            double const finite = 1.0 + double(k);
+            std::memcpy(&pattern, &finite, sizeof pattern);
+        }
+        std::memcpy(&values[k], &pattern, sizeof pattern);
+    }
+    return values;
+}
+
+std::vector<double> Transposed(int rows, int columns, std::vector<double> const& matrix)
+{
+    std::vector<double> result(matrix.size());
     for (int j = 0; j < columns; ++j) {
         for (int i = 0; i < rows; ++i)
-            expected[At(j, i, columns)] = matrix[At(i, j, rows)] = 1.0 + double(At(i, j, rows));
+            std::memcpy(&result[At(j, i, columns)], &matrix[At(i, j, rows)], sizeof(double));
     }
+    return result;
+}
+
+bool SameBytes(double const* actual, std::vector<double> const& expected)
+{
+    return std::memcmp(actual, expected.data(), expected.size() * sizeof(double)) == 0;
+}
+
+/// With the matrix that many elements after the start of a line of cache.
+void CheckTransposeInPlace(int rows, std::size_t offset, std::vector<double> const& matrix,
+                           std::vector<double> const& expected)
+{
+    constexpr std::size_t line = 8;
+    constexpr double guard = -12345.0;
+    for (KernelSet const* set : RunnableSets()) {
+        std::vector<double> room(matrix.size() + 3 * line, guard);
+        std::size_t const past = reinterpret_cast<std::uintptr_t>(room.data()) / sizeof(double) % line;
+        double* const start = room.data() + line + (line - past) + offset;
+        std::memcpy(start, matrix.data(), matrix.size() * sizeof(double));
+        set->transposeSquare(rows, start);
+        ASSERT_TRUE(SameBytes(start, expected)) << Shape(*set, rows, rows) << ", offset " << offset;
+        for (double const* at = room.data(); at != room.data() + room.size(); ++at)
+            ASSERT_TRUE((at >= start && at < start + matrix.size()) || *at == guard)
+                << Shape(*set, rows, rows) << " wrote outside";
+    }
+}
+
+void CheckTranspose(int rows, int columns)
+{
+    std::vector<double> const matrix = BitPatterns(Count(rows, columns));
+    std::vector<double> const expected = Transposed(rows, columns, matrix);
     for (KernelSet const* set : RunnableSets()) {
         Guarded<double> result(expected.size());
         set->transposeInto(rows, columns, matrix.data(), result.Data());
+        ASSERT_TRUE(SameBytes(result.Data(), expected)) << Shape(*set, rows, columns);
         ASSERT_TRUE(result.Equals(expected)) << Shape(*set, rows, columns);
-        if (rows == columns) {
-            Guarded<double> square(expected.size());
-            std::memcpy(square.Data(), matrix.data(), matrix.size() * sizeof(double));
-            set->transposeSquare(rows, square.Data());
-            ASSERT_TRUE(square.Equals(expected)) << Shape(*set, rows, columns) << ", in place";
-        }
     }
 }
 
@@ -393,7 +446,7 @@ TEST(Kernels, MultiplyVectorSingleRoundsEachTermAndEachSum)
 
 // ---- Transposition ---------------------------------------------------------------------------------------
 
-TEST(Kernels, Transpose)
+TEST(Kernels, TransposeInto)
 {
     for (int rows = 1; rows <= 70; ++rows) {
         for (int columns = 1; columns <= 70; ++columns)
@@ -407,6 +460,24 @@ TEST(Kernels, Transpose)
     CheckTranspose(1000, 1);
     CheckTranspose(129, 517);
     CheckTranspose(517, 517);
+}
+
+TEST(Kernels, TransposeSquare)
+{
+    auto const check = [](int size, std::initializer_list<std::size_t> offsets) {
+        std::vector<double> const matrix = BitPatterns(Count(size, size));
+        std::vector<double> const expected = Transposed(size, size, matrix);
+        for (std::size_t offset : offsets)
+            CheckTransposeInPlace(size, offset, matrix, expected);
+    };
+    for (int size = 1; size <= 200; ++size)
+        check(size, {0, std::size_t(size) % 8});
+    // Around the sizes at which the blocks change, and where the columns compete for the cache.
+    for (int size : {160, 168, 176, 184, 256, 384, 512})
+        check(size, {0, 1, 2, 3, 4, 5, 6, 7});
+    for (int size :
+         {255, 257, 511, 513, 640, 768, 1023, 1024, 1025, 1248, 1249, 1250, 1280, 1281, 1288, 1408})
+        check(size, {0, 2, 5});
 }
 
 // ---- The library's own choice ------------------------------------------------------------------------------
@@ -431,4 +502,54 @@ TEST(Kernels, MatDblGivesTheSameBits)
                 ASSERT_TRUE(SameBits(transposed(k, i), a(i, k))) << size;
         }
     }
+}
+
+TEST(Kernels, MatDblTransposesEveryBit)
+{
+    auto const check = [](int rows, int columns) {
+        std::vector<double> const matrix = BitPatterns(Count(rows, columns));
+        std::vector<double> const expected = Transposed(rows, columns, matrix);
+        std::vector<double> block = matrix;
+        MatDbl view(rows, columns, block.data());
+        MatDbl own(view);
+        ASSERT_TRUE(SameBytes(&view.GetTransposedCopy()(0, 0), expected)) << rows << " x " << columns;
+        ASSERT_TRUE(SameBytes(&own.Transpose()(0, 0), expected)) << rows << " x " << columns;
+        ASSERT_EQ(own.RowCount(), columns);
+        ASSERT_EQ(own.ColumnCount(), rows);
+        ASSERT_TRUE(SameBytes(&own.Transpose()(0, 0), matrix)) << rows << " x " << columns << ", twice";
+        view.Transpose();
+        ASSERT_TRUE(SameBytes(block.data(), expected)) << rows << " x " << columns << ", a view";
+    };
+    for (int size = 1; size <= 200; ++size) {
+        check(size, size);
+        check(size, size + 1);
+        check(2 * size, size);
+        check(size, 201 - size);
+    }
+    check(512, 512);
+    check(513, 513);
+    check(1024, 1024);
+    check(1281, 1281);
+    check(500, 1300);
+    check(1300, 500);
+}
+
+TEST(Kernels, BlocksBeginAtALineOfCache)
+{
+#if defined(VEXOR_CHECKED) || defined(__SANITIZE_ADDRESS__) || defined(VEXOR_TEST_ADDRESS_SANITIZER)
+    GTEST_SKIP() << "these builds take exact blocks";
+#endif
+    auto const isAtLine = [](MatDbl const& matrix) {
+        return reinterpret_cast<std::uintptr_t>(&matrix(0, 0)) % 64 == 0;
+    };
+    for (int rows = 1; rows <= 40; ++rows) {
+        for (int columns : {1, 2, 3, 17, 64}) {
+            MatDbl matrix(rows, columns, 1.0);
+            EXPECT_TRUE(isAtLine(matrix)) << rows << " x " << columns;
+            EXPECT_TRUE(isAtLine(matrix.GetTransposedCopy())) << rows << " x " << columns;
+            matrix.ReSize(rows + 1, columns);
+            EXPECT_TRUE(isAtLine(matrix)) << rows << " x " << columns;
+        }
+    }
+    EXPECT_TRUE(isAtLine(MatDbl(1000, 1000)));
 }

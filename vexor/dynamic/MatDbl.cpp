@@ -57,7 +57,7 @@ MatDbl::MatDbl(Mat3Dbl const& other) : MatDbl(3, 3, nullptr)
 MatDbl::~MatDbl()
 {
     if (!isExternal)
-        ReturnBytes(columns[0]);
+        ReturnBlock(columns[0]);
     ReturnBytes(columns);
     ReturnBytes(pivots);
 }
@@ -69,7 +69,7 @@ MatDbl& MatDbl::operator=(MatDbl const& other)
     bool const needsPivots = other.pivots && !(staysAsItIs && pivots);
     Owned<int> freshPivots = needsPivots ? TakeOrRaise<int>(PivotArrayLength(other.rowCount)) : nullptr;
     // The other may be a view on our own block, which therefore lives until the copy is made.
-    Owned<double> const retired(Shape(other.rowCount, other.columnCount, nullptr));
+    OwnedBlock const retired(Shape(other.rowCount, other.columnCount, nullptr));
 
     CopyRun(columns[0], other.columns[0], CountOf(other));
     if (other.pivots) {
@@ -95,7 +95,7 @@ void MatDbl::ReSize(int rows, int cols, double value, double* externalStorage)
 
 void MatDbl::Init(int rows, int cols, double* externalStorage)
 {
-    ReturnBytes(Shape(rows, cols, externalStorage));
+    ReturnBlock(Shape(rows, cols, externalStorage));
 }
 
 double* MatDbl::Shape(int rows, int cols, double* externalStorage)
@@ -111,8 +111,7 @@ double* MatDbl::Shape(int rows, int cols, double* externalStorage)
     VEXOR_CHECK(!externalStorage || isExternal || externalStorage != oldBlock,
                 "a matrix's own block is no caller's storage for it");
     Owned<double*> newTable = cols == columnCount ? nullptr : TakeOrRaise<double*>(cols);
-    Owned<double> newBlock =
-        externalStorage || keepsBlock ? nullptr : TakeOrRaise<double>(CountOf(rows, cols));
+    OwnedBlock newBlock = externalStorage || keepsBlock ? nullptr : TakeBlockOrRaise(CountOf(rows, cols));
 
     // From here on nothing fails.
     double* const block = externalStorage ? externalStorage : keepsBlock ? oldBlock : newBlock.release();
@@ -264,7 +263,7 @@ MatDbl& MatDbl::Transpose()
         TransposeSquare(rowCount, columns[0]);
         return *this;
     }
-    Owned<double> const source = TakeOrRaise<double>(CountOf(*this));
+    OwnedBlock const source = TakeBlockOrRaise(CountOf(*this));
     CopyRun(source.get(), columns[0], CountOf(*this));
     Init(columnCount, rowCount, isExternal ? columns[0] : nullptr);
     TransposeInto(columnCount, rowCount, source.get(), columns[0]);

@@ -196,8 +196,8 @@ void MatDbl::SolveLinearLeastSquares(VecDbl& b)
 void MatDbl::SolveLinearLeastSquares(MatDbl& b)
 {
     RequireSameSize(b.rowCount, rowCount);
-    Owned<double> resized =
-        rowCount == columnCount ? nullptr : TakeOrRaise<double>(CountOf(columnCount, b.columnCount));
+    OwnedBlock resized =
+        rowCount == columnCount ? nullptr : TakeBlockOrRaise(CountOf(columnCount, b.columnCount));
     ReleasePivots();
     Workspace<double> work(128, std::max(rowCount, columnCount));
     if (rowCount < columnCount)
@@ -224,7 +224,7 @@ void MatDbl::MoveRowsTo(double* block, int rows)
     for (int j = 0; j < columnCount; ++j)
         CopyRun(block + CountOf(rows, j), columns[j], carried);
     if (!isExternal)
-        ReturnBytes(columns[0]);
+        ReturnBlock(columns[0]);
     for (int j = 0; j < columnCount; ++j)
         columns[j] = block + CountOf(rows, j);
     rowCount = rows;
@@ -238,7 +238,7 @@ MatDbl& MatDbl::Invert()
 {
     RequireSameSize(rowCount, columnCount);
     std::int64_t const count = CountOf(rowCount, rowCount);
-    Owned<double> inverse = TakeOrRaise<double>(count);
+    OwnedBlock inverse = TakeBlockOrRaise(count);
     FillRun(inverse.get(), count, 0.0);
     for (int i = 0; i < rowCount; ++i)
         inverse[static_cast<std::size_t>(CountOf(rowCount, i) + i)] = 1.0;

@@ -467,10 +467,14 @@ void TransposeInto(int rows, int columns, double const* matrix, double* result)
     Transpose<VEXOR_KERNEL_WIDTH>(rows, columns, matrix, result);
 }
 
-/// Side of the part of a matrix that is transposed in place before the next one is begun, so that the
-/// lines of cache that it touches stay there until they are used up. A part of a large matrix whose
-/// columns lie a power of two apart competes with itself for a few places in the cache: hence small.
-constexpr int transposeBlock = 16;
+/// Asks for the lines of cache in which a square's columns begin, to be written.
+template <int width>
+VEXOR_KERNEL_INLINE void AskFor(double const* square, Distance stride)
+{
+    VEXOR_UNROLL
+    for (int j = 0; j < width; ++j)
+        __builtin_prefetch(square + j * stride, 1);
+}
 
 /// Swaps the elements of some rows, in the columns before `endColumn` and left of the diagonal, with those
 /// opposite.
@@ -486,8 +490,11 @@ inline void SwapElements(int beginRow, int endRow, int endColumn, Distance strid
 }
 
 /// Transposes in place: squares in pairs, those on the diagonal by themselves, and element by element
-/// the rows before the first whole square and after the last.
-void TransposeSquare(int rows, double* matrix)
+/// the rows before the first whole square and after the last. The pairs come in blocks of that side, so that
+/// the lines of cache that a block touches stay there until they are used up. A pair may ask for the lines of
+/// the one `ahead` rows further down, and as many columns further right.
+template <int block, int ahead>
+inline void TransposeInPlace(int rows, double* matrix)
 {
     constexpr int width = VEXOR_KERNEL_WIDTH;
     constexpr int line = 8;
@@ -496,13 +503,17 @@ void TransposeSquare(int rows, double* matrix)
     int const end = rows - (rows - begin) % width;
 
     SwapElements(0, end, begin, stride, matrix);
-    for (int j0 = begin; j0 < end; j0 += transposeBlock) {
-        int const jEnd = j0 + transposeBlock < end ? j0 + transposeBlock : end;
-        for (int i0 = begin; i0 <= j0; i0 += transposeBlock) {
+    for (int j0 = begin; j0 < end; j0 += block) {
+        int const jEnd = j0 + block < end ? j0 + block : end;
+        for (int i0 = begin; i0 <= j0; i0 += block) {
             for (int j = j0; j < jEnd; j += width) {
-                for (int i = i0; i < i0 + transposeBlock && i < j; i += width) {
+                for (int i = i0; i < i0 + block && i < j; i += width) {
                     double* const above = matrix + j * stride + i;
                     double* const below = matrix + i * stride + j;
+                    if (ahead != 0 && i + ahead < j) {
+                        AskFor<width>(above + ahead, stride);
+                        AskFor<width>(below + ahead * stride, stride);
+                    }
                     Square<width> upper;
                     Square<width> lower;
                     upper.Read(above, stride);
@@ -522,6 +533,31 @@ void TransposeSquare(int rows, double* matrix)
         square.Write(matrix + j * stride + j, stride);
     }
     SwapElements(end, rows, rows, stride, matrix);
+}
+
+/// Chooses the block by where the columns of a block fall in the caches. Those that lie a large power of two
+/// apart compete for a few places, hence small blocks; others gain from large ones. A huge matrix has each
+/// column on another page of memory and outgrows the caches, so that it pays to ask for lines early; with
+/// registers of a whole line, whose loads betray no direction to the processor, it does so sooner.
+void TransposeSquare(int rows, double* matrix)
+{
+    constexpr bool hasWholeLines = VEXOR_KERNEL_WIDTH >= 8;
+    constexpr int large = 400;
+    constexpr int huge = 1250;
+    if (rows % 256 == 0) {
+        if (!hasWholeLines || rows < large)
+            TransposeInPlace<16, 0>(rows, matrix);
+        else if (rows < huge)
+            TransposeInPlace<16, 8>(rows, matrix);
+        else
+            TransposeInPlace<24, 24>(rows, matrix);
+    } else if (rows >= huge) {
+        TransposeInPlace<32, 32>(rows, matrix);
+    } else if (rows % 128 == 0) {
+        TransposeInPlace<32, 0>(rows, matrix);
+    } else {
+        TransposeInPlace<64, 0>(rows, matrix);
+    }
 }
 
 } // namespace

@@ -5,6 +5,14 @@
 #include <new>
 #include <type_traits>
 
+#if defined(VEXOR_CHECKED) || defined(__SANITIZE_ADDRESS__)
+#    define VEXOR_EXACT_BLOCKS
+#elif defined(__has_feature)
+#    if __has_feature(address_sanitizer)
+#        define VEXOR_EXACT_BLOCKS
+#    endif
+#endif
+
 namespace vexor::detail {
 
 void* TakeBytes(std::int64_t count, std::int64_t elementSize) noexcept
@@ -39,5 +47,46 @@ template Owned<double> Take<double>(std::int64_t count) noexcept;
 template Owned<float> Take<float>(std::int64_t count) noexcept;
 template Owned<int> Take<int>(std::int64_t count) noexcept;
 template Owned<double*> Take<double*>(std::int64_t count) noexcept;
+
+#if defined(VEXOR_EXACT_BLOCKS)
+
+double* TakeBlock(std::int64_t count) noexcept
+{
+    return Take<double>(count).release();
+}
+
+void ReturnBlock(double* block) noexcept
+{
+    ReturnBytes(block);
+}
+
+#else
+
+namespace {
+constexpr int line = 64;
+}
+
+double* TakeBlock(std::int64_t count) noexcept
+{
+    constexpr std::int64_t extra = line / sizeof(double);
+    auto* const start = static_cast<unsigned char*>(TakeBytes(count + extra, sizeof(double)));
+    if (!start)
+        return nullptr;
+    // At least one byte lies between the two starts: the last one tells how many.
+    auto const skipped = static_cast<unsigned char>(line - reinterpret_cast<std::uintptr_t>(start) % line);
+    unsigned char* const block = start + skipped;
+    block[-1] = skipped;
+    return reinterpret_cast<double*>(block);
+}
+
+void ReturnBlock(double* block) noexcept
+{
+    if (!block)
+        return;
+    auto* const bytes = reinterpret_cast<unsigned char*>(block);
+    ReturnBytes(bytes - bytes[-1]);
+}
+
+#endif
 
 } // namespace vexor::detail

@@ -44,6 +44,32 @@ inline Owned<Element> TakeOrRaise(std::int64_t count)
     return block;
 }
 
+// The elements of a matrix begin at the start of a line of cache, so that no register of the kernels
+// straddles two lines where the row count allows for it. The allocator promises less: a block asks it for
+// some room more and begins within. Checked builds, and those under AddressSanitizer, take exact blocks, so
+// that an access beyond either end does not fall into that room.
+
+/// Elements of a matrix, unset (in checked builds signalling NaNs), or null. Such a block goes back by
+/// ReturnBlock alone.
+double* TakeBlock(std::int64_t count) noexcept;
+void ReturnBlock(double* block) noexcept;
+
+struct ReturnToBlocks {
+    void operator()(double* block) const noexcept { ReturnBlock(block); }
+};
+
+/// A matrix's block on its way into or out of the object.
+using OwnedBlock = std::unique_ptr<double[], ReturnToBlocks>;
+
+/// A block, raising `VexorAllocationFailed` where there is no storage.
+inline OwnedBlock TakeBlockOrRaise(std::int64_t count)
+{
+    OwnedBlock block(TakeBlock(count));
+    if (!block)
+        RaiseAllocationFailed();
+    return block;
+}
+
 /// Workspace of a driver: `multiple` elements for each of `dimension`. LAPACK takes its length as an
 /// int, so workspace whose length is none cannot be had and raises `VexorAllocationFailed` like any
 /// other that is not there.
