@@ -103,6 +103,19 @@ def against(results, operations, peers):
     return table(["operation", "n", "time"] + peers, rows)
 
 
+def transposes(results):
+    """Beside the peer's ratio the one it would have were vexor to do no more than move the bytes."""
+    rows = []
+    for operation in ("Transpose", "GetTransposedCopy"):
+        for size in results.sizes[operation]:
+            times = results.at(operation, size)
+            if not {"vexor", "Eigen", "moving alone"} <= times.keys():
+                continue
+            rows.append([f"`{operation}`", size, duration(times["vexor"]), ratio(times, "Eigen"),
+                         duration(times["moving alone"]), f"{times['Eigen'] / times['moving alone']:.2f}"])
+    return table(["operation", "n", "time", "Eigen", "moving alone", "most that Eigen's ratio can be"], rows)
+
+
 def fixed(files, size):
     """One table over the groups: time an element, and each peer as a ratio."""
     rows = []
@@ -244,10 +257,11 @@ def main():
         "PRODUCTS": products(dynamic),
         "VECTORS": against(dynamic, ["MatrixTimesVector"], ["OpenBLAS", "Eigen"]),
         "SINGLES": against(dynamic, ["MatrixTimesSingleVector"], []),
-        "TRANSPOSES": against(dynamic, ["Transpose", "GetTransposedCopy"], ["Eigen"]),
+        "TRANSPOSES": transposes(dynamic),
         "SUMS": against(dynamic, ["Sum", "Dot", "LengthSquared"], ["additions alone", "Eigen"]),
         "DRIVERS": against(dynamic, ["Solve", "ReSolve", "SolveSym", "SolveLinearLeastSquares", "Invert", "Svd",
-                                     "EigenSym", "EigenSym with vectors"], ["LAPACK"]),
+                                     "EigenSym", "EigenSym with vectors"],
+                           ["LAPACK", "with workspace"]),
         "FIXED": "\n".join(sections),
         "OTHERS": "\n".join(others),
         "GUARD": table(["flags", "arrays of 1,000", "a single call"], guards),

@@ -7,6 +7,7 @@
 
 #include <functional>
 #include <memory>
+#include <new>
 
 // Each driver of MatDbl beside the call to LAPACK that it makes. Both start from a fresh copy of the
 // operands in storage that is there already; the direct call also has its workspace at hand.
@@ -73,10 +74,10 @@ struct Problem {
 
 using Step = std::function<void(Problem&)>;
 
-void RegisterDriver(std::string const& operation, int rows, int columns, bool isSymmetric,
-                    Step const& prepare, Step const& wrapper, Step const& direct)
+void RegisterLibrary(std::string const& operation, char const* library, int rows, int columns,
+                     bool isSymmetric, Step const& prepare, Step const& step)
 {
-    auto const time = [=](benchmark::State& state, Step const& step) {
+    bench::Register(operation, library, std::to_string(columns), [=](benchmark::State& state) {
         Problem problem(rows, columns, isSymmetric);
         problem.Reset();
         prepare(problem);
@@ -86,10 +87,14 @@ void RegisterDriver(std::string const& operation, int rows, int columns, bool is
             benchmark::ClobberMemory();
         }
         bench::Require(problem.info == 0, operation);
-    };
-    std::string const size = std::to_string(columns);
-    bench::Register(operation, "vexor", size, [=](benchmark::State& state) { time(state, wrapper); });
-    bench::Register(operation, "LAPACK", size, [=](benchmark::State& state) { time(state, direct); });
+    });
+}
+
+void RegisterDriver(std::string const& operation, int rows, int columns, bool isSymmetric,
+                    Step const& prepare, Step const& wrapper, Step const& direct)
+{
+    RegisterLibrary(operation, "vexor", rows, columns, isSymmetric, prepare, wrapper);
+    RegisterLibrary(operation, "LAPACK", rows, columns, isSymmetric, prepare, direct);
 }
 
 void Nothing(Problem&) {}
@@ -133,6 +138,14 @@ void RegisterDrivers(int n)
         });
     RegisterDriver(
         "SolveSym", n, n, true, Nothing, [](Problem& p) { p.matrix.SolveSym(p.solution); }, Dsysv);
+    // The direct call with the allocation that the wrapper makes for each call.
+    RegisterLibrary("SolveSym", "with workspace", n, n, true, Nothing, [](Problem& p) {
+        void* const work = ::operator new(sizeof(double) * std::size_t(p.length), std::nothrow);
+        bench::Require(work != nullptr, "workspace");
+        dsysv_("U", &p.m, &p.one, p.Block(), &p.m, p.pivots.data(), &p.solution[0], &p.m,
+               static_cast<double*>(work), &p.length, &p.info, oneLetter);
+        ::operator delete(work);
+    });
     RegisterDriver(
         "SolveLinearLeastSquares", 2 * n, n, false, Nothing,
         [](Problem& p) {

@@ -55,6 +55,16 @@ void RegisterTranspose(int size)
             benchmark::ClobberMemory();
         }
     });
+    // What no transposition in place can go below: each element is read and written where it lies, in
+    // order and by the widest registers, and only changes its sign.
+    bench::Register("Transpose", "moving alone", std::to_string(size), [size](benchmark::State& state) {
+        Matrix matrix = MakeMatrix(size, size, 1);
+        for (auto _ : state) {
+            matrix = -matrix;
+            benchmark::DoNotOptimize(matrix.data());
+            benchmark::ClobberMemory();
+        }
+    });
     bench::Register("GetTransposedCopy", "Eigen", std::to_string(size), [size](benchmark::State& state) {
         Matrix const matrix = MakeMatrix(size, size, 1);
         for (auto _ : state) {

@@ -151,6 +151,12 @@ void RegisterTranspose(int size)
     std::string const name = std::to_string(size);
     bench::Register("Transpose", "vexor", name, [size](benchmark::State& state) {
         MatDbl matrix = Matrix(size, size, 1);
+        MatDbl const original(matrix);
+        matrix.Transpose();
+        for (int i = 0; i < size; ++i) {
+            for (int j = 0; j < size; ++j)
+                bench::Require(matrix(i, j) == original(j, i), "Transpose");
+        }
         for (auto _ : state) {
             matrix.Transpose();
             benchmark::ClobberMemory();
@@ -167,6 +173,17 @@ void RegisterTranspose(int size)
         for (int i = 0; i < size; ++i) {
             for (int j = 0; j < size; ++j)
                 bench::Require(result(i, j) == matrix(j, i), "GetTransposedCopy");
+        }
+    });
+    // What no way to make a transposed copy can go below: the result is made, and its bytes are written.
+    bench::Register("GetTransposedCopy", "moving alone", name, [size](benchmark::State& state) {
+        MatDbl const matrix = Matrix(size, size, 1);
+        std::size_t const bytes = sizeof(double) * std::size_t(size) * std::size_t(size);
+        for (auto _ : state) {
+            MatDbl result(size, size);
+            std::memcpy(&result(0, 0), &matrix(0, 0), bytes);
+            benchmark::DoNotOptimize(&result(0, 0));
+            benchmark::ClobberMemory();
         }
     });
 }

@@ -27,7 +27,7 @@ inline std::vector<ProductShape> const productShapes = {
     {20, 20, 2000},  {1000, 10, 1000}, {10, 1000, 1000},   {1000, 1000, 1}};
 
 inline std::vector<int> const vectorSizes = {2, 4, 8, 16, 32, 64, 128, 256, 512, 1024, 2048};
-inline std::vector<int> const transposeSizes = {4, 8, 16, 32, 64, 100, 128, 256, 512, 1024};
+inline std::vector<int> const transposeSizes = {4, 8, 16, 32, 64, 100, 128, 256, 500, 512, 1000, 1024, 1025};
 inline std::vector<int> const sumSizes = {16, 256, 1000, 10000};
 inline std::vector<int> const driverSizes = {4, 16, 64, 256};
 
