@@ -94,14 +94,14 @@ GridFit FitAndPrintGrid(std::vector<ControlPoint> controls)
     std::printf("\n");
     int const blunder = FindBlunder(controls);
     if (blunder < 0) {
-        GridFit const fit = FitToGrid(controls);
+        GridFit fit = FitToGrid(controls);
         PrintGrid(fit);
         return fit;
     }
     double const rmsOfAll = FitToGrid(controls).rmsResidual;
     ControlPoint const spoiler = controls[static_cast<std::size_t>(blunder)];
     controls.erase(controls.begin() + blunder);
-    GridFit const fit = FitToGrid(controls);
+    GridFit fit = FitToGrid(controls);
     std::printf("Station %s is left out: drawn off by %.2f m, it alone raises the rms from %.2f to %.2f m.\n",
                 spoiler.name.c_str(), fit.ResidualOf(spoiler).Length(), fit.rmsResidual, rmsOfAll);
     PrintGrid(fit);
