@@ -433,11 +433,20 @@ inline int PastLineStart(int rows, double const* matrix, int large)
     return static_cast<int>(reinterpret_cast<std::uintptr_t>(matrix) / sizeof(double) % line);
 }
 
+/// A matrix, or a part of one, and the distance between its columns.
+template <class Element>
+struct Part {
+    Element* start;
+    Distance stride;
+};
+
 /// Goes through the matrix in strips of some rows, across all columns. So the result is written in a few
 /// columns side by side, each from its beginning to its end, and no line of cache of either matrix is
-/// wanted again when its strip is done, however its columns compete for places in the cache.
+/// wanted again when its strip is done, however its columns compete for places in the cache. The first
+/// strip and the first column may begin before the matrix, by so many rows and columns.
 template <int width>
-void Transpose(int rows, int columns, double const* matrix, double* result)
+void Transpose(int rows, int columns, Part<double const> matrix, Part<double> result, int rowsBefore = 0,
+               int columnsBefore = 0)
 {
     if constexpr (width > 1) {
         if (rows < width || columns < width)
@@ -448,23 +457,23 @@ void Transpose(int rows, int columns, double const* matrix, double* result)
     auto const place = [](int at, int count) {
         return Distance(at < 0 ? 0 : at + width <= count ? at : count - width);
     };
-    constexpr int large = 100;
-    int const firstColumn = -PastLineStart(columns, result, large);
-    for (int i = -PastLineStart(rows, matrix, large); i < rows; i += width) {
+    for (int i = -rowsBefore; i < rows; i += width) {
         Distance const row = place(i, rows);
-        for (int j = firstColumn; j < columns; j += width) {
+        for (int j = -columnsBefore; j < columns; j += width) {
             Distance const column = place(j, columns);
             Square<width> square;
-            square.Read(matrix + column * rows + row, rows);
+            square.Read(matrix.start + column * matrix.stride + row, matrix.stride);
             square.Transpose();
-            square.Write(result + row * columns + column, columns);
+            square.Write(result.start + row * result.stride + column, result.stride);
         }
     }
 }
 
 void TransposeInto(int rows, int columns, double const* matrix, double* result)
 {
-    Transpose<VEXOR_KERNEL_WIDTH>(rows, columns, matrix, result);
+    constexpr int large = 100;
+    Transpose<VEXOR_KERNEL_WIDTH>(rows, columns, {matrix, rows}, {result, columns},
+                                  PastLineStart(rows, matrix, large), PastLineStart(columns, result, large));
 }
 
 /// Asks for the lines of cache in which a square's columns begin, to be written.
@@ -535,16 +544,43 @@ inline void TransposeInPlace(int rows, double* matrix)
     SwapElements(end, rows, rows, stride, matrix);
 }
 
-/// Chooses the block by where the columns of a block fall in the caches. Those that lie a large power of two
-/// apart compete for a few places, hence small blocks; others gain from large ones. A huge matrix has each
-/// column on another page of memory and outgrows the caches, so that it pays to ask for lines early; with
-/// registers of a whole line, whose loads betray no direction to the processor, it does so sooner.
+/// Transposes in place, part after part through a buffer on the stack (32 KiB). Each part is read and written
+/// in long runs down its columns: where registers straddle lines of cache that compete for a few places, a
+/// line is done with before it is driven out.
+inline void TransposeByParts(int rows, double* matrix)
+{
+    constexpr int side = 64;
+    alignas(64) double buffer[side * side];
+    Distance const stride = rows;
+    for (int j0 = 0; j0 < rows; j0 += side) {
+        int const width = rows - j0 < side ? rows - j0 : side;
+        for (int i0 = 0; i0 <= j0; i0 += side) {
+            int const height = rows - i0 < side ? rows - i0 : side;
+            double* const above = matrix + j0 * stride + i0;
+            double* const below = matrix + i0 * stride + j0;
+            for (int j = 0; j < width; ++j)
+                __builtin_memcpy(buffer + j * side, above + j * stride, sizeof(double) * unsigned(height));
+            if (i0 != j0)
+                Transpose<VEXOR_KERNEL_WIDTH>(width, height, {below, stride}, {above, stride});
+            Transpose<VEXOR_KERNEL_WIDTH>(height, width, {buffer, side}, {below, stride});
+        }
+    }
+}
+
+/// Chooses the way by where the columns fall in the caches. Those that lie a large power of two apart
+/// compete for a few places, hence small blocks, or the way through a buffer where a register is less than
+/// a line or straddles two; others gain from large blocks. A huge matrix has each column on another page of
+/// memory and outgrows the caches, so that it pays to ask for lines early; with registers of a whole line,
+/// whose loads betray no direction to the processor, it does so sooner.
 void TransposeSquare(int rows, double* matrix)
 {
     constexpr bool hasWholeLines = VEXOR_KERNEL_WIDTH >= 8;
     constexpr int large = 400;
     constexpr int huge = 1250;
-    if (rows % 256 == 0) {
+    bool const straddles = rows > 512 && rows % 512 == 1;
+    if (straddles || (!hasWholeLines && rows % 512 == 0)) {
+        TransposeByParts(rows, matrix);
+    } else if (rows % 256 == 0) {
         if (!hasWholeLines || rows < large)
             TransposeInPlace<16, 0>(rows, matrix);
         else if (rows < huge)
