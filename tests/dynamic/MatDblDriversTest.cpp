@@ -823,6 +823,25 @@ TEST(MatDbl, EigenSymShapesItsResult)
         EXPECT_EQ(element, 9.0);
 }
 
+TEST(MatDbl, EigenSymLeavesNoValueUnsetBesideNans)
+{
+    Numbers numbers(12);
+    for (int n : {2, 3, 4, 5, 8}) {
+        for (int at = 0; at < n * n; ++at) {
+            for (int first : {0, n / 2, n - 1}) {
+                MatDbl m = RandomMatrix(n, n, numbers);
+                for (int i = 0; i < n; ++i)
+                    m(i, (i + at) % n) = 0.0;
+                m(std::min(at / n, at % n), std::max(at / n, at % n)) = vexor_test::nan;
+                VecDbl values(n, 7e77); // what the driver leaves alone would keep it
+                ReturnsOrRaises([&] { m.EigenSym(values, at % 2, first, n - 1); });
+                for (int i = 0; i < n; ++i)
+                    EXPECT_NE(values[i], 7e77) << n << ", " << at << ", " << first;
+            }
+        }
+    }
+}
+
 // ---- All drivers -----------------------------------------------------------------------------------
 
 TEST(MatDbl, NoDriverHangsOnNanOrInfinity)

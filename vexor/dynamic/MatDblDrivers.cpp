@@ -12,6 +12,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 #include <numeric>
 
 using namespace vexor::detail;
@@ -296,6 +297,8 @@ void MatDbl::EigenSym(VecDbl& eigenValues, int wantVectors, int firstIndex, int 
     int const selected = iu - il + 1;
     bool const wantsAll = il == 1 && iu == rowCount;
     eigenValues.Init(rowCount, nullptr);
+    // With a NaN in the matrix the driver may find fewer values and report success all the same.
+    FillRun(eigenValues.values, rowCount, std::numeric_limits<double>::quiet_NaN());
 
     // The vectors come in columns, here to be copied into rows. They start as zeros, since a driver
     // that fails need not write them.
