@@ -78,7 +78,7 @@ def product_flops(size):
 
 
 def products(results):
-    peers = ["OpenBLAS", "Eigen", "plain loops"]
+    peers = ["OpenBLAS", "OpenBLAS, new result", "Eigen", "plain loops"]
     head = ["n", "time", "GFLOP/s"] + peers
     parts = []
     for title, wanted in (("n × n × n", square), ("rows × inner × columns", lambda s: not square(s))):
@@ -253,6 +253,7 @@ def main():
         "MACHINE": machine(),
         "COMPILERS": ", ".join(compilers),
         "LIBRARIES": libraries,
+        "OPENBLAS": dynamic.context["openblas"],
         "CHART": os.path.relpath(picture, page.parent),
         "PRODUCTS": products(dynamic),
         "VECTORS": against(dynamic, ["MatrixTimesVector"], ["OpenBLAS", "Eigen"]),

@@ -5,7 +5,8 @@
 #include <support/Bench.h>
 
 // The products and the transposition of MatDbl, and OpenBLAS on the same operands. Each vexor result is
-// a new matrix or vector, as the operators give it; DGEMM and DGEMV write to one that is there already.
+// a new matrix or vector, as the operators give it; DGEMM and DGEMV write to one that is there already, but
+// for the row that says otherwise.
 
 extern "C" {
 void dgemm_(char const* transa, char const* transb, int const* m, int const* n, int const* k,
@@ -14,6 +15,7 @@ void dgemm_(char const* transa, char const* transb, int const* m, int const* n, 
 void dgemv_(char const* trans, int const* m, int const* n, double const* alpha, double const* a,
             int const* lda, double const* x, int const* incx, double const* beta, double* y, int const* incy,
             std::size_t);
+char const* openblas_get_corename(void);
 }
 
 namespace {
@@ -93,6 +95,16 @@ void RegisterProduct(bench::ProductShape shape)
         bench::RequireClose(Elements(result), Elements(left * right), "DGEMM");
         for (auto _ : state) {
             Dgemm(left, right, result);
+            benchmark::ClobberMemory();
+        }
+    });
+    bench::Register("Product", "OpenBLAS, new result", name, [shape](benchmark::State& state) {
+        MatDbl const left = Matrix(shape.rows, shape.inner, 1);
+        MatDbl const right = Matrix(shape.inner, shape.columns, 2);
+        for (auto _ : state) {
+            MatDbl result(shape.rows, shape.columns, nullptr);
+            Dgemm(left, right, result);
+            benchmark::DoNotOptimize(&result(0, 0));
             benchmark::ClobberMemory();
         }
     });
@@ -189,6 +201,7 @@ void RegisterTranspose(int size)
 }
 
 [[maybe_unused]] bool const registered = [] {
+    benchmark::AddCustomContext("openblas", openblas_get_corename());
     for (bench::ProductShape const& shape : bench::productShapes)
         RegisterProduct(shape);
     for (int size : bench::vectorSizes)
