@@ -297,9 +297,6 @@ void MatDbl::EigenSym(VecDbl& eigenValues, int wantVectors, int firstIndex, int 
     int const selected = iu - il + 1;
     bool const wantsAll = il == 1 && iu == rowCount;
     eigenValues.Init(rowCount, nullptr);
-    // With a NaN in the matrix the driver may find fewer values and report success all the same.
-    FillRun(eigenValues.values, rowCount, std::numeric_limits<double>::quiet_NaN());
-
     // The vectors come in columns, here to be copied into rows. They start as zeros, since a driver
     // that fails need not write them.
     std::int64_t const vectorElements = wantVectors ? CountOf(rowCount, selected) : 1;
@@ -308,6 +305,9 @@ void MatDbl::EigenSym(VecDbl& eigenValues, int wantVectors, int firstIndex, int 
     Workspace<double> work(140, rowCount);
     Workspace<int> integerWork(5, rowCount);
     Workspace<int> unconverged(1, rowCount);
+
+    // With a NaN in the matrix the driver may find fewer values and report success all the same.
+    FillRun(eigenValues.values, rowCount, std::numeric_limits<double>::quiet_NaN());
 
     double const unused = 0.0; // the bounds of an interval, which is not how values are selected here
     double const defaultTolerance = 0.0;
