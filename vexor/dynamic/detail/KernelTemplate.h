@@ -549,13 +549,16 @@ inline void TransposeInPlace(int rows, double* matrix)
 /// line is done with before it is driven out.
 inline void TransposeByParts(int rows, double* matrix)
 {
-    constexpr int side = 64;
+    constexpr Distance side = 64;
     alignas(64) double buffer[side * side];
     Distance const stride = rows;
-    for (int j0 = 0; j0 < rows; j0 += side) {
-        int const width = rows - j0 < side ? rows - j0 : side;
-        for (int i0 = 0; i0 <= j0; i0 += side) {
-            int const height = rows - i0 < side ? rows - i0 : side;
+    auto const count = [rows](Distance from) {
+        return static_cast<int>(rows - from < side ? rows - from : side);
+    };
+    for (Distance j0 = 0; j0 < rows; j0 += side) {
+        int const width = count(j0);
+        for (Distance i0 = 0; i0 <= j0; i0 += side) {
+            int const height = count(i0);
             double* const above = matrix + j0 * stride + i0;
             double* const below = matrix + i0 * stride + j0;
             for (int j = 0; j < width; ++j)
