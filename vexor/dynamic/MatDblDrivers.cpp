@@ -297,6 +297,7 @@ void MatDbl::EigenSym(VecDbl& eigenValues, int wantVectors, int firstIndex, int 
     int const selected = iu - il + 1;
     bool const wantsAll = il == 1 && iu == rowCount;
     eigenValues.Init(rowCount, nullptr);
+
     // The vectors come in columns, here to be copied into rows. They start as zeros, since a driver
     // that fails need not write them.
     std::int64_t const vectorElements = wantVectors ? CountOf(rowCount, selected) : 1;
