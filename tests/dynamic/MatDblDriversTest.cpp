@@ -835,7 +835,7 @@ TEST(MatDbl, EigenSymLeavesNoValueUnsetBesideNans)
                 m(std::min(at / n, at % n), std::max(at / n, at % n)) = vexor_test::nan;
                 VecDbl values(n, 7e77); // what the driver leaves alone would keep it
                 ReturnsOrRaises([&] { m.EigenSym(values, at % 2, first, n - 1); });
-                for (int i = 0; i < n; ++i)
+                for (int i = 0; i < n - first; ++i)
                     EXPECT_NE(values[i], 7e77) << n << ", " << at << ", " << first;
             }
         }

@@ -180,8 +180,10 @@ public:
     /// positions `firstIndex` to `lastIndex` in ascending order, from 0 and both included; the result
     /// has the matrix's size, and elements behind the selected ones mean nothing. With `wantVectors`
     /// not 0, row k becomes the unit eigenvector of the value in element k; without, the matrix is
-    /// lost. Raises `VexorDimensionMismatch`, with nothing changed, unless the matrix is square and
-    /// 0 ≤ firstIndex ≤ lastIndex < size; else as `Svd`.
+    /// lost. A selected value that the driver does not find, as can happen beside a NaN, is a NaN. Raises
+    /// `VexorDimensionMismatch`, with nothing changed, unless the matrix is square and
+    /// 0 ≤ firstIndex ≤ lastIndex < size; `VexorAllocationFailed` as `Svd`; and `VexorComputationFailed`
+    /// where the iteration fails.
     VEXOR_API void EigenSym(VecDbl& eigenValues, int wantVectors, int firstIndex, int lastIndex);
 
 private:

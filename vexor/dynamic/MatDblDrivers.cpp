@@ -308,7 +308,7 @@ void MatDbl::EigenSym(VecDbl& eigenValues, int wantVectors, int firstIndex, int 
     Workspace<int> unconverged(1, rowCount);
 
     // With a NaN in the matrix the driver may find fewer values and report success all the same.
-    FillRun(eigenValues.values, rowCount, std::numeric_limits<double>::quiet_NaN());
+    FillRun(eigenValues.values, selected, std::numeric_limits<double>::quiet_NaN());
 
     double const unused = 0.0; // the bounds of an interval, which is not how values are selected here
     double const defaultTolerance = 0.0;
