@@ -4,10 +4,12 @@
 
 #include <gtest/gtest.h>
 
+#include <cstddef>
 #include <fstream>
 #include <functional>
 #include <map>
 #include <string>
+#include <vector>
 
 // Holds the table of allocations in docs/performance.md: every row names an operation below, and every
 // operation has its row.
@@ -130,4 +132,48 @@ TEST(AllocationCount, AsDocumented)
         counted[entry.first] = vexor_test::CountRequests(fresh.All().at(entry.first));
     }
     EXPECT_EQ(counted, documented);
+}
+
+TEST(AllocationCount, WorkspaceIsAFixedMultipleOfTheDimension)
+{
+#if defined(_WIN32)
+    if (vexor_test::CountRequests([] { VecDbl const v; }) == 0)
+        GTEST_SKIP() << "a DLL has heap operators of its own, which a program cannot replace";
+#endif
+    using Sizes = std::vector<std::size_t>;
+    for (int n : {1, 3, 4, 40}) {
+        std::size_t const size = std::size_t(n);
+        std::size_t const doubles = size * sizeof(double);
+        std::size_t const integers = size * sizeof(int);
+        MatDbl a(n, n, 0.0);
+        for (int i = 0; i < n; ++i)
+            a(i, i) = 1.0 + i;
+        VecDbl v(n, 1.0);
+        VecDbl values(n);
+
+        MatDbl sym(a);
+        Sizes const solve = vexor_test::RequestedSizes([&] { sym.SolveSym(v); });
+        EXPECT_EQ(solve.back(), 128 * doubles) << n; // behind the pivots
+
+        MatDbl square(a);
+        EXPECT_EQ(vexor_test::RequestedSizes([&] { square.SolveLinearLeastSquares(v); }),
+                  Sizes{128 * doubles});
+        MatDbl again(a);
+        EXPECT_EQ(vexor_test::RequestedSizes([&] { again.Svd(values); }), Sizes{128 * doubles});
+
+        // The vectors or, without them, one double; then the three workspaces.
+        MatDbl alone(a);
+        EXPECT_EQ(vexor_test::RequestedSizes([&] { alone.EigenSym(values, 0, 0, n - 1); }),
+                  (Sizes{sizeof(double), 140 * doubles, 5 * integers, integers}));
+        MatDbl vectors(a);
+        EXPECT_EQ(vexor_test::RequestedSizes([&] { vectors.EigenSym(values, 1, 0, n - 1); }),
+                  (Sizes{size * doubles, 140 * doubles, 5 * integers, integers}));
+    }
+
+    // Of a matrix that is not square, the larger dimension counts.
+    MatDbl tall(7, 3, 1.0);
+    VecDbl values(3);
+    EXPECT_EQ(vexor_test::RequestedSizes([&] { tall.Svd(values); }), Sizes{128 * 7 * sizeof(double)});
+    MatDbl wide(3, 7, 1.0);
+    EXPECT_EQ(vexor_test::RequestedSizes([&] { wide.Svd(values); }), Sizes{128 * 7 * sizeof(double)});
 }

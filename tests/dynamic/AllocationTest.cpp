@@ -26,12 +26,16 @@ constexpr std::size_t headerSize = alignof(std::max_align_t);
 
 std::atomic<long> liveBlocks{0};
 std::atomic<int> requests{0};
+std::size_t sizes[16] = {}; // of the requests since sizesFrom
+std::atomic<int> sizesFrom{0};
 std::atomic<int> refuseAt{0}; // counts down to the request that is refused; 0 for none
 vexor_test::Refusal refusalForm = vexor_test::Refusal::BadAlloc;
 
 void* TakeBlock(std::size_t bytes)
 {
-    ++requests;
+    int const request = requests++ - sizesFrom;
+    if (request >= 0 && request < 16)
+        sizes[request] = bytes;
     if (refuseAt > 0 && --refuseAt == 0) {
         switch (refusalForm) {
         case vexor_test::Refusal::BadAlloc:
@@ -134,6 +138,13 @@ int CountRequests(std::function<void()> const& operation)
     int const before = requests;
     operation();
     return requests - before;
+}
+
+std::vector<std::size_t> RequestedSizes(std::function<void()> const& operation)
+{
+    sizesFrom = requests.load();
+    int const count = std::min(CountRequests(operation), 16);
+    return std::vector<std::size_t>(sizes, sizes + count);
 }
 
 bool RunWithRefusal(int k, Refusal form, std::function<void()> const& operation)

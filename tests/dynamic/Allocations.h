@@ -1,4 +1,5 @@
 #pragma once
+#include <cstddef>
 #include <functional>
 #include <vector>
 
@@ -19,6 +20,9 @@ long LiveBlocks();
 
 /// Runs the operation and tells how many blocks it asked for.
 int CountRequests(std::function<void()> const& operation);
+
+/// Runs the operation and tells how many bytes each block has that it asked for, in order; of the first 16.
+std::vector<std::size_t> RequestedSizes(std::function<void()> const& operation);
 
 /// Runs the operation with its k-th request, from 1, refused. True if there was such a request and
 /// `VexorAllocationFailed` came of it, false if the operation ran through; any other exception leaves.
