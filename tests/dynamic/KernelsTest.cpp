@@ -305,17 +305,19 @@ TEST(Kernels, MultiplyColumnMajorInfinitiesAndNan)
 }
 
 // Large enough to be packed: every remainder of rows and columns, and partial sums that wait in the
-// result for one and for two further blocks of the inner index.
-TEST(Kernels, MultiplyColumnMajorBlocks)
+// result for one and for two further stretches of the inner index.
+TEST(Kernels, MultiplyColumnMajorPacked)
 {
     for (Kind kind : {Kind::Finite, Kind::Special}) {
         Operands operands(kind, 3);
-        for (int rows = 41; rows <= 120; ++rows)
-            CheckProduct(rows, 17 + rows % 16, 250 + rows % 16, operands);
-        for (int columns = 9; columns <= 34; ++columns)
-            CheckProduct(49, columns, 257, operands);
-        for (int inner : {255, 256, 257, 511, 512, 513, 600})
-            CheckProduct(103, 27, inner, operands);
+        for (int rows = 65; rows <= 100; ++rows)
+            CheckProduct(rows, 65 + rows % 16, 506 + rows % 16, operands);
+        for (int columns = 60; columns <= 85; ++columns)
+            CheckProduct(66, columns, 513, operands);
+        for (int inner : {511, 512, 513, 1023, 1024, 1025, 1100})
+            CheckProduct(71, 67, inner, operands);
+        CheckProduct(1, 70, 33000, operands);
+        CheckProduct(5, 70, 7000, operands);
     }
 }
 

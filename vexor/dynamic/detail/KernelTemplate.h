@@ -79,11 +79,9 @@ VEXOR_KERNEL_INLINE void AddProduct(Register<float, width>& sum, Register<double
 constexpr int tileVectors = 3;
 constexpr int tileColumns = VEXOR_KERNEL_COLUMNS;
 
-/// The packed part of the left operand: 96 KiB on the stack, which is a small part of any stack and
-/// of the second-level cache.
-constexpr int blockRows = 48;
-constexpr int blockInner = 256;
-static_assert(blockRows % (tileVectors * VEXOR_KERNEL_WIDTH) == 0, "a block holds whole tiles");
+/// How many inner steps of a tile's rows are packed at a time: at most 96 KiB on the stack, which is a small
+/// part of any stack and of the second-level cache.
+constexpr int panelInner = 512;
 
 /// Where a tile reads and writes: each operand's first element and the distance from column to column.
 struct TileOperands {
@@ -167,7 +165,7 @@ int NextRows(int rest)
     constexpr int full = tileVectors * width;
     if (rest <= full)
         return rest;
-    return rest < full + width ? full - width : full;
+    return rest <= full + width ? full - width : full;
 }
 
 /// The columns of the next step, at most `most`; the last two steps share what is left, as narrow ones
@@ -194,52 +192,33 @@ void Pack(int rows, int inner, double const* from, Distance stride, double* to)
     }
 }
 
-/// Fetches a stretch of some columns into the cache ahead of their use.
-inline void Prefetch(int columns, double const* from, Distance stride, int begin, int end)
+/// A tile's rows times all columns.
+template <int width>
+void MultiplyAcross(int rows, int columns, int inner, bool startsAtZero, TileOperands const& operands)
 {
-    constexpr int line = 8;
-    for (int j = 0; j < columns; ++j) {
-        for (int k = begin; k < end; k += line)
-            __builtin_prefetch(from + j * stride + k);
+    for (int j = 0, across = 0; j < columns; j += across) {
+        across = NextColumns(columns - j, tileColumns);
+        MultiplyAnyTile<width>(rows, across, inner, startsAtZero,
+                               {operands.left, operands.leftStride,
+                                operands.right + j * operands.rightStride, operands.rightStride,
+                                operands.result + j * operands.resultStride, operands.resultStride});
     }
 }
 
-/// The product where the left operand is too large to be read in place again and again: block by block
-/// it is packed, and multiplied into every column of the result.
+/// The product where the left operand is too large to be read in place again and again: a tile's rows are
+/// packed, a stretch of inner steps at a time, and multiplied into every column of the result.
 template <int width>
 void MultiplyPacked(int rows, int columns, int inner, double const* left, double const* right, double* result)
 {
-    alignas(64) double packed[blockRows * blockInner];
+    alignas(64) double panel[tileVectors * width * panelInner];
 
-    for (int k0 = 0; k0 < inner; k0 += blockInner) {
-        int const depth = inner - k0 < blockInner ? inner - k0 : blockInner;
-        for (int i0 = 0, height = 0; i0 < rows; i0 += height) {
-            int const rest = rows - i0;
-            height = rest < blockRows ? rest : blockRows;
-            // With a width of 1 never. NOLINTNEXTLINE(misc-redundant-expression)
-            if (rest > blockRows && rest < blockRows + width)
-                height -= tileVectors * width; // leaves the last block enough for a register
-
-            for (int i = 0, step = 0; i < height; i += step) {
-                step = NextRows<width>(height - i);
-                double const* const from = left + Distance(k0) * rows + i0 + i;
-                Pack<width>(step, depth, from, rows, packed + Distance(i) * depth);
-            }
-            for (int j = 0, across = 0; j < columns; j += across) {
-                across = NextColumns(columns - j, tileColumns);
-                double const* const factors = right + Distance(j) * inner + k0;
-                int const nextAcross =
-                    j + across < columns ? NextColumns(columns - j - across, tileColumns) : 0;
-                for (int i = 0, step = 0; i < height; i += step) {
-                    step = NextRows<width>(height - i);
-                    // Each tile fetches its share of the factors that follow these.
-                    Prefetch(nextAcross, factors + Distance(across) * inner, inner, depth * i / height,
-                             depth * (i + step) / height);
-                    MultiplyAnyTile<width>(step, across, depth, k0 == 0,
-                                           {packed + Distance(i) * depth, step, factors, inner,
-                                            result + Distance(j) * rows + i0 + i, rows});
-                }
-            }
+    for (int k = 0; k < inner; k += panelInner) {
+        int const depth = inner - k < panelInner ? inner - k : panelInner;
+        for (int i = 0, step = 0; i < rows; i += step) {
+            step = NextRows<width>(rows - i);
+            Pack<width>(step, depth, left + Distance(k) * rows + i, rows, panel);
+            MultiplyAcross<width>(step, columns, depth, k == 0,
+                                  {panel, step, right + k, inner, result + i, rows});
         }
     }
 }
@@ -251,12 +230,7 @@ void MultiplyInPlace(int rows, int columns, int inner, double const* left, doubl
 {
     for (int i = 0, step = 0; i < rows; i += step) {
         step = NextRows<width>(rows - i);
-        for (int j = 0, across = 0; j < columns; j += across) {
-            across = NextColumns(columns - j, tileColumns);
-            MultiplyAnyTile<width>(
-                step, across, inner, true,
-                {left + i, rows, right + Distance(j) * inner, inner, result + Distance(j) * rows + i, rows});
-        }
+        MultiplyAcross<width>(step, columns, inner, true, {left + i, rows, right, inner, result + i, rows});
     }
 }
 
@@ -267,9 +241,10 @@ void Multiply(int rows, int columns, int inner, double const* left, double const
         if (rows < width)
             return Multiply<width / 2>(rows, columns, inner, left, right, result);
     }
-    // Packing pays where a packed element is used often and the operand outgrows the first-level cache.
-    bool const packs = width == VEXOR_KERNEL_WIDTH && columns > 2 * tileColumns
-                       && Distance(rows) * inner > 2048 && rows > tileVectors * width;
+    // Packing pays where a packed element is used often and the operand, at 256 KiB, outgrows the
+    // second-level cache of some processors: its columns are then far apart for caches and pages.
+    bool const packs =
+        width == VEXOR_KERNEL_WIDTH && columns > 8 * tileColumns && Distance(rows) * inner > 32768;
     if (packs)
         MultiplyPacked<width>(rows, columns, inner, left, right, result);
     else
