@@ -311,6 +311,11 @@ VEXOR_INLINE Mat3Dbl operator-(Mat3Dbl const& left, Mat3Dbl const& right)
 /// no element is −0.
 VEXOR_INLINE Mat3Dbl operator*(Mat3Dbl const& left, Mat3Dbl const& right)
 {
+#if defined(__GNUC__) && !defined(__clang__)
+    // Stands for no instruction. It keeps g++ from mixing the matrices of two turns of the caller's loop in
+    // one register, which takes more shuffles than it saves operations.
+    __asm__("");
+#endif
     auto const row = [&right](Vec3Dbl const& factors) {
         return ((Vec3Dbl(0.0) + factors.x * right.GetRow(0)) + factors.y * right.GetRow(1))
                + factors.z * right.GetRow(2);

@@ -199,9 +199,9 @@ void MultiplyAcross(int rows, int columns, int inner, bool startsAtZero, TileOpe
     for (int j = 0, across = 0; j < columns; j += across) {
         across = NextColumns(columns - j, tileColumns);
         MultiplyAnyTile<width>(rows, across, inner, startsAtZero,
-                               {operands.left, operands.leftStride,
-                                operands.right + j * operands.rightStride, operands.rightStride,
-                                operands.result + j * operands.resultStride, operands.resultStride});
+                               {operands.left, operands.leftStride, operands.right + j * operands.rightStride,
+                                operands.rightStride, operands.result + j * operands.resultStride,
+                                operands.resultStride});
     }
 }
 
