@@ -584,3 +584,18 @@ TEST(Allocation, EigenSym)
         }
     }
 }
+
+// The fixed-size matrix takes a matrix of run-time size (two blocks), a vector and the workspace for it.
+TEST(Allocation, SvdOfMat3Dbl)
+{
+    struct Fixed {
+        Mat3Dbl matrix = Mat3Dbl(Vec3Dbl(4, 1, 2), Vec3Dbl(1, 5, 3), Vec3Dbl(2, 3, 6));
+        Vec3Dbl values = Vec3Dbl(7, 8, 9);
+    };
+    RefuseEach<Fixed>(
+        4, [] { return std::make_unique<Fixed>(); }, [](Fixed& s) { s.matrix.Svd(s.values); },
+        [](Fixed const& s, int) {
+            EXPECT_EQ(s.matrix, Fixed().matrix);
+            EXPECT_EQ(s.values, Fixed().values);
+        });
+}
