@@ -81,6 +81,15 @@ TEST(VexorTolerance, SetAngle)
     EXPECT_NEAR(tolerance.sin2Angle, 0.2564f, 1e-4f); // sin 100 = −0.50637
 }
 
+TEST(VexorTolerance, SetAngleOfTheGlobalBringsBackItsStateAfterLoad)
+{
+    RestoreTolerance const restore;
+    gVexorTolerance.SetAngle(0.5);
+    gVexorTolerance.SetAngle(1e-7);
+    EXPECT_SAME_BITS(gVexorTolerance.GetSin2Angle(), atLoad.sin2Angle);
+    EXPECT_SAME_BITS(gVexorTolerance.GetAngle(), atLoad.angle);
+}
+
 // Of each angle: the square of the rounded sine differs both from the rounded square of the sine in
 // double and from what the sine of the rounded angle gives.
 TEST(VexorTolerance, SetAngleRoundsTheSineOfTheDoubleAngleAndThenItsSquare)

@@ -20,8 +20,8 @@ private:
     vexor_test::RestoreTolerance restore_;
 };
 
-/// `x` of length 3, `diagonal` at 45° to it and 1 apart from (3, 0): all within the global's tolerances
-/// and outside any smaller ones.
+/// `x` of length 3, `diagonal` at 45° to it, `nearX` 1 apart from it and `shortX` of length 1: all within the
+/// global's tolerances and outside any smaller ones.
 template <class Vector, class Scalar>
 void ExpectGlobalDefaults(Vector const& x, Vector const& diagonal, Vector const& nearX, Vector const& shortX)
 {

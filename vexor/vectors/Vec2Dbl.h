@@ -122,7 +122,8 @@ public:
                                               : vexor::detail::FullRangeLength(x, y, 0.0);
     }
     /// Divides each component by `Length()`: two divisions. Raises `VexorNullVector`, the vector
-    /// unchanged, if both components are exactly 0; however short, any other vector is normalised.
+    /// unchanged, if both components are exactly 0; however short or long, any other vector is normalised,
+    /// also where `Length()` itself is out of a double's range.
     VEXOR_INLINE Vec2Dbl& Normalize()
     {
         double const sum = LengthSquared();
@@ -208,8 +209,8 @@ public:
 
     // ---- Direction within a tolerance: as in Vec3Dbl -----------------------------------------
     // With d the dot product and A, B the squared lengths, Q = ((d·d) / A) / B is the squared cosine.
-    // A vector whose squared length is within the length tolerance has no direction: every one of
-    // these predicates answers 0 for it.
+    // A vector whose squared length is within the length tolerance has no direction: `IsParallelTo`,
+    // `IsCodirectionalTo` and `IsPerpendicularTo` answer 0 for it. The unit forms ask for no length.
 
     /// The same direction within the angle (sine squared) and a difference within the length
     /// (squared). Two exactly null vectors are equal; a vector that is not null but within the

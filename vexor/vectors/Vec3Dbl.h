@@ -156,7 +156,8 @@ public:
                                               : vexor::detail::FullRangeLength(x, y, z);
     }
     /// Divides each component by `Length()`: three divisions. Raises `VexorNullVector`, the vector
-    /// unchanged, if all components are exactly 0; however short, any other vector is normalised.
+    /// unchanged, if all components are exactly 0; however short or long, any other vector is normalised,
+    /// also where `Length()` itself is out of a double's range.
     VEXOR_INLINE Vec3Dbl& Normalize()
     {
         double const sum = LengthSquared();
@@ -255,8 +256,8 @@ public:
 
     // ---- Direction within a tolerance --------------------------------------------------------
     // With d the dot product and A, B the squared lengths, Q = ((d·d) / A) / B is the squared cosine.
-    // A vector whose squared length is within the length tolerance has no direction: every one of
-    // these predicates answers 0 for it.
+    // A vector whose squared length is within the length tolerance has no direction: `IsParallelTo`,
+    // `IsCodirectionalTo` and `IsPerpendicularTo` answer 0 for it. The unit forms ask for no length.
 
     /// The same direction within the angle (sine squared) and a difference within the length
     /// (squared). Two exactly null vectors are equal; a vector that is not null but within the
@@ -325,8 +326,8 @@ public:
     /// The component of this vector along `target`. Raises `VexorNullVector` if `target` is null.
     VEXOR_INLINE Vec3Dbl GetProjectionOnTo(Vec3Dbl const& target) const;
     /// A unit vector perpendicular to this one, in the plane of its smallest and largest component.
-    /// Never raises: a null vector yields (1, 0, 0), one too short for the global's length tolerance
-    /// a unit vector that is only roughly perpendicular.
+    /// Never raises: a null vector yields (1, 0, 0). Where the squares of those two components sum up to
+    /// no more than the global's length tolerance, the result is only roughly perpendicular.
     VEXOR_API Vec3Dbl GetPerpendicular() const;
     /// The unit vector perpendicular to this one and nearest to `reference`. Where (this × reference) ×
     /// this lies within the global's length tolerance, `GetPerpendicular()`.

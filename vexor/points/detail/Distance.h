@@ -9,8 +9,8 @@ VEXOR_EXACT_BEGIN
 
 namespace vexor::detail {
 
-/// sum + d², rounded to the element type once: for single elements the square and the addition are
-/// made in double, where the square is exact. The caller hands in d rounded to the element type.
+/// sum + d², made in double: for single elements the square is exact there, and the sum is rounded to
+/// single; for double elements the square and the sum are rounded each. The caller hands in d rounded to the element type.
 template <class Element>
 inline Element AddSquare(Element sum, Element difference)
 {

@@ -8,7 +8,7 @@
 // them; from there on everything is computed in double and rounded at the points named here, which
 // for double elements are no roundings at all.
 //
-// The functions return int and combine with &, without branches, so that a caller's loop vectorises.
+// Tests of direction return int and combine with &, without branches, so that a caller's loop vectorises.
 
 VEXOR_EXACT_BEGIN
 
