@@ -1121,6 +1121,56 @@ TEST(Mat3Dbl, EigenSymWithACoincidingUpperPairIsRightHanded)
     EXPECT_NEAR(Determinant(m), 1.0, 1e-14);
 }
 
+// Two neighbours are a pair if they lie less than ten units of 2⁻⁵², times the larger one, apart. A multiple of
+// an outer product, added to one of the unit matrix, has two equal eigenvalues, which rounding parts by some units.
+TEST(Mat3Dbl, EigenSymTakesNeighboursWithinTenUnitsForAPair)
+{
+    auto const coincide = [](double x, double y) {
+        double const larger = std::fabs(x) > std::fabs(y) ? std::fabs(x) : std::fabs(y);
+        return y == x || std::fabs(x - y) < larger * (10.0 * 2.220446049250313e-16);
+    };
+    int within = 0; // gaps of nine to ten units
+    int beyond = 0; // gaps of ten to eleven
+    for (int round = 0; round < 25 * 17 * 343; ++round) {
+        double const shift = round % 25 - 12;
+        double const factor = round / 25 % 17 - 8;
+        int const direction = round / 25 / 17;
+        double const v0 = direction % 7;
+        double const v1 = direction / 7 % 7;
+        double const v2 = direction / 49;
+        Mat3Dbl const matrix =
+            Symmetric(shift + factor * v0 * v0, factor * v0 * v1, factor * v0 * v2, shift + factor * v1 * v1,
+                      factor * v1 * v2, shift + factor * v2 * v2);
+        double expected[3];
+        if (!ReferenceEigenValues(matrix, expected))
+            continue;
+        for (int i = 0; i < 2; ++i) {
+            double const larger = std::fmax(std::fabs(expected[i]), std::fabs(expected[i + 1]));
+            double const units = (expected[i + 1] - expected[i]) / (larger * 0x1p-52);
+            within += units > 9 && units < 10;
+            beyond += units > 10 && units < 11;
+        }
+        Vec3Dbl const first = ReferenceEigenVector(matrix, expected[0]);
+        Vec3Dbl middle = ReferenceEigenVector(matrix, expected[1]);
+        Vec3Dbl last = ReferenceEigenVector(matrix, expected[2]);
+        if (coincide(expected[1], expected[2]))
+            last = first.Cross(middle);
+        else if (coincide(expected[0], expected[1]))
+            middle = first.Cross(last);
+
+        Mat3Dbl m(matrix);
+        Vec3Dbl values(9.0);
+        m.EigenSym(values, 1);
+        for (int i = 0; i < 3; ++i) {
+            ASSERT_TRUE(SameBits(m(0, i), first[i])) << "round " << round;
+            ASSERT_TRUE(SameBits(m(1, i), middle[i])) << "round " << round;
+            ASSERT_TRUE(SameBits(m(2, i), last[i])) << "round " << round;
+        }
+    }
+    EXPECT_GT(within, 100);
+    EXPECT_GT(beyond, 100);
+}
+
 TEST(Mat3Dbl, EigenSymIntoOneOfItsRows)
 {
     Mat3Dbl expected = Symmetric(4, 1, -2, 3, 0.5, 7);

@@ -205,13 +205,13 @@ public:
     }
 
     // ---- Solving ---------------------------------------------------------------------------------
-    // The matrix is factorised in place by `small_decompose`. It is singular if a row is all zeros, or if
-    // all candidates for a pivot are exactly zero or NaN; no tolerance is involved, and a nearly singular
+    // The matrix is factorised in place by `small_decompose`. It is singular if the elements of a row are all
+    // zeros or NaN, or if all candidates for a pivot are; no tolerance is involved, and a nearly singular
     // matrix yields huge results.
 
     /// Overwrites b by the solution x of A·x = b, and this matrix by its factors, for `ReSolve`. Raises
-    /// `VexorSingular`, with b unchanged; this matrix is then unchanged if it holds a row of zeros, and
-    /// partly transformed otherwise. A second `Solve` would factorise the factors.
+    /// `VexorSingular`, with b unchanged; this matrix is then unchanged if it holds a row of zeros and NaNs,
+    /// and partly transformed otherwise. A second `Solve` would factorise the factors.
     VEXOR_API void Solve(Vec3Dbl& rightSide);
     /// The same for an array of 1 or of 3 right-hand sides outside this matrix. With another count the
     /// right-hand sides are read at element k·`count` of the array seen as doubles, and with a count above

@@ -103,8 +103,9 @@ public:
     }
     /// Multiplies by 1 / √(((u² + v²) + w²) + s²), a reciprocal formed once, then clamps s into [−1, 1].
     /// A vector part that is exactly 0 sets s to 1, whatever it was: (0, 0, 0, 0) and (0, 0, 0, −1) become
-    /// the identity, and nothing is raised. The sum is the plain one, unlike that of the vectors: beyond
-    /// about 1e±154 it overflows or vanishes, and the components become zeros, infinities or NaN.
+    /// the identity, and nothing is raised. The sum is the plain one, unlike that of the vectors: above
+    /// about 1e154 it overflows and below 1e-162 it vanishes, and the components become zeros, infinities or
+    /// NaN; between 1e-162 and 1e-154 they lose digits.
     VEXOR_INLINE Quaternion& Normalize()
     {
         if (IsIdentity()) {
