@@ -173,6 +173,8 @@ TEST(FullRange, KnownLengths)
     double const largest = 0x1.fffffffffffffp+1023;
     EXPECT_SAME_BITS(Vec2Dbl(largest, largest).Length(), infinity);
     EXPECT_SAME_BITS(Vec3Dbl(largest, 0.0, -0.0).Length(), largest);
+    // x² + y² rounds to 2^1024 − 2^971, and z² makes a tie of it: only in this order does the sum overflow.
+    EXPECT_SAME_BITS(Vec3Dbl(0x1.fffffffffffffp+511, 0x1.0000000000001p+485, 0x1p+485).Length(), 0x1p+512);
     Vec3Dbl const cube = Vec3Dbl(largest).GetNormalizedCopy(); // though its length is beyond a double
     EXPECT_SAME_BITS(cube.x, Vec3Dbl(1.0).GetNormalizedCopy().x);
 }
