@@ -1137,7 +1137,7 @@ TEST(Mat3Dbl, EigenSymTakesNeighboursWithinTenUnitsForAPair)
         int const direction = round / 25 / 17;
         double const v0 = direction % 7;
         double const v1 = direction / 7 % 7;
-        double const v2 = direction / 49;
+        double const v2 = direction / 49 % 7;
         Mat3Dbl const matrix =
             Symmetric(shift + factor * v0 * v0, factor * v0 * v1, factor * v0 * v2, shift + factor * v1 * v1,
                       factor * v1 * v2, shift + factor * v2 * v2);

@@ -7,7 +7,8 @@
 
 void vexor::detail::StopOnMisuse(char const* file, int line, char const* what)
 {
-    std::fprintf(stderr, "%s:%d: vexor: %s\n", file, line, what);
+    // The program stops whether or not it could be told why.
+    static_cast<void>(std::fprintf(stderr, "%s:%d: vexor: %s\n", file, line, what));
     std::abort();
 }
 
