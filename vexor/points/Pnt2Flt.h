@@ -8,8 +8,8 @@ VEXOR_EXACT_BEGIN
 /// It is no smaller `Pnt3Flt`: it moves by double vectors and takes double scalars as well as single
 /// ones, and its operators round those differently. `p + v` keeps the double component to the end,
 /// `p += v` rounds it to single first, so the two can differ. There is no sum of two of these points
-/// and no order. A `Vec2Flt` can be assigned but moves no point: `p + w` widens one to a `Vec2Dbl`, and `p - w` does not
-/// compile, since w could as well stand for a point.
+/// and no order. A `Vec2Flt` can be assigned but moves no point: `p + w` widens one to a `Vec2Dbl`, and
+/// `p - w` does not compile, since w could as well stand for a point.
 class VEXOR_CLASS Pnt2Flt {
 public:
     float x; ///< Coordinate 0.

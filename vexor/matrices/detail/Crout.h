@@ -171,8 +171,8 @@ inline double SumOfTerms(int begin, int end, Term term)
     return sum;
 }
 
-/// Returns 0; −2 if the elements of a row are zeros or NaN, with no element changed; −3 if a column has no pivot, with the
-/// elements partly transformed.
+/// Returns 0; −2 if the elements of a row are zeros or NaN, with no element changed; −3 if a column has no
+/// pivot, with the elements partly transformed.
 template <class Rows>
 VEXOR_CROUT_INLINE int Decompose(Rows& rows)
 {

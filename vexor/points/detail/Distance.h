@@ -10,7 +10,8 @@ VEXOR_EXACT_BEGIN
 namespace vexor::detail {
 
 /// sum + d², made in double: for single elements the square is exact there, and the sum is rounded to
-/// single; for double elements the square and the sum are rounded each. The caller hands in d rounded to the element type.
+/// single; for double elements the square and the sum are rounded each. The caller hands in d rounded to
+/// the element type.
 template <class Element>
 inline Element AddSquare(Element sum, Element difference)
 {

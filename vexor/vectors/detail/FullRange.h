@@ -20,8 +20,8 @@ inline bool IsPlainSum(double sumOfSquares)
 /// √((x² + y²) + z²) where the sum is no plain one.
 VEXOR_API VEXOR_COLD double FullRangeLength(double x, double y, double z);
 
-/// Divides each component by that length, formed with an exponent of any size; raises `VexorNullVector`, with nothing changed, if all
-/// three are exactly zero.
+/// Divides each component by that length, formed with an exponent of any size; raises `VexorNullVector`,
+/// with nothing changed, if all three are exactly zero.
 VEXOR_API VEXOR_COLD void FullRangeNormalize(double& x, double& y, double& z);
 
 } // namespace vexor::detail
