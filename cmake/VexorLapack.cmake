@@ -42,7 +42,7 @@ function(vexor_require_returning_xerbla)
 
     set(sources "${PROJECT_SOURCE_DIR}/cmake/check_xerbla.cpp")
     if(VEXOR_LAPACK_STATIC)
-        list(APPEND sources "${PROJECT_SOURCE_DIR}/vexor/dynamic/detail/ParameterError.cpp")
+        list(APPEND sources "${PROJECT_SOURCE_DIR}/vexor/dynamic/private/ParameterError.cpp")
         set(own_routine COMPILE_DEFINITIONS -DVEXOR_LAPACK_STATIC)
     endif()
     try_run(status compiled SOURCES ${sources}

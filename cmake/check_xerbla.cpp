@@ -1,5 +1,5 @@
 // Run when the project is configured: does LAPACK return from a parameter that it rejects?
-#include <vexor/dynamic/detail/Lapack.h>
+#include <vexor/dynamic/private/Lapack.h>
 
 #include <cstdio>
 

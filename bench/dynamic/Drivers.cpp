@@ -1,6 +1,6 @@
 #include "Shapes.h"
 
-#include <vexor/dynamic/detail/Lapack.h>
+#include <vexor/dynamic/private/Lapack.h>
 #include <vexor/vexor.h>
 
 #include <support/Bench.h>

@@ -2,7 +2,7 @@
 // drivers here note their arguments, write what a test wants and report what it wants: a matrix that makes the
 // iterations of the real ones fail is not at hand.
 
-#include <vexor/dynamic/detail/Lapack.h>
+#include <vexor/dynamic/private/Lapack.h>
 
 #include <dynamic/Elements.h>
 

@@ -1,5 +1,5 @@
-#include <vexor/dynamic/detail/KernelSet.h>
 #include <vexor/dynamic/MatDbl.h>
+#include <vexor/dynamic/private/KernelSet.h>
 
 #include <support/Bits.h>
 

@@ -1,9 +1,9 @@
 #include <vexor/dynamic/MatDbl.h>
 
-#include <vexor/dynamic/detail/Kernels.h>
-#include <vexor/dynamic/detail/PivotMark.h>
-#include <vexor/dynamic/detail/Runs.h>
-#include <vexor/dynamic/detail/Storage.h>
+#include <vexor/dynamic/private/Kernels.h>
+#include <vexor/dynamic/private/PivotMark.h>
+#include <vexor/dynamic/private/Runs.h>
+#include <vexor/dynamic/private/Storage.h>
 
 #include <algorithm>
 

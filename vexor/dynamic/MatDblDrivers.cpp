@@ -4,11 +4,11 @@
 // workspace is a fixed multiple of a dimension, taken before the driver runs and given back when it has
 // returned, before INFO is looked at. Any INFO but 0 raises `VexorComputationFailed`.
 
-#include <vexor/dynamic/detail/Lapack.h>
-#include <vexor/dynamic/detail/PivotMark.h>
-#include <vexor/dynamic/detail/Runs.h>
-#include <vexor/dynamic/detail/Storage.h>
 #include <vexor/dynamic/MatDbl.h>
+#include <vexor/dynamic/private/Lapack.h>
+#include <vexor/dynamic/private/PivotMark.h>
+#include <vexor/dynamic/private/Runs.h>
+#include <vexor/dynamic/private/Storage.h>
 
 #include <algorithm>
 #include <cmath>

@@ -1,7 +1,7 @@
 #include <vexor/dynamic/VecDbl.h>
 
-#include <vexor/dynamic/detail/Runs.h>
-#include <vexor/dynamic/detail/Storage.h>
+#include <vexor/dynamic/private/Runs.h>
+#include <vexor/dynamic/private/Storage.h>
 
 #include <algorithm>
 

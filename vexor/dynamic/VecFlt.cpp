@@ -1,8 +1,8 @@
 #include <vexor/dynamic/VecFlt.h>
 
-#include <vexor/dynamic/detail/Kernels.h>
-#include <vexor/dynamic/detail/Runs.h>
-#include <vexor/dynamic/detail/Storage.h>
+#include <vexor/dynamic/private/Kernels.h>
+#include <vexor/dynamic/private/Runs.h>
+#include <vexor/dynamic/private/Storage.h>
 
 #include <algorithm>
 

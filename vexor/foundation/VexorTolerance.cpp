@@ -2,7 +2,7 @@
 
 #include <vexor/foundation/detail/Rounding.h>
 #include <vexor/foundation/detail/Scalar.h>
-#include <vexor/foundation/detail/StartUp.h>
+#include <vexor/foundation/private/StartUp.h>
 
 #include <cmath>
 

@@ -1,6 +1,6 @@
 #include <vexor/matrices/AffMat3Dbl.h>
 
-#include <vexor/vectors/detail/UnitAxis.h>
+#include <vexor/vectors/private/UnitAxis.h>
 
 AffMat3Dbl& AffMat3Dbl::Invert()
 {

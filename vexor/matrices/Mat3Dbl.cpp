@@ -1,10 +1,10 @@
 #include <vexor/dynamic/MatDbl.h>
 #include <vexor/dynamic/VecDbl.h>
 #include <vexor/foundation/detail/Scalar.h>
-#include <vexor/foundation/detail/StartUp.h>
-#include <vexor/matrices/detail/Crout.h>
-#include <vexor/matrices/detail/FactorMark.h>
+#include <vexor/foundation/private/StartUp.h>
 #include <vexor/matrices/Mat3Dbl.h>
+#include <vexor/matrices/private/Crout.h>
+#include <vexor/matrices/private/FactorMark.h>
 #include <vexor/matrices/SmallSolver.h>
 
 #include <cmath>

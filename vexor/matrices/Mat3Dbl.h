@@ -1,6 +1,6 @@
 #pragma once
-#include <vexor/foundation/detail/Pair.h>
 #include <vexor/foundation/detail/Rounding.h>
+#include <vexor/matrices/detail/Pair.h>
 #include <vexor/points/Pnt3Dbl.h>
 #include <vexor/points/Pnt3Flt.h>
 #include <vexor/vectors/Vec3Dbl.h>

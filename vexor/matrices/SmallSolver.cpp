@@ -1,6 +1,6 @@
 #include <vexor/matrices/SmallSolver.h>
 
-#include <vexor/matrices/detail/Crout.h>
+#include <vexor/matrices/private/Crout.h>
 
 #include <cstddef>
 

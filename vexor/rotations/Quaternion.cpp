@@ -1,6 +1,6 @@
 #include <vexor/rotations/Quaternion.h>
 
-#include <vexor/vectors/detail/UnitAxis.h>
+#include <vexor/vectors/private/UnitAxis.h>
 
 #include <cstddef>
 #include <type_traits>

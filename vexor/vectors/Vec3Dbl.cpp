@@ -1,6 +1,6 @@
 #include <vexor/vectors/Vec3Dbl.h>
 
-#include <vexor/vectors/detail/UnitAxis.h>
+#include <vexor/vectors/private/UnitAxis.h>
 
 using vexor::detail::Magnitude;
 

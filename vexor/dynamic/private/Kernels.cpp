@@ -1,6 +1,6 @@
-#include <vexor/dynamic/detail/Kernels.h>
+#include <vexor/dynamic/private/Kernels.h>
 
-#include <vexor/dynamic/detail/KernelSet.h>
+#include <vexor/dynamic/private/KernelSet.h>
 
 #if defined(VEXOR_WIDE_KERNELS)
 #    include <cpuid.h>

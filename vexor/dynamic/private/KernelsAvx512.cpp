@@ -1,4 +1,4 @@
-#include <vexor/dynamic/detail/KernelSet.h>
+#include <vexor/dynamic/private/KernelSet.h>
 #include <vexor/foundation/detail/Rounding.h>
 
 #include <cstddef>
@@ -19,7 +19,7 @@
 #    define VEXOR_KERNEL_NAME "AVX-512"
 #    define VEXOR_KERNEL_WIDTH 8
 #    define VEXOR_KERNEL_COLUMNS 8 // 32 registers
-#    include <vexor/dynamic/detail/KernelTemplate.h>
+#    include <vexor/dynamic/private/KernelTemplate.h>
 
 #    if defined(__clang__)
 #        pragma clang attribute pop

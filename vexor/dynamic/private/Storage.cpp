@@ -1,4 +1,4 @@
-#include <vexor/dynamic/detail/Storage.h>
+#include <vexor/dynamic/private/Storage.h>
 
 #include <cstddef>
 #include <limits>

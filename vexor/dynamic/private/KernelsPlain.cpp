@@ -1,4 +1,4 @@
-#include <vexor/dynamic/detail/KernelSet.h>
+#include <vexor/dynamic/private/KernelSet.h>
 #include <vexor/foundation/detail/Rounding.h>
 
 #include <cstddef>

@@ -1,4 +1,4 @@
-#include <vexor/dynamic/detail/KernelSet.h>
+#include <vexor/dynamic/private/KernelSet.h>
 #include <vexor/foundation/detail/Rounding.h>
 
 #include <cstddef>
@@ -18,7 +18,7 @@
 #    define VEXOR_KERNEL_NAME "AVX2"
 #    define VEXOR_KERNEL_WIDTH 4
 #    define VEXOR_KERNEL_COLUMNS 4 // 16 registers
-#    include <vexor/dynamic/detail/KernelTemplate.h>
+#    include <vexor/dynamic/private/KernelTemplate.h>
 
 #    if defined(__clang__)
 #        pragma clang attribute pop

@@ -1,5 +1,5 @@
 #pragma once
-#include <vexor/foundation/detail/Checksum.h>
+#include <vexor/foundation/private/Checksum.h>
 
 // How checked builds know the factors of a 3×3 matrix again. A row number takes two bits of its byte; of
 // the six above, which are 0 in a plain row order, one is set and five hold a part of a checksum of the nine

@@ -1,4 +1,4 @@
-#include <vexor/dynamic/detail/KernelSet.h>
+#include <vexor/dynamic/private/KernelSet.h>
 #include <vexor/foundation/detail/Rounding.h>
 
 #include <cstddef>
@@ -15,6 +15,6 @@
 #    else
 #        define VEXOR_KERNEL_COLUMNS 4 // 16 registers
 #    endif
-#    include <vexor/dynamic/detail/KernelTemplate.h>
+#    include <vexor/dynamic/private/KernelTemplate.h>
 
 #endif

@@ -1,5 +1,5 @@
 #pragma once
-#include <vexor/foundation/detail/Checksum.h>
+#include <vexor/foundation/private/Checksum.h>
 
 // How checked builds know which factorisation a pivot array belongs to, and the factors again: behind the
 // pivots stand three more integers, the kind and a checksum of the factors in two halves. A copy of the
