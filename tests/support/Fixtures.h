@@ -21,9 +21,7 @@ private:
 };
 
 /// Fills memory with a pattern, default-constructs a Value on it with parentheses, and tells whether
-/// the pattern is still there. A compiler may take the memory of a new object for indeterminate and
-/// drop what was stored before; the two empty statements, which claim to read and write all memory,
-/// keep it from that.
+/// the pattern is still there.
 template <class Value>
 bool DefaultConstructorWritesNothing()
 {
@@ -32,9 +30,7 @@ bool DefaultConstructorWritesNothing()
     for (std::size_t i = 0; i < sizeof(Value); ++i)
         pattern[i] = static_cast<unsigned char>(37 * i + 11);
     std::memcpy(memory, pattern, sizeof(Value));
-    __asm__ volatile("" : : "r"(memory) : "memory");
     Value* const value = ::new (static_cast<void*>(memory)) Value();
-    __asm__ volatile("" : : "r"(memory) : "memory");
     bool const untouched = std::memcmp(memory, pattern, sizeof(Value)) == 0;
     value->~Value();
     return untouched;

@@ -44,6 +44,15 @@
 #    define VEXOR_COLD
 #endif
 
+/// Stands before a default constructor that leaves the fields as the memory held them. g++ takes what such
+/// a constructor finds in memory for dead (-flifetime-dse=2, its default) and drops the stores before it;
+/// this has it drop only the stores after the end of an object's life. The constructor is inlined as before.
+#if defined(__GNUC__) && !defined(__clang__)
+#    define VEXOR_KEEP_MEMORY __attribute__((optimize("lifetime-dse=1")))
+#else
+#    define VEXOR_KEEP_MEMORY
+#endif
+
 // ---- The same bits in every client ---------------------------------------------------------------
 #if defined(__FAST_MATH__) || defined(_M_FP_FAST)                                                            \
     || (defined(__FINITE_MATH_ONLY__) && __FINITE_MATH_ONLY__ + 0 != 0)

@@ -16,7 +16,7 @@ public:
     // ---- Construction ------------------------------------------------------------------------
 
     /// Leaves the elements as the memory held them.
-    VEXOR_INLINE Mat2Dbl() {}
+    VEXOR_KEEP_MEMORY VEXOR_INLINE Mat2Dbl() {}
     /// All four elements take the value, not the diagonal alone.
     VEXOR_INLINE Mat2Dbl(double value) : rows{value, value} {}
     /// The arguments become the rows.

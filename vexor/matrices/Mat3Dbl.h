@@ -21,7 +21,7 @@ public:
     // ---- Construction ------------------------------------------------------------------------
 
     /// Leaves the elements as the memory held them.
-    VEXOR_INLINE Mat3Dbl() { LeavePivotOrderUnset(); }
+    VEXOR_KEEP_MEMORY VEXOR_INLINE Mat3Dbl() { LeavePivotOrderUnset(); }
     /// All nine elements take the value, not the diagonal alone.
     VEXOR_INLINE Mat3Dbl(double value) : rows{value, value, value} { LeavePivotOrderUnset(); }
     /// The arguments become the rows.

@@ -19,7 +19,7 @@ public:
     // ---- Construction ------------------------------------------------------------------------
 
     /// Leaves the coordinates as the memory held them.
-    VEXOR_INLINE Pnt2Dbl() { vexor::detail::LeaveUnset(x, y); }
+    VEXOR_KEEP_MEMORY VEXOR_INLINE Pnt2Dbl() { vexor::detail::LeaveUnset(x, y); }
     /// Both coordinates take the value.
     VEXOR_INLINE Pnt2Dbl(double value) : x(value), y(value) {}
     /// The coordinates, in order.

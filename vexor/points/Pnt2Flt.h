@@ -20,7 +20,7 @@ public:
     // `Pnt2Dbl::ToPnt2Flt`.
 
     /// Leaves the coordinates as the memory held them.
-    VEXOR_INLINE Pnt2Flt() { vexor::detail::LeaveUnset(x, y); }
+    VEXOR_KEEP_MEMORY VEXOR_INLINE Pnt2Flt() { vexor::detail::LeaveUnset(x, y); }
     /// Both coordinates take the value.
     VEXOR_INLINE Pnt2Flt(float value) : x(value), y(value) {}
     /// The coordinates, in order.

@@ -22,7 +22,7 @@ public:
     // ---- Construction ------------------------------------------------------------------------
 
     /// Leaves the coordinates as the memory held them.
-    VEXOR_INLINE Pnt3Dbl() { vexor::detail::LeaveUnset(x, y, z); }
+    VEXOR_KEEP_MEMORY VEXOR_INLINE Pnt3Dbl() { vexor::detail::LeaveUnset(x, y, z); }
     /// All three coordinates take the value.
     VEXOR_INLINE Pnt3Dbl(double value) : x(value), y(value), z(value) {}
     /// The coordinates, in order.

@@ -18,7 +18,7 @@ public:
     // `Pnt3Dbl::ToPnt3Flt`.
 
     /// Leaves the coordinates as the memory held them.
-    VEXOR_INLINE Pnt3Flt() { vexor::detail::LeaveUnset(x, y, z); }
+    VEXOR_KEEP_MEMORY VEXOR_INLINE Pnt3Flt() { vexor::detail::LeaveUnset(x, y, z); }
     /// All three coordinates take the value.
     VEXOR_INLINE Pnt3Flt(float value) : x(value), y(value), z(value) {}
     /// The coordinates, in order.

@@ -17,7 +17,7 @@ public:
     // There is no constructor from `Vec2Dbl`: narrowing takes an assignment or `Vec2Dbl::ToVec2Flt`.
 
     /// Leaves the components as the memory held them.
-    VEXOR_INLINE Vec2Flt() { vexor::detail::LeaveUnset(x, y); }
+    VEXOR_KEEP_MEMORY VEXOR_INLINE Vec2Flt() { vexor::detail::LeaveUnset(x, y); }
     /// Both components take the value.
     VEXOR_INLINE Vec2Flt(float value) : x(value), y(value) {}
     /// The components, in order.

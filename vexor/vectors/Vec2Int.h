@@ -18,7 +18,7 @@ public:
     // ---- Construction ------------------------------------------------------------------------
 
     /// Leaves the components as the memory held them.
-    VEXOR_INLINE Vec2Int() { vexor::detail::LeaveUnset(x, y); }
+    VEXOR_KEEP_MEMORY VEXOR_INLINE Vec2Int() { vexor::detail::LeaveUnset(x, y); }
     /// Both components take the value.
     VEXOR_INLINE Vec2Int(int value) : x(value), y(value) {}
     /// The components, in order.

@@ -32,7 +32,7 @@ public:
     // ---- Construction ------------------------------------------------------------------------
 
     /// Leaves the components as the memory held them.
-    VEXOR_INLINE Vec3Dbl() { vexor::detail::LeaveUnset(x, y, z); }
+    VEXOR_KEEP_MEMORY VEXOR_INLINE Vec3Dbl() { vexor::detail::LeaveUnset(x, y, z); }
     /// All three components take the value.
     VEXOR_INLINE Vec3Dbl(double value) : x(value), y(value), z(value) {}
     /// The components, in order.

@@ -18,7 +18,7 @@ public:
     // There is no constructor from `Vec3Dbl`: narrowing takes an assignment or `Vec3Dbl::ToVec3Flt`.
 
     /// Leaves the components as the memory held them.
-    VEXOR_INLINE Vec3Flt() { vexor::detail::LeaveUnset(x, y, z); }
+    VEXOR_KEEP_MEMORY VEXOR_INLINE Vec3Flt() { vexor::detail::LeaveUnset(x, y, z); }
     /// All three components take the value.
     VEXOR_INLINE Vec3Flt(float value) : x(value), y(value), z(value) {}
     /// The components, in order.
