@@ -31,7 +31,7 @@ std::vector<KernelSet const*> RunnableSets()
 #if defined(__GNUC__)
     sets.push_back(&vexor::detail::baseline::kernels);
 #endif
-#if defined(VEXOR_WIDE_KERNELS)
+#if defined(VEXOR_WIDE_SETS)
     if (vexor::detail::HasAvx2())
         sets.push_back(&vexor::detail::avx2::kernels);
     if (vexor::detail::HasAvx512())

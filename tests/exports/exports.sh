@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # Compares what the shared library exports with what this folder holds, or writes it anew.
-#   exports.sh symbols check|update LIBRARY   the list of exported symbols, exported_symbols.txt
+#   exports.sh symbols check|update LIBRARY   the list of exported symbols, exported_symbols.txt; and that no
+#                                             lock of a local static is imported
 #   exports.sh dll check LIBRARY              the same symbols in a DLL
 #   exports.sh abi check|update LIBRARY       types, layouts and signatures, vexor.abi; LIBRARY has
 #                                             debug information
@@ -37,6 +38,11 @@ symbols)
     list_symbols >"$work/symbols"
     if grep -E '^(non-virtual thunk to |(vtable|typeinfo|typeinfo name|guard variable) for )?(std|__gnu_cxx|__cxxabiv1)::|^operator (new|delete)|^[a-z0-9]+_$|_LAPACK|openblas' "$work/symbols"; then
         echo "The library exports the above, which are not its own." >&2
+        exit 1
+    fi
+    # A local static with an initialiser takes a lock at its first use. The library takes none.
+    if nm --dynamic --undefined-only "$library" | grep '__cxa_guard'; then
+        echo "The library imports the above: a local static has an initialiser that runs at first use." >&2
         exit 1
     fi
     if [ "$action" = update ]; then

@@ -26,6 +26,7 @@ void VexorTolerance::SetLength(double newLength)
     lengthSquared = vexor::detail::RoundToSingle(rounded * rounded);
 }
 
-// The two objects that the library sets at load stand in one source, which fixes their order.
+// The objects that the library sets at load stand in one source, which fixes their order.
+vexor::detail::InstructionSet const vexor::detail::instructionSet = vexor::detail::FastestInstructionSet();
 VexorTolerance gVexorTolerance;
 double const vexor::detail::squareRootOfThree = vexor::detail::SquareRoot(3.0);

@@ -1,13 +1,8 @@
 #pragma once
-#include <vexor/foundation/Config.h>
+#include <vexor/foundation/private/InstructionSets.h>
 
 // The kernels exist once for each instruction set worth having. They give the same bits, so that
-// which one runs is a matter of speed alone; it is chosen once, by what the CPU offers.
-
-// GCC for 64-bit Windows does not align the stack for registers of more than 128 bits.
-#if defined(__GNUC__) && defined(__x86_64__) && !(defined(_WIN32) && !defined(__clang__))
-#    define VEXOR_WIDE_KERNELS
-#endif
+// which one runs is a matter of speed alone; it is chosen at load, by what the CPU offers.
 
 namespace vexor::detail {
 
@@ -35,16 +30,13 @@ extern KernelSet const kernels;
 }
 #endif
 
-#if defined(VEXOR_WIDE_KERNELS)
+#if defined(VEXOR_WIDE_SETS)
 namespace avx2 {
 extern KernelSet const kernels;
 }
 namespace avx512 {
 extern KernelSet const kernels;
 }
-
-bool HasAvx2();
-bool HasAvx512();
 #endif
 
 } // namespace vexor::detail

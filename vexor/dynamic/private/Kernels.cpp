@@ -1,52 +1,20 @@
 #include <vexor/dynamic/private/Kernels.h>
 
 #include <vexor/dynamic/private/KernelSet.h>
-
-#if defined(VEXOR_WIDE_KERNELS)
-#    include <cpuid.h>
-#endif
+#include <vexor/foundation/private/StartUp.h>
 
 namespace vexor::detail {
 
-#if defined(VEXOR_WIDE_KERNELS)
-
-bool HasAvx2()
-{
-    return __builtin_cpu_supports("avx2");
-}
-
-bool HasAvx512()
-{
-    return __builtin_cpu_supports("avx512f") && __builtin_cpu_supports("avx512vl")
-           && __builtin_cpu_supports("avx512dq");
-}
-
-#endif
-
 namespace {
 
-#if defined(VEXOR_WIDE_KERNELS)
-
-/// Zen 4 (AMD family 19h) splits each 512-bit operation in two: its AVX2 kernels measure faster.
-bool SplitsWideOperations()
+/// The set for the instruction set that was found at load. Before, in another library's constructors, it
+/// is the baseline.
+KernelSet const& Chosen()
 {
-    unsigned a = 0, b = 0, c = 0, d = 0;
-    __cpuid(0, a, b, c, d);
-    bool const isAmd = b == signature_AMD_ebx && c == signature_AMD_ecx && d == signature_AMD_edx;
-    __cpuid(1, a, b, c, d);
-    unsigned const family = ((a >> 8) & 15) + ((a >> 20) & 255);
-    return isAmd && family == 0x19;
-}
-
-#endif
-
-/// The fastest set that the CPU has.
-KernelSet const& Choose()
-{
-#if defined(VEXOR_WIDE_KERNELS)
-    if (HasAvx512() && !SplitsWideOperations())
+#if defined(VEXOR_WIDE_SETS)
+    if (instructionSet == InstructionSet::Avx512)
         return avx512::kernels;
-    if (HasAvx2())
+    if (instructionSet == InstructionSet::Avx2)
         return avx2::kernels;
 #endif
 #if defined(__GNUC__)
@@ -54,12 +22,6 @@ KernelSet const& Choose()
 #else
     return plain::kernels;
 #endif
-}
-
-KernelSet const& Chosen()
-{
-    static KernelSet const& chosen = Choose();
-    return chosen;
 }
 
 } // namespace

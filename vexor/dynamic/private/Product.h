@@ -1,0 +1,206 @@
+#pragma once
+#include <vexor/foundation/private/Registers.h>
+
+// The product of two matrices in the registers of one instruction set (see Registers.h).
+//
+// The invariant that makes it the same as the plain triple loop: a lane of a register belongs to
+// one element of the result. It starts at 0.0 and takes that element's terms for rising k, one product
+// rounded and then one sum rounded, never fused. Vectors, tiles, packing and blocks settle only which
+// elements advance side by side and where their factors are read. Between two blocks of k an element
+// rests in the result itself, as a double, which loses nothing. Where a count is no multiple of the
+// width, the last register overlaps the one before it: the shared elements are then computed twice
+// from the same values, and stored twice with the same bits.
+
+VEXOR_SET_BEGIN
+
+namespace vexor::detail::VEXOR_SET {
+
+namespace {
+
+/// How many registers of rows a tile has: with tileColumns columns they fill three quarters
+/// of the register file with sums and leave the rest for factors.
+constexpr int tileVectors = 3;
+constexpr int tileColumns = registerCount / 4;
+
+/// How many inner steps of a tile's rows are packed at a time: at most 96 KiB on the stack, which is a small
+/// part of any stack and of the second-level cache.
+constexpr int panelInner = 512;
+
+/// Where a tile reads and writes: each operand's first element and the distance from column to column.
+struct TileOperands {
+    double const* left;
+    Offset leftStride;
+    double const* right;
+    Offset rightStride;
+    double* result;
+    Offset resultStride;
+};
+
+/// One tile of the result, its sums in registers for all of the inner steps. It has `rows` rows, more
+/// than (vectors − 1)·width and at most vectors·width. The sums start at 0 or where the result stands.
+template <int width, int vectors, int columns>
+void MultiplyTile(int rows, int inner, bool startsAtZero, TileOperands const& operands)
+{
+    using Vector = Register<double, width>;
+    Offset const lastRow = rows - width; // the last register's
+    auto const rowOf = [lastRow](int v) { return v < vectors - 1 ? Offset(v) * width : lastRow; };
+
+    Vector sums[columns][vectors];
+    VEXOR_UNROLL(16)
+    for (int j = 0; j < columns; ++j) {
+        VEXOR_UNROLL(16)
+        for (int v = 0; v < vectors; ++v) {
+            double const* const from = operands.result + j * operands.resultStride + rowOf(v);
+            sums[j][v] = startsAtZero ? Vector{} : Load<Vector>(from);
+        }
+    }
+
+    double const* left = operands.left;
+    double const* right = operands.right;
+    for (int k = 0; k < inner; ++k) {
+        Vector elements[vectors];
+        VEXOR_UNROLL(16)
+        for (int v = 0; v < vectors; ++v)
+            elements[v] = Load<Vector>(left + rowOf(v));
+        VEXOR_UNROLL(16)
+        for (int j = 0; j < columns; ++j) {
+            double const factor = right[j * operands.rightStride];
+            VEXOR_UNROLL(16)
+            for (int v = 0; v < vectors; ++v)
+                sums[j][v] += elements[v] * factor;
+        }
+        left += operands.leftStride;
+        ++right;
+    }
+
+    VEXOR_UNROLL(16)
+    for (int j = 0; j < columns; ++j) {
+        VEXOR_UNROLL(16)
+        for (int v = 0; v < vectors; ++v)
+            Store(operands.result + j * operands.resultStride + rowOf(v), sums[j][v]);
+    }
+}
+
+using TileFunction = void (*)(int rows, int inner, bool startsAtZero, TileOperands const& operands);
+
+/// The tile for every size of edge: [registers − 1][columns − 1].
+template <int width, class Columns>
+struct TileTable;
+template <int width, int... j>
+struct TileTable<width, std::integer_sequence<int, j...>> {
+    static constexpr TileFunction tiles[tileVectors][tileColumns] = {{MultiplyTile<width, 1, j + 1>...},
+                                                                     {MultiplyTile<width, 2, j + 1>...},
+                                                                     {MultiplyTile<width, 3, j + 1>...}};
+};
+
+template <int width>
+void MultiplyAnyTile(int rows, int columns, int inner, bool startsAtZero, TileOperands const& operands)
+{
+    using Table = TileTable<width, std::make_integer_sequence<int, tileColumns>>;
+    Table::tiles[(rows + width - 1) / width - 1][columns - 1](rows, inner, startsAtZero, operands);
+}
+
+/// The rows of the next tile: a full one, or what is left; never so many that the rest would not fill
+/// a register.
+template <int width>
+int NextRows(int rest)
+{
+    constexpr int full = tileVectors * width;
+    if (rest <= full)
+        return rest;
+    return rest <= full + width ? full - width : full;
+}
+
+/// The columns of the next step, at most `most`; the last two steps share what is left, as narrow ones
+/// are slow.
+inline int NextColumns(int rest, int most)
+{
+    if (rest <= most)
+        return rest;
+    return rest < 2 * most ? (rest + 1) / 2 : most;
+}
+
+/// Copies a tile's rows of the left operand, column after column without gaps.
+template <int width>
+void Pack(int rows, int inner, double const* from, Offset stride, double* to)
+{
+    constexpr int full = tileVectors * width;
+    for (int k = 0; k < inner; ++k, from += stride, to += rows) {
+        if (rows == full) {
+            __builtin_memcpy(to, from, full * sizeof(double));
+        } else {
+            for (int i = 0; i < rows; ++i)
+                to[i] = from[i];
+        }
+    }
+}
+
+/// A tile's rows times all columns.
+template <int width>
+void MultiplyAcross(int rows, int columns, int inner, bool startsAtZero, TileOperands const& operands)
+{
+    for (int j = 0, across = 0; j < columns; j += across) {
+        across = NextColumns(columns - j, tileColumns);
+        MultiplyAnyTile<width>(rows, across, inner, startsAtZero,
+                               {operands.left, operands.leftStride, operands.right + j * operands.rightStride,
+                                operands.rightStride, operands.result + j * operands.resultStride,
+                                operands.resultStride});
+    }
+}
+
+/// The product where the left operand is too large to be read in place again and again: a tile's rows are
+/// packed, a stretch of inner steps at a time, and multiplied into every column of the result.
+template <int width>
+void MultiplyPacked(int rows, int columns, int inner, double const* left, double const* right, double* result)
+{
+    alignas(64) double panel[tileVectors * width * panelInner];
+
+    for (int k = 0; k < inner; k += panelInner) {
+        int const depth = inner - k < panelInner ? inner - k : panelInner;
+        for (int i = 0, step = 0; i < rows; i += step) {
+            step = NextRows<width>(rows - i);
+            Pack<width>(step, depth, left + Offset(k) * rows + i, rows, panel);
+            MultiplyAcross<width>(step, columns, depth, k == 0,
+                                  {panel, step, right + k, inner, result + i, rows});
+        }
+    }
+}
+
+/// The product on the operands where they stand.
+template <int width>
+void MultiplyInPlace(int rows, int columns, int inner, double const* left, double const* right,
+                     double* result)
+{
+    for (int i = 0, step = 0; i < rows; i += step) {
+        step = NextRows<width>(rows - i);
+        MultiplyAcross<width>(step, columns, inner, true, {left + i, rows, right, inner, result + i, rows});
+    }
+}
+
+template <int width>
+void Multiply(int rows, int columns, int inner, double const* left, double const* right, double* result)
+{
+    if constexpr (width > 1) {
+        if (rows < width)
+            return Multiply<width / 2>(rows, columns, inner, left, right, result);
+    }
+    // Packing pays where a packed element is used often and the operand, at 256 KiB, outgrows the
+    // second-level cache of some processors: its columns are then far apart for caches and pages.
+    bool const packs = width == registerWidth && columns > 8 * tileColumns && Offset(rows) * inner > 32768;
+    if (packs)
+        MultiplyPacked<width>(rows, columns, inner, left, right, result);
+    else
+        MultiplyInPlace<width>(rows, columns, inner, left, right, result);
+}
+
+void MultiplyColumnMajor(int rows, int columns, int inner, double const* left, double const* right,
+                         double* result)
+{
+    Multiply<registerWidth>(rows, columns, inner, left, right, result);
+}
+
+} // namespace
+
+} // namespace vexor::detail::VEXOR_SET
+
+VEXOR_SET_END

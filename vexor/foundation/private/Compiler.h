@@ -1,0 +1,23 @@
+#pragma once
+#include <vexor/foundation/Config.h>
+
+// What the library's sources tell the compiler about a function or a loop.
+
+/// Inlined at every call, whatever the compiler makes of the function's size.
+#if defined(__GNUC__)
+#    define VEXOR_ALWAYS_INLINE inline __attribute__((always_inline))
+#elif defined(_MSC_VER)
+#    define VEXOR_ALWAYS_INLINE __forceinline
+#else
+#    define VEXOR_ALWAYS_INLINE inline
+#endif
+
+/// Unrolls the loop that follows by `count`: wholly, if it has that many turns or fewer.
+#define VEXOR_PRAGMA(text) _Pragma(#text)
+#if defined(__clang__)
+#    define VEXOR_UNROLL(count) VEXOR_PRAGMA(clang loop unroll_count(count))
+#elif defined(__GNUC__)
+#    define VEXOR_UNROLL(count) VEXOR_PRAGMA(GCC unroll count)
+#else
+#    define VEXOR_UNROLL(count)
+#endif
