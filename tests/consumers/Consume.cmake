@@ -1,5 +1,5 @@
 # Builds one consumer project against an installed copy of the library and runs it.
-# Usage: cmake -DNAME=... -DPROJECT=... -DBUILD=... -DPREFIX=... -DSOURCE=... [-DOPTIONS=a;b]
+# Usage: cmake -DNAME=... -DPROJECT=... -DBUILD=... -DPREFIX=... -DSOURCE=... -DGENERATOR=... [-DOPTIONS=a;b]
 #              [-DARGUMENTS=...] [-DHASH_FILE=...] [-DGDB=...] [-DCHECKED=ON]
 #              [-DTOOLCHAIN=... -DEMULATOR=a;b]
 #              -P Consume.cmake
@@ -38,7 +38,7 @@ else()
         file(GLOB dlls "${PREFIX}/bin/*.dll")
         file(COPY ${dlls} DESTINATION "${BUILD}")
     endif()
-    run("configuring" "${CMAKE_COMMAND}" -S "${SOURCE}/tests/consumers/${PROJECT}" -B "${BUILD}" -G Ninja
+    run("configuring" "${CMAKE_COMMAND}" -S "${SOURCE}/tests/consumers/${PROJECT}" -B "${BUILD}" -G "${GENERATOR}"
         -DCMAKE_BUILD_TYPE=Release "-DCMAKE_PREFIX_PATH=${PREFIX}" "-DVEXOR_SOURCE=${SOURCE}" ${OPTIONS})
     run("building" "${CMAKE_COMMAND}" --build "${BUILD}")
 endif()

@@ -1,0 +1,59 @@
+# Installs the library, its package files for CMake and pkg-config, and the views for debuggers.
+
+include(CMakePackageConfigHelpers)
+
+# The components that together are an installation.
+set(VEXOR_INSTALL_COMPONENTS runtime dev)
+
+install(TARGETS vexor
+    EXPORT vexorTargets
+    RUNTIME DESTINATION "${CMAKE_INSTALL_BINDIR}" COMPONENT runtime
+    LIBRARY DESTINATION "${CMAKE_INSTALL_LIBDIR}" COMPONENT runtime NAMELINK_COMPONENT dev
+    ARCHIVE DESTINATION "${CMAKE_INSTALL_LIBDIR}" COMPONENT dev
+    FILE_SET headers DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}" COMPONENT dev)
+
+set(VEXOR_PACKAGE_DIR "${CMAKE_INSTALL_LIBDIR}/cmake/vexor")
+install(EXPORT vexorTargets NAMESPACE vexor:: DESTINATION "${VEXOR_PACKAGE_DIR}" COMPONENT dev)
+configure_package_config_file(cmake/vexorConfig.cmake.in vexorConfig.cmake
+    INSTALL_DESTINATION "${VEXOR_PACKAGE_DIR}")
+write_basic_package_version_file(vexorConfigVersion.cmake COMPATIBILITY SameMajorVersion)
+install(FILES
+    "${CMAKE_CURRENT_BINARY_DIR}/vexorConfig.cmake"
+    "${CMAKE_CURRENT_BINARY_DIR}/vexorConfigVersion.cmake"
+    DESTINATION "${VEXOR_PACKAGE_DIR}"
+    COMPONENT dev)
+
+# Relative to its own place, so that an installed tree can be moved.
+file(RELATIVE_PATH VEXOR_PC_TO_PREFIX
+    "/prefix/${CMAKE_INSTALL_LIBDIR}/pkgconfig" "/prefix")
+set(VEXOR_PC_CHECKED "")
+if(VEXOR_CHECKED)
+    set(VEXOR_PC_CHECKED " -DVEXOR_CHECKED")
+endif()
+configure_file(cmake/vexor.pc.in vexor.pc @ONLY)
+install(FILES "${CMAKE_CURRENT_BINARY_DIR}/vexor.pc"
+    DESTINATION "${CMAKE_INSTALL_LIBDIR}/pkgconfig"
+    COMPONENT dev)
+
+# Views for debuggers. gdb finds its own by the library's name: beside the library, wherever that lies, and
+# for a library of the system in a folder that it trusts unasked. The prefix is known at installation only.
+install(CODE "
+    set(folder \"\${CMAKE_INSTALL_PREFIX}/${CMAKE_INSTALL_LIBDIR}\")
+    if(CMAKE_INSTALL_PREFIX STREQUAL \"/usr\")
+        set(folder \"/usr/${CMAKE_INSTALL_DATADIR}/gdb/auto-load/usr/${CMAKE_INSTALL_LIBDIR}\")
+    endif()
+    file(INSTALL DESTINATION \"\${folder}\" TYPE FILE
+        RENAME \"libvexor.so.${PROJECT_VERSION}-gdb.py\"
+        FILES \"${CMAKE_CURRENT_SOURCE_DIR}/debugger/vexor-gdb.py\")"
+    COMPONENT dev)
+install(FILES debugger/vexor_lldb.py debugger/vexor.natvis
+    DESTINATION "${CMAKE_INSTALL_DATADIR}/vexor"
+    COMPONENT dev)
+
+if(PROJECT_IS_TOP_LEVEL)
+    add_custom_target(uninstall
+        COMMAND "${CMAKE_COMMAND}" "-DMANIFEST=${CMAKE_BINARY_DIR}/install_manifest.txt"
+            -P "${CMAKE_CURRENT_SOURCE_DIR}/cmake/Uninstall.cmake"
+        COMMENT "Removing what the last installation of this build wrote"
+        VERBATIM)
+endif()
