@@ -175,12 +175,12 @@ TEST(CheckedSize, Dot)
 {
     VecDbl const doubles(2, 1.0);
     EXPECT_EQ(doubles.Dot(VecDbl(2, 3.0)), 6.0);
-    EXPECT_STOP(doubles.Dot(VecDbl(1, 3.0)), "VecDbl.cpp", "Dot of vectors of different sizes");
-    EXPECT_STOP(doubles.Dot(VecDbl(3, 3.0)), "VecDbl.cpp", "Dot of vectors of different sizes");
+    EXPECT_EQ(doubles.Dot(VecDbl(3, 3.0)), 6.0); // over this vector's size
+    EXPECT_STOP(doubles.Dot(VecDbl(1, 3.0)), "VecDbl.cpp", "Dot with a shorter vector");
     VecFlt const floats(2, 1.0f);
     EXPECT_EQ(floats.Dot(VecFlt(2, 3.0f)), 6.0f);
-    EXPECT_STOP(floats.Dot(VecFlt(1, 3.0f)), "VecFlt.cpp", "Dot of vectors of different sizes");
-    EXPECT_STOP(floats.Dot(VecFlt(3, 3.0f)), "VecFlt.cpp", "Dot of vectors of different sizes");
+    EXPECT_EQ(floats.Dot(VecFlt(3, 3.0f)), 6.0f);
+    EXPECT_STOP(floats.Dot(VecFlt(1, 3.0f)), "VecFlt.cpp", "Dot with a shorter vector");
 }
 
 TEST(CheckedSize, OuterProduct)
@@ -256,13 +256,32 @@ TEST(CheckedMat3Dbl, ReSolveOfFactors)
 TEST(CheckedMat3Dbl, CountOfRightSides)
 {
     Vec3Dbl b[6] = {0.0, 0.0, 0.0, 0.0, 0.0, 0.0};
-    for (int count : {-1, 0, 2, 4, 6}) {
+    for (int count : {4, 6}) { // the last of so many is read beyond the end
         Mat3Dbl matrix = Regular();
-        EXPECT_STOP(matrix.Solve(b, count), "Mat3Dbl.cpp", "Solve for a count of right-hand sides") << count;
+        EXPECT_STOP(matrix.Solve(b, count), "Mat3Dbl.cpp", "Solve for more than three right-hand sides")
+            << count;
         matrix.Solve(b, 1);
-        EXPECT_STOP(matrix.ReSolve(b, count), "Mat3Dbl.cpp", "ReSolve for a count of right-hand sides")
+        EXPECT_STOP(matrix.ReSolve(b, count), "Mat3Dbl.cpp", "ReSolve for more than three right-hand sides")
             << count;
     }
+    // A count below 1 solves nothing, with or without factors.
+    for (int count : {-1, 0}) {
+        Mat3Dbl matrix = Regular();
+        Vec3Dbl side(6.0, 10.0, 8.0);
+        matrix.ReSolve(&side, count);
+        matrix.Solve(&side, count);
+        EXPECT_EQ(side, Vec3Dbl(6.0, 10.0, 8.0));
+        matrix.ReSolve(side);
+        EXPECT_LT((side - Vec3Dbl(1.0, 2.0, 3.0)).Length(), 1e-14);
+    }
+    // With two, the second is the elements 2 to 4: those that remain of the first solution, and two more.
+    Mat3Dbl matrix = Regular();
+    Vec3Dbl sides[2] = {Vec3Dbl(6.0, 10.0, 8.0), Vec3Dbl(0.0, 0.0, 7.0)};
+    matrix.Solve(sides, 2);
+    EXPECT_NEAR(sides[0].x, 1.0, 1e-14);
+    EXPECT_NEAR(sides[0].y, 2.0, 1e-14);
+    EXPECT_EQ(sides[1].z, 7.0);
+    matrix.ReSolve(sides, 2);
 }
 
 // ---- Factors of a matrix of run-time size ------------------------------------------------------------
@@ -355,23 +374,42 @@ TEST(CheckedAxis, MustBeUnit)
     double const tooLong = std::sqrt(1.0 + 1.1e-6);
     double const tooShort = std::sqrt(1.0 - 1.1e-6);
     Pnt3Dbl const point(1.0, 2.0, 3.0);
-    for (double length : {0.0, 2.0, tooLong, tooShort}) {
+    for (double length : {1e-3, 2.0, tooLong, tooShort}) {
         SCOPED_TRACE(length);
         Vec3Dbl const axis(0.0, 0.6 * length, 0.8 * length);
         Vec3Dbl vector(1.0);
         AffMat3Dbl map;
-        Quaternion turn;
         EXPECT_STOP(vector.Rotate(axis, 1.0), "Vec3Dbl.cpp",
                     "Rotate about an axis that is not a unit vector");
         EXPECT_STOP(map.SetRotation(point, axis, 1.0), "AffMat3Dbl.cpp",
                     "SetRotation about an axis that is not a unit vector");
-        EXPECT_STOP(turn.SetAxisAngle(axis, 1.0, 0), "Quaternion.cpp", "SetAxisAngle with the flag 0");
-        EXPECT_STOP(turn.SetAxisAngle(axis.x, axis.y, axis.z, 1.0, 0), "Quaternion.cpp",
-                    "SetAxisAngle with the flag 0");
-        EXPECT_STOP(turn.SetAxisCosAngle(axis, 0.5, 0), "Quaternion.cpp", "SetAxisCosAngle with the flag 0");
-        EXPECT_STOP(Quaternion(axis, 1.0, 0), "Quaternion.cpp", "SetAxisAngle with the flag 0");
-        EXPECT_STOP(Quaternion(axis.x, axis.y, axis.z, 1.0, 0), "Quaternion.cpp",
-                    "SetAxisAngle with the flag 0");
+    }
+}
+
+// A null axis has a result: the part along (1, 0, 0) stays, times the cosine.
+TEST(CheckedAxis, NullPasses)
+{
+    Vec3Dbl const null(0.0, -0.0, 0.0);
+    EXPECT_EQ(Vec3Dbl(2.0, 3.0, 4.0).Rotate(null, 1.0), Vec3Dbl(2.0 * std::cos(1.0), 0.0, 0.0));
+    AffMat3Dbl map;
+    map.SetRotation(Pnt3Dbl(0.0), null, 1.0);
+    EXPECT_EQ(map.LinearPart(), Mat3Dbl(Vec3Dbl(std::cos(1.0), 0.0, 0.0), Vec3Dbl(0.0), Vec3Dbl(0.0)));
+}
+
+// With the flag 0 a quaternion takes every axis as it is.
+TEST(CheckedAxis, AnyPassesWithTheFlag0)
+{
+    Quaternion expected;
+    for (double length : {0.0, 0.5, 2.0}) {
+        expected.SetValue(0.0, 0.0, length * std::sin(0.5), std::cos(0.5), 0);
+        Vec3Dbl const axis(0.0, 0.0, length);
+        EXPECT_EQ(Quaternion(axis, 1.0, 0), expected);
+        EXPECT_EQ(Quaternion(0.0, 0.0, length, 1.0, 0), expected);
+        EXPECT_EQ(Quaternion().SetAxisAngle(axis, 1.0, 0), expected);
+        EXPECT_EQ(Quaternion().SetAxisAngle(0.0, 0.0, length, 1.0, 0), expected);
+        expected.SetValue(0.0, 0.0, length * 0.5, std::sqrt(0.75),
+                          0); // of the half angle, for the cosine 0.5
+        EXPECT_EQ(Quaternion().SetAxisCosAngle(axis, 0.5, 0), expected);
     }
 }
 
@@ -390,4 +428,42 @@ TEST(CheckedAxis, NearlyUnitPasses)
     Vec3Dbl(1.0).Rotate(Vec3Dbl(Vec3Flt(1.0f, 2.0f, 3.0f).Normalize()), 1.0);
     Quaternion(1.0, 2.0, 3.0, 1.0, 1).SetAxisCosAngle(Vec3Dbl(7.0), 0.5, 1);
     EXPECT_THROW(Quaternion(Vec3Dbl(0.0), 1.0, 1), VexorNullVector);
+}
+
+// ---- Storage ---------------------------------------------------------------------------------------
+
+TEST(CheckedStorage, OwnBlockAsCallersStorage)
+{
+    VecDbl doubles(4, 1.0);
+    VecFlt floats(4, 1.0f);
+    MatDbl matrix(2, 3, 1.0);
+    EXPECT_STOP(doubles.ReSize(3, &doubles[0]), "Storage.h", "a vector's own block is no caller's storage");
+    EXPECT_STOP(floats.ReSize(5, &floats[0]), "Storage.h", "a vector's own block is no caller's storage");
+    EXPECT_STOP(matrix.ReSize(3, 2, &matrix(0, 0)), "MatDbl.cpp",
+                "a matrix's own block is no caller's storage");
+    EXPECT_STOP(matrix.ReSize(2, 2, &matrix(0, 0)), "MatDbl.cpp",
+                "a matrix's own block is no caller's storage");
+    // Where nothing changes, the pointer is ignored.
+    doubles.ReSize(4, &doubles[0]);
+    floats.ReSize(4, &floats[0]);
+    matrix.ReSize(2, 3, &matrix(0, 0));
+    // The block of a view is the caller's.
+    double block[6] = {1.0, 2.0, 3.0, 4.0, 5.0, 6.0};
+    VecDbl view(6, block);
+    view.ReSize(2, &view[0]);
+    MatDbl matrixView(2, 3, block);
+    matrixView.ReSize(3, 2, &matrixView(0, 0));
+    EXPECT_EQ(view[1], 2.0);
+    EXPECT_EQ(matrixView(2, 1), 6.0);
+}
+
+// ---- Division of the counter -------------------------------------------------------------------------
+
+TEST(CheckedDivision, ByZero)
+{
+    EXPECT_STOP((UInt64(7) / UInt64(Index(0))).int64(), "UInt64.cpp", "division by zero");
+    EXPECT_STOP((UInt64(0) / UInt64(Index(0))).int64(), "UInt64.cpp", "division by zero");
+    EXPECT_EQ((UInt64(7) / UInt64(Index(1))).int64(), 7);
+    std::int64_t const least = std::numeric_limits<std::int64_t>::min();
+    EXPECT_EQ((UInt64(least) / UInt64(Index(-1))).int64(), least);
 }

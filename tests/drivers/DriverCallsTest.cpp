@@ -9,7 +9,10 @@
 #include <vexor/foundation/VexorException.h>
 #include <vexor/matrices/Mat3Dbl.h>
 
+#include <algorithm>
+#include <cmath>
 #include <functional>
+#include <limits>
 #include <string>
 
 using namespace vexor_test;
@@ -192,6 +195,54 @@ TEST_F(DriverCalls, ReSolve)
     EXPECT_EQ(TheCall().result, &many(0, 0));
 }
 
+// ReSolve refuses a pivot below 1, by which DGETRS would write outside the right-hand side. Every other pivot
+// is handed on as it stands, and ReSolveSym hands on all of them.
+TEST_F(DriverCalls, ReSolveRefusesPivotsBelowOne)
+{
+    struct Case {
+        int pivots[3];
+        bool serves;
+    };
+    int const most = std::numeric_limits<int>::max();
+    int const least = std::numeric_limits<int>::min();
+    for (Case const& one : {Case{{1, 1, 1}, true},
+                            {{3, 2, 1}, true},
+                            {{4, 2, most}, true},
+                            {{0, 2, 3}, false},
+                            {{1, 0, 3}, false},
+                            {{1, 2, 0}, false},
+                            {{-2, -2, 3}, false},
+                            {{1, 2, least}, false}}) {
+        SCOPED_TRACE(testing::PrintToString(one.pivots));
+        for (bool symmetric : {false, true}) {
+            MatDbl a = Mat({{4, 1, 2}, {1, 5, 3}, {2, 3, 6}});
+            VecDbl b = Dbl({1, 2, 3});
+            MatDbl many = Mat({{1, 2}, {3, 4}, {5, 6}});
+            effect = [&one](Call const& call) {
+                if (call.driver == "dgesv" || call.driver == "dsysv")
+                    std::copy(one.pivots, one.pivots + 3, call.pivots);
+                else
+                    EXPECT_TRUE(std::equal(one.pivots, one.pivots + 3, call.pivots));
+            };
+            symmetric ? a.SolveSym(b) : a.Solve(b);
+            calls.clear();
+            if (symmetric) {
+                a.ReSolveSym(b);
+                a.ReSolveSym(many);
+                EXPECT_EQ(calls.size(), 2u);
+            } else if (one.serves) {
+                a.ReSolve(b);
+                a.ReSolve(many);
+                EXPECT_EQ(calls.size(), 2u);
+            } else {
+                EXPECT_THROW(a.ReSolve(b), VexorComputationFailed);
+                EXPECT_THROW(a.ReSolve(many), VexorComputationFailed);
+                EXPECT_TRUE(calls.empty());
+            }
+        }
+    }
+}
+
 TEST_F(DriverCalls, SolveSym)
 {
     MatDbl a = Mat({{4, 1, 2}, {1, 5, 3}, {2, 3, 6}});
@@ -262,6 +313,35 @@ TEST_F(DriverCalls, SolveLinearLeastSquares)
     EXPECT_TRUE(HoldsRows(many, {{1, 2}, {3, 4}, {5, 6}}));
 }
 
+// DGELS demands min(m, n) + max(min(m, n), right-hand sides) elements of workspace and calls XERBLA where there
+// are fewer, which ends the process in some LAPACKs: so it is not called then.
+TEST_F(DriverCalls, SolveLinearLeastSquaresBeyondTheWorkspace)
+{
+    int const shapes[][3] = {{1, 1, 127}, {4, 2, 510}, {2, 4, 510}, {5, 5, 635}}; // the most that it takes
+    for (auto const& shape : shapes) {
+        int const rows = shape[0];
+        int const columns = shape[1];
+        for (int count : {shape[2], shape[2] + 1}) {
+            calls.clear();
+            MatDbl a(rows, columns, 1.0);
+            MatDbl b(rows, count, 2.0);
+            bool const fits = count == shape[2];
+            if (fits) {
+                a.SolveLinearLeastSquares(b);
+                EXPECT_EQ(calls.size(), 1u);
+                EXPECT_EQ(b.RowCount(), columns);
+            } else {
+                EXPECT_THROW(a.SolveLinearLeastSquares(b), VexorComputationFailed);
+                EXPECT_TRUE(calls.empty());
+                EXPECT_EQ(b.RowCount(), std::max(rows, columns)); // as after a driver that fails
+                EXPECT_EQ(a(0, 0), 1.0);
+            }
+            EXPECT_EQ(b.ColumnCount(), count);
+            EXPECT_EQ(b(0, count - 1), 2.0);
+        }
+    }
+}
+
 TEST_F(DriverCalls, Invert)
 {
     double block[4] = {4, 1, 2, 5};
@@ -315,6 +395,30 @@ TEST_F(DriverCalls, EigenSym)
         EXPECT_EQ(TheCall().numbers, (Numbers{3, 3, wanted.first + 1, wanted.last + 1, 3, 140 * 3}));
         EXPECT_EQ(TheCall().matrix, &a(0, 0));
         EXPECT_EQ(TheCall().result, &values[0]);
+    }
+}
+
+// A driver that finds fewer values than were selected leaves a NaN for each one missing. The elements behind the
+// selected ones, and without vectors the matrix, hold what they held.
+TEST_F(DriverCalls, EigenSymLeavesWhatTheDriverDoesNotWrite)
+{
+    for (int selected : {1, 2, 3, 4}) {
+        for (int found : {0, 1, selected}) {
+            MatDbl a(4, 4, 5.0);
+            VecDbl values = Dbl({71, 72, 73, 74});
+            effect = [found](Call const& call) { std::fill_n(call.result, found, 80.0); };
+            a.EigenSym(values, 0, 0, selected - 1);
+            for (int i = 0; i < 4; ++i) {
+                SCOPED_TRACE(i);
+                if (i < found)
+                    EXPECT_EQ(values[i], 80.0);
+                else if (i < selected)
+                    EXPECT_TRUE(std::isnan(values[i]));
+                else
+                    EXPECT_EQ(values[i], 71.0 + i);
+            }
+            EXPECT_TRUE(a == MatDbl(4, 4, 5.0));
+        }
     }
 }
 

@@ -694,7 +694,7 @@ TEST(MatDbl, SvdRefusesInfinitiesAndNans)
                     VecDbl values(7, 9.0);
                     EXPECT_THROW(m.Svd(values), VexorComputationFailed);
                     EXPECT_TRUE(SameElements(ElementsOf(m), before));
-                    EXPECT_TRUE(Holds(values, {9, 9, 9, 9, 9, 9, 9}));
+                    EXPECT_EQ(values.Size(), std::min(rows, columns)); // as after a driver that fails
                 }
             }
         }
@@ -914,6 +914,11 @@ TEST(MatDbl, WorkspaceBeyondAnIntIsAFailedAllocation)
     EXPECT_THROW(m.Svd(values), VexorAllocationFailed);
     EXPECT_EQ(values.Size(), 1);
     EXPECT_EQ(m(0, 0), 1.0);
+    // Workspace that cannot be had outranks an element that is not finite.
+    m(1, 0) = infinity;
+    values.ReSize(2);
+    EXPECT_THROW(m.Svd(values), VexorAllocationFailed);
+    EXPECT_EQ(values.Size(), 1);
     EXPECT_EQ(m(rows - 1, 0), 1.0);
 
     MatDbl turned(1, rows, 1.0);

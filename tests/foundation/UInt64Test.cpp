@@ -174,6 +174,7 @@ TEST(UInt64, DivideTruncatesTowardsZero)
 TEST(UInt64, DivideWrapsForTheOneQuotientThatOverflows)
 {
     EXPECT_EQ((UInt64(least) / UInt64(-1)).int64(), least);
+    EXPECT_EQ((UInt64(least) / UInt64(1)).int64(), least);
     EXPECT_EQ((UInt64(least + 1) / UInt64(-1)).int64(), most);
 }
 

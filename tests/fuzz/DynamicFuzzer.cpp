@@ -416,11 +416,12 @@ void StepOnSolvers(Pool& pool, Bytes& bytes)
                 isFinite = isFinite && std::isfinite(matrix(i, j));
         raised = Raised([&] { matrix.Svd(vector); });
         REQUIRE(raised == 0 || raised == 2);
+        pool.InitVector(v, model.rows < model.columns ? model.rows : model.columns, -1);
         if (!isFinite) {
             REQUIRE(raised == 2);
-            return; // refused before anything changes
+            pool.ForgetVector(v);
+            return; // the matrix is refused, unchanged
         }
-        pool.InitVector(v, model.rows < model.columns ? model.rows : model.columns, -1);
         break;
     }
     default: {

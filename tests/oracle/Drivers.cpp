@@ -141,9 +141,9 @@ struct Solver {
     {
         Check(b);
         NeedPivots();
-        // The pivots of the other kind of factorisation may lie outside the matrix.
+        // DGETRS would write outside the right-hand side.
         for (int const pivot : pivots)
-            if (pivot < 1 || pivot > a.rows)
+            if (pivot < 1)
                 throw Raised{Raise::ComputationFailed};
         int info = 0;
         dgetrs_("N", &a.rows, &b.columns, a.e.data(), &a.rows, pivots.data(), b.e.data(), &a.rows, &info, 1);
@@ -283,12 +283,6 @@ void EnterSolves(std::string const& name, First first, Second second, void (Solv
         });
 }
 
-/// Whether the iteration for the singular values can be relied on to end.
-bool IsFinite(Block const& a)
-{
-    return std::all_of(a.e.begin(), a.e.end(), [](double e) { return std::isfinite(e); });
-}
-
 void Decompose(Block& a, std::vector<double>& values)
 {
     int const smaller = a.rows < a.columns ? a.rows : a.columns, larger = a.rows + a.columns - smaller;
@@ -296,6 +290,9 @@ void Decompose(Block& a, std::vector<double>& values)
     int info = 0, size = 128 * larger, one = 1;
     double dummy = 0.0;
     std::vector<double> work = Work(size);
+    // With an element that is not finite the iteration cannot be relied on to end.
+    if (!std::all_of(a.e.begin(), a.e.end(), [](double e) { return std::isfinite(e); }))
+        throw Raised{Raise::ComputationFailed};
     dgesvd_("N", Slip("no vectors") ? "N" : "O", &a.rows, &a.columns, a.e.data(), &a.rows, values.data(),
             &dummy, &one, &dummy, &one, work.data(), &size, &info, 1, 1);
     DemandSuccess(info);
@@ -388,15 +385,17 @@ void EnterDrivers()
             MatDbl m = g.Matrix();
             VecDbl values(2, 7.0, nullptr);
             Raise const raised = RaisedBy([&] { m.Svd(values); });
-            return std::tuple(raised, Block(values), Block(m));
+            // After a failure the size alone is defined.
+            Block const result = raised == Raise::None ? Block(values) : Block(values.Size(), 1);
+            return std::tuple(raised, result, Block(m));
         },
         [](Block const& m) {
             Block a = m;
             std::vector<double> values(2, 7.0);
-            Raise const raised =
-                IsFinite(a) ? RaisedBy([&] { Decompose(a, values); }) : Raise::ComputationFailed;
+            Raise const raised = RaisedBy([&] { Decompose(a, values); });
             Block result(static_cast<int>(values.size()), 1);
-            result.e = values;
+            if (raised == Raise::None)
+                result.e = values;
             return std::tuple(raised, result, a);
         });
     Add(
@@ -422,8 +421,7 @@ void EnterDrivers()
             std::vector<double> values(3, 7.0);
             V3 result = {{7.0, 7.0, 7.0}};
             Mat<3> rows = m;
-            Raise const raised =
-                IsFinite(a) ? RaisedBy([&] { Decompose(a, values); }) : Raise::ComputationFailed;
+            Raise const raised = RaisedBy([&] { Decompose(a, values); });
             if (raised == Raise::None)
                 for (int r = 0; r < 3; ++r) {
                     result[r] = values[static_cast<std::size_t>(r)];

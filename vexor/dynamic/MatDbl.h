@@ -138,9 +138,9 @@ public:
     VEXOR_API void Solve(VecDbl& b);
     /// As above, for each column.
     VEXOR_API void Solve(MatDbl& b);
-    /// Solves with the factors that `Solve` left. Raises `VexorComputationFailed`, with nothing
-    /// changed, where no pivots are there, and where they are none that `Solve` can have left. On
-    /// elements written since, the result means nothing.
+    /// Solves with the factors that `Solve` left. Raises `VexorComputationFailed`, with nothing changed, if
+    /// the matrix was never factorised, or if a pivot is below 1, which only `SolveSym` leaves. If elements
+    /// have changed since, or the factors are those of `SolveSym`, the result is meaningless.
     VEXOR_API void ReSolve(VecDbl& b);
     /// As above, for each column.
     VEXOR_API void ReSolve(MatDbl& b);
@@ -149,15 +149,17 @@ public:
     VEXOR_API void SolveSym(VecDbl& b);
     /// As above, for each column.
     VEXOR_API void SolveSym(MatDbl& b);
-    /// Solves with the factors that `SolveSym` left; raises as `ReSolve` does.
+    /// Solves with the factors that `SolveSym` left. Raises `VexorComputationFailed`, with nothing changed,
+    /// if the matrix was never factorised. If elements have changed since, or the factors are those of
+    /// `Solve`, the result is meaningless.
     VEXOR_API void ReSolveSym(VecDbl& b);
     /// As above, for each column.
     VEXOR_API void ReSolveSym(MatDbl& b);
     /// The least squares solution for a matrix of full rank with more rows than columns, the solution
     /// of least norm for one with fewer. The argument has as many rows as the matrix, and comes back
-    /// with as many as the matrix has columns; if that is another number, in own storage. The pivots
-    /// go. Very many right-hand sides, more than about 127 times the larger dimension, are a failure of the
-    /// driver.
+    /// with as many as the matrix has columns; if that is another number, in own storage. The pivots go.
+    /// Raises `VexorComputationFailed` if there are so many right-hand sides that the workspace is too small:
+    /// more than about 127 times the larger dimension.
     VEXOR_API void SolveLinearLeastSquares(VecDbl& b);
     /// As above for each column; the row count becomes `ColumnCount()`, the column count stays.
     VEXOR_API void SolveLinearLeastSquares(MatDbl& b);
@@ -170,11 +172,11 @@ public:
     // ---- Spectra: the vectors come in the rows of the matrix ---------------------------------------
     // Neither operation touches the pivots.
 
-    /// The singular values, descending, as many as the smaller dimension, and in the first so many
-    /// rows the right singular vectors; the rows below mean nothing. Raises `VexorAllocationFailed`,
-    /// the matrix unchanged but the result resized, where workspace is not to be had, and
-    /// `VexorComputationFailed` where the iteration fails and, with nothing changed, where an element
-    /// is infinite or NaN: the iteration might then not end.
+    /// The singular values in descending order, as many as the smaller dimension. As many rows of the matrix,
+    /// from the first on, become the right singular vectors; the rows below are meaningless. Raises
+    /// `VexorAllocationFailed` if there is no workspace, and `VexorComputationFailed` if an element is
+    /// infinite or NaN, since the iteration might not end: the matrix is unchanged then, and the result has
+    /// its new size. Raises `VexorComputationFailed` also if the iteration fails.
     VEXOR_API void Svd(VecDbl& singularValues);
     /// Of a symmetric matrix, of which only the upper triangle is read, the eigenvalues at the
     /// positions `firstIndex` to `lastIndex` in ascending order, from 0 and both included; the result

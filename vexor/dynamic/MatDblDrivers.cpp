@@ -33,38 +33,18 @@ Owned<int> TakeIdentityPivots(int n)
     return pivots;
 }
 
-bool IsRowNumber(std::int64_t pivot, int n)
+/// Whether DGETRS may be called with these pivots. It exchanges rows of the right-hand side by them, and
+/// the pivots that DSYSV left, which may be negative, would make it write outside.
+bool AreRowNumbers(int const* pivots, int n)
 {
-    return pivot >= 1 && pivot <= n;
+    return std::all_of(pivots, pivots + n, [](int pivot) { return pivot >= 1; });
 }
 
-// The two re-solves exchange rows by the pivots that they find. Where `Solve` and `SolveSym` got
-// mixed up, the pivots of the other may reach outside the right-hand side: no driver is handed those.
-
-/// Whether DGESV can have left these pivots.
-bool AreGeneralPivots(int const* pivots, int n)
+/// The least workspace that DGELS accepts.
+std::int64_t LeastSquaresMinimum(int rows, int columns, int rhsCount)
 {
-    return std::all_of(pivots, pivots + n, [n](int pivot) { return IsRowNumber(pivot, n); });
-}
-
-/// Whether DSYSV can have left these pivots for an upper triangle: walking up from the last, a positive
-/// one stands for itself, a negative one for two rows and is there twice.
-bool AreSymmetricPivots(int const* pivots, int n)
-{
-    int k = n - 1;
-    while (k >= 0) {
-        if (pivots[k] > 0) {
-            if (!IsRowNumber(pivots[k], n))
-                return false;
-            k -= 1;
-        } else {
-            bool const isPair = k > 0 && pivots[k - 1] == pivots[k];
-            if (!isPair || !IsRowNumber(-static_cast<std::int64_t>(pivots[k]), n))
-                return false;
-            k -= 2;
-        }
-    }
-    return true;
+    std::int64_t const smaller = std::min(rows, columns);
+    return smaller + std::max<std::int64_t>(smaller, rhsCount);
 }
 
 } // namespace
@@ -112,7 +92,7 @@ void MatDbl::DoSolve(double* rhs, int rhsCount, int factorise)
                     "ReSolve on the factors that SolveSym left");
         VEXOR_CHECK(!pivots || AreMarkedFactors(pivots, columns, rowCount, Factors::General),
                     "ReSolve on a matrix that has changed since it was factorised");
-        if (!pivots || !AreGeneralPivots(pivots, rowCount))
+        if (!pivots || !AreRowNumbers(pivots, rowCount))
             RaiseComputationFailed();
         dgetrs_("N", &rowCount, &rhsCount, columns[0], &rowCount, pivots, rhs, &rowCount, &info, oneLetter);
     }
@@ -168,7 +148,7 @@ void MatDbl::DoSolveSym(double* rhs, int rhsCount, int factorise)
                     "ReSolveSym on the factors that Solve left");
         VEXOR_CHECK(!pivots || AreMarkedFactors(pivots, columns, rowCount, Factors::Symmetric),
                     "ReSolveSym on a matrix that has changed since it was factorised");
-        if (!pivots || !AreSymmetricPivots(pivots, rowCount))
+        if (!pivots)
             RaiseComputationFailed();
         dsytrs_("U", &rowCount, &rhsCount, columns[0], &rowCount, pivots, rhs, &rowCount, &info, oneLetter);
     }
@@ -210,6 +190,10 @@ void MatDbl::SolveLinearLeastSquares(MatDbl& b)
 
 void MatDbl::DoSolveLinearLeastSquares(double* rhs, int rhsCount, Workspace<double>& work)
 {
+    // DGELS would refuse it by calling XERBLA, which ends the process in some LAPACKs.
+    if (work.length < LeastSquaresMinimum(rowCount, columnCount, rhsCount))
+        RaiseComputationFailed();
+
     int const larger = std::max(rowCount, columnCount);
     int info = 0;
     dgels_("N", &rowCount, &columnCount, &rhsCount, columns[0], &rowCount, rhs, &larger, work.block.get(),
@@ -270,13 +254,13 @@ MatDbl MatDbl::GetInvertedCopy() const
 
 void MatDbl::Svd(VecDbl& singularValues)
 {
+    singularValues.Init(std::min(rowCount, columnCount), nullptr);
+    Workspace<double> work(128, std::max(rowCount, columnCount));
     // With an infinity in the matrix, or a NaN beside zeros, the iteration of DGESVD may never end.
     if (!std::all_of(columns[0], columns[0] + CountOf(rowCount, columnCount),
                      [](double element) { return std::isfinite(element); }))
         RaiseComputationFailed();
 
-    singularValues.Init(std::min(rowCount, columnCount), nullptr);
-    Workspace<double> work(128, std::max(rowCount, columnCount));
     double noVectors = 0.0;
     int const one = 1;
     int info = 0;

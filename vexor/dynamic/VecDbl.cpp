@@ -158,7 +158,7 @@ double VecDbl::Length() const
 
 double VecDbl::Dot(VecDbl const& other) const
 {
-    VEXOR_CHECK(other.size == size, "Dot of vectors of different sizes");
+    VEXOR_CHECK(other.size >= size, "Dot with a shorter vector");
     return RunningDot(values, other.values, size);
 }
 

@@ -144,7 +144,7 @@ float VecFlt::Length() const
 
 float VecFlt::Dot(VecFlt const& other) const
 {
-    VEXOR_CHECK(other.size == size, "Dot of vectors of different sizes");
+    VEXOR_CHECK(other.size >= size, "Dot with a shorter vector");
     return RunningDot(values, other.values, size);
 }
 

@@ -18,7 +18,7 @@ AffMat3Dbl AffMat3Dbl::GetInvertedCopy() const
 
 AffMat3Dbl& AffMat3Dbl::SetRotation(Pnt3Dbl const& point, Vec3Dbl const& axis, double angle)
 {
-    VEXOR_CHECK(vexor::detail::IsUnitAxis(axis), "SetRotation about an axis that is not a unit vector");
+    VEXOR_CHECK(vexor::detail::IsRotationAxis(axis), "SetRotation about an axis that is not a unit vector");
     Mat3Dbl rotation;
     for (unsigned int i = 0; i < 3; ++i) {
         Vec3Dbl unit(0.0);

@@ -167,7 +167,7 @@ public:
     VEXOR_API AffMat3Dbl GetInvertedCopy() const;
     /// The rotation by the angle in radians about the line through the point along the axis, a unit
     /// vector; counter-clockwise as seen with the axis pointing at the viewer. The axis is not normalised
-    /// here.
+    /// here. With a null axis the linear part is cos(angle) at (0, 0) and 0 elsewhere.
     VEXOR_API AffMat3Dbl& SetRotation(Pnt3Dbl const& point, Vec3Dbl const& axis, double angle);
     /// The rotation about the point that carries the direction of `from` into that of `to`. Where the
     /// squared length of from × to, of `from` or of `to` lies within the global's length tolerance, the

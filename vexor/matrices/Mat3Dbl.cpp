@@ -45,7 +45,7 @@ void Mat3Dbl::Solve(Vec3Dbl& rightSide)
 
 void Mat3Dbl::Solve(Vec3Dbl* const rightSides, int count)
 {
-    VEXOR_CHECK(count == 1 || count == 3, "Solve for a count of right-hand sides that is not 1 or 3");
+    VEXOR_CHECK(count <= 3, "Solve for more than three right-hand sides");
     if (small_decompose(Elements(), pivotOrder, 3) != 0)
         vexor::detail::RaiseSingular();
     vexor::detail::MarkAsFactors(Elements(), pivotOrder);
@@ -59,8 +59,8 @@ void Mat3Dbl::ReSolve(Vec3Dbl& rightSide)
 
 void Mat3Dbl::ReSolve(Vec3Dbl* const rightSides, int count)
 {
-    VEXOR_CHECK(count == 1 || count == 3, "ReSolve for a count of right-hand sides that is not 1 or 3");
-    VEXOR_CHECK(vexor::detail::AreMarkedFactors(Elements(), pivotOrder),
+    VEXOR_CHECK(count <= 3, "ReSolve for more than three right-hand sides");
+    VEXOR_CHECK(count < 1 || vexor::detail::AreMarkedFactors(Elements(), pivotOrder),
                 "ReSolve on a matrix that was not factorised or has changed since");
     unsigned char room[3];
     small_substitution(Elements(), reinterpret_cast<double*>(rightSides),

@@ -1,7 +1,5 @@
 #include <vexor/rotations/Quaternion.h>
 
-#include <vexor/vectors/private/UnitAxis.h>
-
 #include <cstddef>
 #include <type_traits>
 
@@ -40,8 +38,6 @@ void StoreAxis(Quaternion& quaternion, Vec3Dbl axis, int normalize, double facto
 
 Quaternion& Quaternion::SetAxisAngle(double x, double y, double z, double angle, int normalize)
 {
-    VEXOR_CHECK(normalize != 0 || vexor::detail::IsUnitAxis(Vec3Dbl(x, y, z)),
-                "SetAxisAngle with the flag 0 and an axis that is not a unit vector");
     double const half = angle * 0.5;
     double const sine = std::sin(half); // side by side, for one call that computes both
     double const cosine = std::cos(half);
@@ -52,8 +48,6 @@ Quaternion& Quaternion::SetAxisAngle(double x, double y, double z, double angle,
 
 Quaternion& Quaternion::SetAxisCosAngle(Vec3Dbl const& axis, double cosine, int normalize)
 {
-    VEXOR_CHECK(normalize != 0 || vexor::detail::IsUnitAxis(axis),
-                "SetAxisCosAngle with the flag 0 and an axis that is not a unit vector");
     double const sineOfHalf = SquareRoot((1.0 - cosine) * 0.5);
     double const cosineOfHalf = SquareRoot((cosine + 1.0) * 0.5);
     StoreAxis(*this, axis, normalize, sineOfHalf);

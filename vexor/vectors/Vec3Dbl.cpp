@@ -106,7 +106,7 @@ Vec3Dbl Vec3Dbl::GetPerpendicularNearestTo(Vec3Dbl const& reference) const
 
 Vec3Dbl& Vec3Dbl::Rotate(Vec3Dbl const& axis, double angle)
 {
-    VEXOR_CHECK(vexor::detail::IsUnitAxis(axis), "Rotate about an axis that is not a unit vector");
+    VEXOR_CHECK(vexor::detail::IsRotationAxis(axis), "Rotate about an axis that is not a unit vector");
     Vec3Dbl const p = axis.GetPerpendicular();
     Vec3Dbl const q = axis.Cross(p);
     double const alongP = Dot(p);

@@ -333,7 +333,8 @@ public:
     /// this lies within the global's length tolerance, `GetPerpendicular()`.
     VEXOR_API Vec3Dbl GetPerpendicularNearestTo(Vec3Dbl const& reference) const;
     /// Turns this vector about `axis`, a unit vector, by the angle in radians: counter-clockwise as
-    /// seen with the axis pointing at the viewer. The axis is not normalised here.
+    /// seen with the axis pointing at the viewer. The axis is not normalised here. A null axis leaves the
+    /// part along (1, 0, 0), times cos(angle).
     VEXOR_API Vec3Dbl& Rotate(Vec3Dbl const& axis, double angle);
 };
 

@@ -3,12 +3,14 @@
 
 namespace vexor::detail {
 
-/// What checked builds take for a unit vector where an operation trusts its axis: a squared length within
-/// 1e-6 of 1. That leaves room for an axis of single precision, and for one that went through many
-/// rotations; a null axis lies outside. A NaN runs through, as everywhere.
-inline bool IsUnitAxis(Vec3Dbl const& axis)
+/// Whether checked builds accept the axis of a rotation that does not normalise it. It must be a unit vector:
+/// a squared length within 1e-6 of 1 leaves room for an axis of single precision and for one that went
+/// through many rotations. A null axis has a documented result and is accepted. A NaN is accepted, as
+/// everywhere.
+inline bool IsRotationAxis(Vec3Dbl const& axis)
 {
-    return !(std::fabs(axis.LengthSquared() - 1.0) > 1e-6);
+    double const lengthSquared = axis.LengthSquared();
+    return !(std::fabs(lengthSquared - 1.0) > 1e-6) || axis.IsNull();
 }
 
 } // namespace vexor::detail
