@@ -4,6 +4,7 @@
 
 #include <vexor/dynamic/private/Lapack.h>
 
+#include <dynamic/Allocations.h>
 #include <dynamic/Elements.h>
 
 #include <vexor/foundation/VexorException.h>
@@ -49,14 +50,29 @@ Call TheCall()
     return calls.empty() ? Call{} : calls[0];
 }
 
+/// On every path, failing ones too, all storage taken by a test has been given back when it ends.
 class DriverCalls : public testing::Test {
 protected:
     void SetUp() override
     {
-        calls.clear();
+        Forget();
+        blocksBefore = LiveBlocks();
+    }
+    void TearDown() override
+    {
+        Forget();
+        EXPECT_EQ(LiveBlocks(), blocksBefore);
+    }
+
+private:
+    static void Forget()
+    {
+        std::vector<Call>().swap(calls);
         effect = nullptr;
         reported = 0;
     }
+
+    long blocksBefore = 0;
 };
 
 using Numbers = std::vector<int>;
@@ -213,7 +229,6 @@ TEST_F(DriverCalls, ReSolveRefusesPivotsBelowOne)
                             {{1, 2, 0}, false},
                             {{-2, -2, 3}, false},
                             {{1, 2, least}, false}}) {
-        SCOPED_TRACE(testing::PrintToString(one.pivots));
         for (bool symmetric : {false, true}) {
             MatDbl a = Mat({{4, 1, 2}, {1, 5, 3}, {2, 3, 6}});
             VecDbl b = Dbl({1, 2, 3});
@@ -229,16 +244,14 @@ TEST_F(DriverCalls, ReSolveRefusesPivotsBelowOne)
             if (symmetric) {
                 a.ReSolveSym(b);
                 a.ReSolveSym(many);
-                EXPECT_EQ(calls.size(), 2u);
             } else if (one.serves) {
                 a.ReSolve(b);
                 a.ReSolve(many);
-                EXPECT_EQ(calls.size(), 2u);
             } else {
                 EXPECT_THROW(a.ReSolve(b), VexorComputationFailed);
                 EXPECT_THROW(a.ReSolve(many), VexorComputationFailed);
-                EXPECT_TRUE(calls.empty());
             }
+            EXPECT_EQ(calls.size(), symmetric || one.serves ? 2u : 0u) << testing::PrintToString(one.pivots);
         }
     }
 }
@@ -409,7 +422,6 @@ TEST_F(DriverCalls, EigenSymLeavesWhatTheDriverDoesNotWrite)
             effect = [found](Call const& call) { std::fill_n(call.result, found, 80.0); };
             a.EigenSym(values, 0, 0, selected - 1);
             for (int i = 0; i < 4; ++i) {
-                SCOPED_TRACE(i);
                 if (i < found)
                     EXPECT_EQ(values[i], 80.0);
                 else if (i < selected)

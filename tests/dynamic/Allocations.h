@@ -3,8 +3,8 @@
 #include <functional>
 #include <vector>
 
-// The test program's own heap operators (Allocations defined in AllocationTest.cpp) count what is taken
-// and given back, and can be told to fail.
+// The test program's own heap operators (Allocations.cpp) count what is taken and given back, and can be told
+// to fail.
 
 namespace vexor_test {
 

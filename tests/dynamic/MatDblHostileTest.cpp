@@ -344,6 +344,33 @@ TEST(MatDblHostile, EigenSymMeetsBadNumbers)
     ForEachSize(BadNumbers(), [](MatDbl const&, MatDbl const& symmetric) { FindEigenvalues(symmetric); });
 }
 
+// DSYEVX finds eigenvalues of these that are out of order, and DSTEIN refuses them by calling XERBLA. Where XERBLA
+// ends the process instead of returning, this program ends before its closing line.
+TEST(MatDblHostile, EigenSymGoesOnWhereADriverRefusesItsOwnNumbers)
+{
+    double const bad = vexor_test::nan;
+    double const big = infinity;
+    for (double scale : {1.0, 1e-310, 1e300}) {
+        for (MatDbl const& matrix : {Mat({{-1, 0, -2, 0}, {0, -1, 3, 0}, {-2, 3, bad, 2}, {0, 0, 2, 1}}),
+                                     Mat({{2, -1, -2, 0}, {-1, 2, -2, 0}, {-2, -2, bad, -3}, {0, 0, -3, 2}}),
+                                     Mat({{0, 0.57, 0.73, -0.76, 0.17, -0.97, -0.46},
+                                          {0.57, 0, -big, -0.78, -0.0006, 0.31, 0.21},
+                                          {0.73, -big, 0, big, 0.55, 0.37, -0.03},
+                                          {-0.76, -0.78, big, big, 0.11, 0.05, 0.31},
+                                          {0.17, -0.0006, 0.55, 0.11, 0.22, 0.23, -0.38},
+                                          {-0.97, 0.31, 0.37, 0.05, 0.23, -0.93, 0.84},
+                                          {-0.46, 0.21, -0.03, 0.31, -0.38, 0.84, -0.95}})}) {
+            int const n = matrix.RowCount();
+            for (int wantVectors : {0, 1}) {
+                MatDbl m = matrix * scale;
+                VecDbl values;
+                Returns([&] { m.EigenSym(values, wantVectors, 0, n - 1); });
+                EXPECT_EQ(values.Size(), n);
+            }
+        }
+    }
+}
+
 TEST(MatDblHostile, EigenSymOfDeficientMatrices)
 {
     ForEachSize(FiniteNumbers(), [](MatDbl const&, MatDbl const& symmetric) {
