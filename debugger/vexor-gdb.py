@@ -8,8 +8,9 @@ import struct
 import gdb
 import gdb.printing
 
-# A long vector or a big matrix is shown up to so many elements a row, and so many rows.
+# What a long vector and a large matrix show before they say how much more there is.
 MOST_ELEMENTS = 12
+MOST_ROWS = MOST_COLUMNS = 6
 
 FIELDS = {
     "Vec3Dbl": "x y z", "Vec3Flt": "x y z", "Vec2Dbl": "x y", "Vec2Flt": "x y", "Vec2Int": "x y",
@@ -40,15 +41,14 @@ def number(value):
     return text[:-2] if text.endswith(".0") else text
 
 
-def row(values, count):
-    """'(1, 2, 3)', with '...' for what is left out; values is called with each index."""
-    shown = [number(values(i)) for i in range(min(count, MOST_ELEMENTS))]
-    return "(" + ", ".join(shown + (["..."] if count > MOST_ELEMENTS else [])) + ")"
+def joined(texts, count, most, things=""):
+    """'(1, 2, 3)', or '(1, 2, ... 8 more)'; `texts` is called with each index."""
+    shown = [texts(i) for i in range(min(count, most))]
+    return "(" + ", ".join(shown + (["... %d more%s" % (count - most, things)] if count > most else [])) + ")"
 
 
-def rows(texts, count):
-    shown = [texts(i) for i in range(min(count, MOST_ELEMENTS))]
-    return "(" + ", ".join(shown + (["..."] if count > MOST_ELEMENTS else [])) + ")"
+def row(values, count, most=MOST_ELEMENTS):
+    return joined(lambda i: number(values(i)), count, most)
 
 
 class Fields:
@@ -56,7 +56,7 @@ class Fields:
 
     def __init__(self, value):
         self.value = value
-        self.names = FIELDS[value.type.strip_typedefs().unqualified().name].split()
+        self.names = FIELDS[class_of(value)].split()
 
     def to_string(self):
         return row(lambda i: self.value[self.names[i]], len(self.names))
@@ -82,7 +82,7 @@ class FixedMatrix:
     def to_string(self):
         matrix = self.value["rows"]
         low, high = matrix.type.range()
-        return rows(lambda i: Fields(matrix[i]).to_string(), high - low + 1)
+        return joined(lambda i: Fields(matrix[i]).to_string(), high - low + 1, MOST_ROWS)
 
 
 class AffineMap:
@@ -118,7 +118,7 @@ class DynamicMatrix:
         columns = self.value["columns"]
         kind = "view of %dx%d" if int(self.value["isExternal"]) else "%dx%d"
         factorised = " factorised" if int(self.value["pivots"]) != 0 else ""
-        elements = rows(lambda i: row(lambda j: columns[j][i], width), height)
+        elements = joined(lambda i: row(lambda j: columns[j][i], width, MOST_COLUMNS), height, MOST_ROWS, " rows")
         return kind % (height, width) + factorised + " " + elements
 
 
@@ -141,22 +141,51 @@ class Tolerance:
         return "angle %s, length %s" % (number(self.value["angle"]), number(self.value["length"]))
 
 
-def printers():
-    collection = gdb.printing.RegexpCollectionPrettyPrinter("vexor")
-    for name in FIELDS:
-        collection.add_printer(name, "^%s$" % name, Fields)
-    for names, printer in (
-        ("Mat3Dbl Mat2Dbl", FixedMatrix),
-        ("AffMat3Dbl AffMat2Dbl", AffineMap),
-        ("Quaternion", Quaternion),
-        ("VecDbl VecFlt", DynamicVector),
-        ("MatDbl", DynamicMatrix),
-        ("UInt64", Counter),
-        ("VexorTolerance", Tolerance),
-    ):
-        for name in names.split():
-            collection.add_printer(name, "^%s$" % name, printer)
-    return collection
+VIEWS = dict.fromkeys(FIELDS, Fields)
+VIEWS.update({
+    "Mat3Dbl": FixedMatrix, "Mat2Dbl": FixedMatrix, "AffMat3Dbl": AffineMap, "AffMat2Dbl": AffineMap,
+    "Quaternion": Quaternion, "VecDbl": DynamicVector, "VecFlt": DynamicVector, "MatDbl": DynamicMatrix,
+    "UInt64": Counter, "VexorTolerance": Tolerance,
+})
 
 
-gdb.printing.register_pretty_printer(gdb.current_objfile(), printers(), replace=True)
+def class_of(value):
+    return value.type.strip_typedefs().unqualified().name
+
+
+class Pointer:
+    """The address, and the object if it can be read."""
+
+    def __init__(self, value):
+        self.value = value
+
+    def to_string(self):
+        address = "%#x" % int(self.value)
+        try:
+            target = self.value.dereference()
+            return "%s %s" % (address, VIEWS[class_of(target)](target).to_string())
+        except gdb.MemoryError:
+            return address
+
+
+class Views(gdb.printing.PrettyPrinter):
+    """Chooses the view by the class, whatever leads to the object: a typedef, const, a reference, a pointer."""
+
+    def __init__(self):
+        super().__init__("vexor", [gdb.printing.SubPrettyPrinter(name) for name in VIEWS])
+        self.by_name = {view.name: view for view in self.subprinters}
+
+    def __call__(self, value):
+        if value.type.strip_typedefs().code in (gdb.TYPE_CODE_REF, gdb.TYPE_CODE_RVALUE_REF):
+            value = value.referenced_value()
+        kind, view = value.type.strip_typedefs(), None
+        if kind.code == gdb.TYPE_CODE_PTR:
+            name, view = kind.target().strip_typedefs().unqualified().name, Pointer
+        else:
+            name = class_of(value)
+        if name not in self.by_name or not self.by_name[name].enabled:
+            return None
+        return (view or VIEWS[name])(value)
+
+
+gdb.printing.register_pretty_printer(gdb.current_objfile(), Views(), replace=True)

@@ -4,7 +4,9 @@ import struct
 
 import lldb
 
+# What a long vector and a large matrix show before they say how much more there is.
 MOST_ELEMENTS = 12
+MOST_ROWS = MOST_COLUMNS = 6
 
 FIELDS = {
     "Vec3Dbl": "xyz", "Vec3Flt": "xyz", "Vec2Dbl": "xy", "Vec2Flt": "xy", "Vec2Int": "xy",
@@ -12,8 +14,15 @@ FIELDS = {
 }
 
 
+def target(value):
+    """The object itself, if the value is a reference or a pointer to it, or a reference to a pointer."""
+    value = value.GetNonSyntheticValue()
+    kind = value.GetType().GetCanonicalType()
+    return target(value.Dereference()) if kind.IsReferenceType() or kind.IsPointerType() else value
+
+
 def member(value, name):
-    return value.GetNonSyntheticValue().GetChildMemberWithName(name)
+    return target(value).GetChildMemberWithName(name)
 
 
 def integer(value, name):
@@ -43,9 +52,10 @@ def number(value):
     return value.GetValue()
 
 
-def joined(texts, count):
-    shown = [texts(i) for i in range(min(count, MOST_ELEMENTS))]
-    return "(" + ", ".join(shown + (["..."] if count > MOST_ELEMENTS else [])) + ")"
+def joined(texts, count, most=MOST_ELEMENTS, things=""):
+    """'(1, 2, 3)', or '(1, 2, ... 8 more)'; `texts` is called with each index."""
+    shown = [texts(i) for i in range(min(count, most))]
+    return "(" + ", ".join(shown + (["... %d more%s" % (count - most, things)] if count > most else [])) + ")"
 
 
 def element(pointer, index):
@@ -53,7 +63,7 @@ def element(pointer, index):
 
 
 def fields(value, _):
-    names = FIELDS[value.GetType().GetUnqualifiedType().GetName()]
+    names = FIELDS[target(value).GetType().GetCanonicalType().GetUnqualifiedType().GetName()]
     return joined(lambda i: number(member(value, names[i])), len(names))
 
 
@@ -67,7 +77,7 @@ def fixed_matrix(value, _):
 
 
 def affine_map(value, _):
-    plain = value.GetNonSyntheticValue()
+    plain = target(value)
     return fixed_matrix(plain.GetChildAtIndex(0), None) + " + " + fields(plain.GetChildAtIndex(1), None)
 
 
@@ -85,9 +95,9 @@ def dynamic_matrix(value, _):
     factorised = " factorised " if member(value, "pivots").GetValueAsUnsigned() else " "
 
     def text(i):
-        return joined(lambda j: number(element(element(columns, j), i)), width)
+        return joined(lambda j: number(element(element(columns, j), i)), width, MOST_COLUMNS)
 
-    return kind % (height, width) + factorised + joined(text, height)
+    return kind % (height, width) + factorised + joined(text, height, MOST_ROWS, " rows")
 
 
 def counter(value, _):

@@ -14,6 +14,7 @@ import sys
 NAVIGATION = [
     ("Guides", [
         ("index.html", "Overview"),
+        ("md_docs_guides_installing.html", "Installing"),
         ("md_docs_guides_first_steps.html", "First steps"),
         ("md_docs_conventions.html", "Conventions"),
         ("md_docs_guides_tolerances.html", "Tolerances"),

@@ -1,8 +1,45 @@
-// A program for the debugger to stop in, with one object of every class.
+// A program for the debugger to stop in, with one object of every class, and each of them in every way that a
+// program holds one.
 
 #include <vexor/vexor.h>
 
 void Here() {}
+
+template <class T>
+struct Holder {
+    T member;
+    T const& memberReference;
+    T* memberPointer;
+};
+
+template <class T>
+struct Derived : T {
+    explicit Derived(T const& value) : T(value) {}
+    int more = 5;
+};
+
+template <class T>
+void InEveryWay(T& reference, T const& constReference, T&& rvalueReference, T* pointer, T const* pointerToConst)
+{
+    using Alias = T;
+    T const constant(reference);
+    Alias const alias(reference);
+    Alias const& aliasReference = constant;
+    Alias* const aliasPointer = pointer;
+    T*& pointerReference = pointer;
+    T array[2] = {reference, reference};
+    Holder<T> holder = {reference, reference, pointer};
+    Derived<T> derived(reference);
+    Derived<T> const& derivedReference = derived;
+    T* nullPointer = nullptr;
+    Here();
+}
+
+template <class T>
+void InEveryWay(T object)
+{
+    InEveryWay<T>(object, object, static_cast<T&&>(object), &object, &object);
+}
 
 int main()
 {
@@ -40,7 +77,29 @@ int main()
     MatDbl factorisedView(1, 1, &single);
     VecDbl alone(1, 6.0);
     factorisedView.Solve(alone);
+    MatDbl const largeMatrix(100, 80, 1.5);
+    MatDbl const tallMatrix(8, 2, 0.5);
     VexorTolerance const tolerance;
     Here();
+
+    InEveryWay<Vec3Dbl>(vec3Dbl);
+    InEveryWay<Vec3Flt>(vec3Flt);
+    InEveryWay<Vec2Dbl>(vec2Dbl);
+    InEveryWay<Vec2Flt>(vec2Flt);
+    InEveryWay<Vec2Int>(vec2Int);
+    InEveryWay<Pnt3Dbl>(pnt3Dbl);
+    InEveryWay<Pnt3Flt>(pnt3Flt);
+    InEveryWay<Pnt2Dbl>(pnt2Dbl);
+    InEveryWay<Pnt2Flt>(pnt2Flt);
+    InEveryWay<Mat3Dbl>(mat3Dbl);
+    InEveryWay<Mat2Dbl>(mat2Dbl);
+    InEveryWay<AffMat3Dbl>(affMat3Dbl);
+    InEveryWay<AffMat2Dbl>(affMat2Dbl);
+    InEveryWay<Quaternion>(quaternion);
+    InEveryWay<UInt64>(counter);
+    InEveryWay<VecDbl>(vecDbl);
+    InEveryWay<VecFlt>(vecFlt);
+    InEveryWay<MatDbl>(matDbl);
+    InEveryWay<VexorTolerance>(tolerance);
     return 0;
 }
