@@ -185,6 +185,8 @@ class Views(gdb.printing.PrettyPrinter):
             name = class_of(value)
         if name not in self.by_name or not self.by_name[name].enabled:
             return None
+        if not (kind.target().strip_typedefs() if view else kind).fields():
+            return None  # a class without debug information
         return (view or VIEWS[name])(value)
 
 

@@ -62,25 +62,35 @@ def element(pointer, index):
     return pointer.GetChildAtIndex(index, 0, True)
 
 
+def described(view):
+    """The view, or nothing for a class without debug information, of which lldb reads every field as 0."""
+    return lambda value, internals: view(value, internals) if target(value).GetNumChildren() else ""
+
+
+@described
 def fields(value, _):
     names = FIELDS[target(value).GetType().GetCanonicalType().GetUnqualifiedType().GetName()]
     return joined(lambda i: number(member(value, names[i])), len(names))
 
 
+@described
 def quaternion(value, _):
     return "(%s, %s, %s; %s)" % tuple(number(member(value, name)) for name in "uvws")
 
 
+@described
 def fixed_matrix(value, _):
     matrix = member(value, "rows")
     return joined(lambda i: fields(matrix.GetChildAtIndex(i), None), matrix.GetNumChildren())
 
 
+@described
 def affine_map(value, _):
     plain = target(value)
     return fixed_matrix(plain.GetChildAtIndex(0), None) + " + " + fields(plain.GetChildAtIndex(1), None)
 
 
+@described
 def dynamic_vector(value, _):
     size = integer(value, "size")
     kind = "view of %d " if integer(value, "isExternal") else "%d "
@@ -88,6 +98,7 @@ def dynamic_vector(value, _):
     return kind % size + joined(lambda i: number(element(values, i)), size)
 
 
+@described
 def dynamic_matrix(value, _):
     height, width = integer(value, "rowCount"), integer(value, "columnCount")
     columns = member(value, "columns")
@@ -100,11 +111,13 @@ def dynamic_matrix(value, _):
     return kind % (height, width) + factorised + joined(text, height, MOST_ROWS, " rows")
 
 
+@described
 def counter(value, _):
     bits = member(value, "highWord").GetValueAsUnsigned() << 32 | member(value, "lowWord").GetValueAsUnsigned()
     return str(bits - (1 << 64) if bits >> 63 else bits)
 
 
+@described
 def tolerance(value, _):
     return "angle %s, length %s" % (number(member(value, "angle")), number(member(value, "length")))
 

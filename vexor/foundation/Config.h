@@ -25,8 +25,15 @@
 #        define VEXOR_INLINE inline
 #    endif
 #else
+// clang describes a class to debuggers only where one of its constructors is compiled. Here that is the library, which
+// is shipped without debug information.
+#    if defined(__clang__) && __has_attribute(standalone_debug)
+#        define VEXOR_DEBUGGABLE __attribute__((standalone_debug))
+#    else
+#        define VEXOR_DEBUGGABLE
+#    endif
 #    define VEXOR_API __attribute__((visibility("default")))
-#    define VEXOR_CLASS __attribute__((visibility("default")))
+#    define VEXOR_CLASS __attribute__((visibility("default"))) VEXOR_DEBUGGABLE
 #    define VEXOR_LOCAL __attribute__((visibility("hidden")))
 #    if defined(VEXOR_EMITTING_INLINES)
 #        define VEXOR_INLINE __attribute__((used, visibility("default"))) inline
