@@ -87,6 +87,10 @@ constexpr bool isPlainValue =
 #define CONSTRUCTOR(...)                                                                                     \
     static_assert(std::is_constructible_v<Class, __VA_ARGS__>);                                              \
     static_assert(decltype(vexor_interface::IsImplicitlyMade<Class, __VA_ARGS__>(0))::value)
+/// Exists and is explicit.
+#define EXPLICIT_CONSTRUCTOR(...)                                                                            \
+    static_assert(std::is_constructible_v<Class, __VA_ARGS__>);                                              \
+    static_assert(!decltype(vexor_interface::IsImplicitlyMade<Class, __VA_ARGS__>(0))::value)
 #define NO_CONSTRUCTOR(...) static_assert(!std::is_constructible_v<Class, __VA_ARGS__>)
 #define DEFAULT_CONSTRUCTOR()                                                                                \
     static_assert(std::is_default_constructible_v<Class>);                                                   \

@@ -12,7 +12,7 @@ static_assert(std::is_standard_layout_v<Class> && !std::is_polymorphic_v<Class>)
 DEFAULT_CONSTRUCTOR();
 CONSTRUCTOR(int, float*);
 CONSTRUCTOR(int, float, float*);
-CONSTRUCTOR(int); // the pointer is null by default
+EXPLICIT_CONSTRUCTOR(int); // a size is no vector
 CONSTRUCTOR(int, float);
 CONSTRUCTOR(VecFlt const&);
 NO_CONSTRUCTOR(VecDbl const&); // narrowing takes an assignment

@@ -34,6 +34,10 @@ public:
     VEXOR_API MatDbl(int rows, int cols, double* externalStorage = nullptr);
     /// Every element takes the value; it is written through into the caller's block as well.
     VEXOR_API MatDbl(int rows, int cols, double value, double* externalStorage = nullptr);
+    /// The same for any integer type: a literal 0 is a number here, not a null pointer.
+    template <class Integer, vexor::detail::IfInteger<Integer> = 0>
+    MatDbl(int rows, int cols, Integer value) : MatDbl(rows, cols, static_cast<double>(value))
+    {}
     /// A copy owns its block, also the copy of a view, and carries the pivots.
     VEXOR_API MatDbl(MatDbl const& other);
     /// The transpose of `other`: its row k becomes column k. The way back does not transpose.
@@ -48,7 +52,10 @@ public:
     /// Changes the shape, and lets go of a view unless a pointer is given. Own storage of the same
     /// number of elements keeps them in their linear order, else they are unset; the pivots go. A
     /// matrix with own storage of that shape already stays as it is, pointer or no pointer.
-    VEXOR_API void ReSize(int rows, int cols, double* externalStorage = nullptr);
+    ///
+    /// A literal 0 is refused, since as a pointer it keeps the elements of an unchanged shape and as a number
+    /// it overwrites them. Compilers show the line of the declaration with their message.
+    VEXOR_API void ReSize(int rows, int cols, double* externalStorage = nullptr); // write nullptr or 0.0
     /// As above, and every element then takes the value.
     VEXOR_API void ReSize(int rows, int cols, double value, double* externalStorage = nullptr);
     /// The number of rows, at least 1.

@@ -26,10 +26,16 @@ public:
 
     /// One unset element.
     VEXOR_API VecDbl();
-    /// That many unset elements, or a view on that many of the caller's.
-    VEXOR_API VecDbl(int newSize, double* externalStorage = nullptr);
+    /// That many unset elements.
+    VEXOR_INLINE explicit VecDbl(int newSize) : VecDbl(newSize, static_cast<double*>(nullptr)) {}
+    /// A view on that many elements of the caller's; that many unset elements if the pointer is null.
+    VEXOR_API VecDbl(int newSize, double* externalStorage);
     /// That many elements of the value; it is written through into the caller's array as well.
     VEXOR_API VecDbl(int newSize, double value, double* externalStorage = nullptr);
+    /// The same for any integer type: a literal 0 is a number here, not a null pointer.
+    template <class Integer, vexor::detail::IfInteger<Integer> = 0>
+    VecDbl(int newSize, Integer value) : VecDbl(newSize, static_cast<double>(value))
+    {}
     /// A copy owns its elements, also the copy of a view.
     VEXOR_API VecDbl(VecDbl const& other);
     /// The three components.
@@ -47,7 +53,10 @@ public:
 
     /// Changes the size, and lets go of a view unless a pointer is given. Elements are not carried
     /// over. A vector with own storage of that size already stays as it is, pointer or no pointer.
-    VEXOR_API void ReSize(int newSize, double* externalStorage = nullptr);
+    ///
+    /// A literal 0 is refused, since as a pointer it keeps the elements of an unchanged size and as a number
+    /// it overwrites them. Compilers show the line of the declaration with their message.
+    VEXOR_API void ReSize(int newSize, double* externalStorage = nullptr); // write nullptr or 0.0
     /// As above, and every element then takes the value.
     VEXOR_API void ReSize(int newSize, double value, double* externalStorage = nullptr);
     /// The number of elements, at least 1.
@@ -74,6 +83,12 @@ public:
 
     /// Every element takes the value.
     VEXOR_API VecDbl& SetValue(double value);
+    /// The same for any integer type: a literal 0 is a number here, not a null pointer.
+    template <class Integer, vexor::detail::IfInteger<Integer> = 0>
+    VecDbl& SetValue(Integer value)
+    {
+        return SetValue(static_cast<double>(value));
+    }
     /// Copies `Size()` values from the array.
     VEXOR_API VecDbl& SetValue(double const* const array);
     /// Copies the `Size()` values to the array.

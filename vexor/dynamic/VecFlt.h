@@ -16,10 +16,16 @@ public:
 
     /// One unset element.
     VEXOR_API VecFlt();
-    /// That many unset elements, or a view on that many of the caller's.
-    VEXOR_API VecFlt(int newSize, float* externalStorage = nullptr);
+    /// That many unset elements.
+    VEXOR_INLINE explicit VecFlt(int newSize) : VecFlt(newSize, static_cast<float*>(nullptr)) {}
+    /// A view on that many elements of the caller's; that many unset elements if the pointer is null.
+    VEXOR_API VecFlt(int newSize, float* externalStorage);
     /// That many elements of the value; it is written through into the caller's array as well.
     VEXOR_API VecFlt(int newSize, float value, float* externalStorage = nullptr);
+    /// The same for any integer type: a literal 0 is a number here, not a null pointer.
+    template <class Integer, vexor::detail::IfInteger<Integer> = 0>
+    VecFlt(int newSize, Integer value) : VecFlt(newSize, static_cast<float>(value))
+    {}
     /// A copy owns its elements, also the copy of a view.
     VEXOR_API VecFlt(VecFlt const& other);
     /// Frees own storage; a block of the caller stays.
@@ -33,7 +39,10 @@ public:
 
     /// Changes the size, and lets go of a view unless a pointer is given. Elements are not carried
     /// over. A vector with own storage of that size already stays as it is, pointer or no pointer.
-    VEXOR_API void ReSize(int newSize, float* externalStorage = nullptr);
+    ///
+    /// A literal 0 is refused, since as a pointer it keeps the elements of an unchanged size and as a number
+    /// it overwrites them. Compilers show the line of the declaration with their message.
+    VEXOR_API void ReSize(int newSize, float* externalStorage = nullptr); // write nullptr or 0.0f
     /// As above, and every element then takes the value.
     VEXOR_API void ReSize(int newSize, float value, float* externalStorage = nullptr);
     /// The number of elements, at least 1.
@@ -60,6 +69,12 @@ public:
 
     /// Every element takes the value.
     VEXOR_API VecFlt& SetValue(float value);
+    /// The same for any integer type: a literal 0 is a number here, not a null pointer.
+    template <class Integer, vexor::detail::IfInteger<Integer> = 0>
+    VecFlt& SetValue(Integer value)
+    {
+        return SetValue(static_cast<float>(value));
+    }
     /// Copies `Size()` values from the array.
     VEXOR_API VecFlt& SetValue(float const* const array);
     /// Copies the `Size()` values to the array.

@@ -3,6 +3,7 @@
 #include <vexor/foundation/detail/Wrapping.h>
 
 #include <cstdint>
+#include <type_traits>
 
 // The signed 64-bit integer type of the interface. Where neither the compiler nor a macro provides the
 // name, it is `long long` under that name.
@@ -17,6 +18,14 @@
 typedef long long __int64;
 #    undef VEXOR_LACKS_INT64
 #endif
+
+namespace vexor::detail {
+
+/// Of `long` and `long long` the one that `Int64` is not.
+template <class Int64>
+using OtherInt64 = std::conditional_t<std::is_same_v<Int64, long>, long long, long>;
+
+} // namespace vexor::detail
 
 /// A 64-bit counter in two 32-bit words, the low one first.
 ///
@@ -122,6 +131,14 @@ public:
     VEXOR_INLINE operator double() const { return static_cast<double>(int64()); }
     /// V.
     VEXOR_INLINE operator __int64() const { return int64(); }
+#if defined(__SIZEOF_LONG__) && __SIZEOF_LONG__ == 8
+    /// V as the other signed type of 64 bits: where `long` has 64 bits, `std::int64_t` is one of `long` and
+    /// `long long`, and `__int64` may be the other.
+    operator vexor::detail::OtherInt64<__int64>() const
+    {
+        return int64();
+    }
+#endif
     /// V. The same operation as the conversion.
     VEXOR_INLINE __int64 int64() const
     {

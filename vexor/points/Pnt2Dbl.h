@@ -22,6 +22,10 @@ public:
     VEXOR_KEEP_MEMORY VEXOR_INLINE Pnt2Dbl() { vexor::detail::LeaveUnset(x, y); }
     /// Both coordinates take the value.
     VEXOR_INLINE Pnt2Dbl(double value) : x(value), y(value) {}
+    /// The same for any integer type: a literal 0 is a number here, not a null pointer.
+    template <class Integer, vexor::detail::IfInteger<Integer> = 0>
+    Pnt2Dbl(Integer value) : Pnt2Dbl(static_cast<double>(value))
+    {}
     /// The coordinates, in order.
     VEXOR_INLINE Pnt2Dbl(double x0, double y0) : x(x0), y(y0) {}
     /// Copies two doubles from the array.
@@ -49,6 +53,12 @@ public:
 
     /// Both coordinates take the value.
     VEXOR_INLINE Pnt2Dbl& SetValue(double value) { return SetValue(value, value); }
+    /// The same for any integer type: a literal 0 is a number here, not a null pointer.
+    template <class Integer, vexor::detail::IfInteger<Integer> = 0>
+    Pnt2Dbl& SetValue(Integer value)
+    {
+        return SetValue(static_cast<double>(value));
+    }
     /// Sets the coordinates, in order.
     VEXOR_INLINE Pnt2Dbl& SetValue(double x0, double y0)
     {

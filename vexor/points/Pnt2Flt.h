@@ -23,6 +23,10 @@ public:
     VEXOR_KEEP_MEMORY VEXOR_INLINE Pnt2Flt() { vexor::detail::LeaveUnset(x, y); }
     /// Both coordinates take the value.
     VEXOR_INLINE Pnt2Flt(float value) : x(value), y(value) {}
+    /// The same for any integer type: a literal 0 is a number here, not a null pointer.
+    template <class Integer, vexor::detail::IfInteger<Integer> = 0>
+    Pnt2Flt(Integer value) : Pnt2Flt(static_cast<float>(value))
+    {}
     /// The coordinates, in order.
     VEXOR_INLINE Pnt2Flt(float x0, float y0) : x(x0), y(y0) {}
     /// Copies two floats from the array.
@@ -54,6 +58,12 @@ public:
 
     /// Both coordinates take the value.
     VEXOR_INLINE Pnt2Flt& SetValue(float value) { return SetValue(value, value); }
+    /// The same for any integer type: a literal 0 is a number here, not a null pointer.
+    template <class Integer, vexor::detail::IfInteger<Integer> = 0>
+    Pnt2Flt& SetValue(Integer value)
+    {
+        return SetValue(static_cast<float>(value));
+    }
     /// Sets the coordinates, in order.
     VEXOR_INLINE Pnt2Flt& SetValue(float x0, float y0)
     {

@@ -25,6 +25,10 @@ public:
     VEXOR_KEEP_MEMORY VEXOR_INLINE Pnt3Dbl() { vexor::detail::LeaveUnset(x, y, z); }
     /// All three coordinates take the value.
     VEXOR_INLINE Pnt3Dbl(double value) : x(value), y(value), z(value) {}
+    /// The same for any integer type: a literal 0 is a number here, not a null pointer.
+    template <class Integer, vexor::detail::IfInteger<Integer> = 0>
+    Pnt3Dbl(Integer value) : Pnt3Dbl(static_cast<double>(value))
+    {}
     /// The coordinates, in order.
     VEXOR_INLINE Pnt3Dbl(double x0, double y0, double z0) : x(x0), y(y0), z(z0) {}
     /// Copies three doubles from the array.
@@ -52,6 +56,12 @@ public:
 
     /// All three coordinates take the value.
     VEXOR_INLINE Pnt3Dbl& SetValue(double value) { return SetValue(value, value, value); }
+    /// The same for any integer type: a literal 0 is a number here, not a null pointer.
+    template <class Integer, vexor::detail::IfInteger<Integer> = 0>
+    Pnt3Dbl& SetValue(Integer value)
+    {
+        return SetValue(static_cast<double>(value));
+    }
     /// Sets the coordinates, in order.
     VEXOR_INLINE Pnt3Dbl& SetValue(double x0, double y0, double z0)
     {

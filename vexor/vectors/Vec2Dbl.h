@@ -24,6 +24,10 @@ public:
     VEXOR_KEEP_MEMORY VEXOR_INLINE Vec2Dbl() { vexor::detail::LeaveUnset(x, y); }
     /// Both components take the value.
     VEXOR_INLINE Vec2Dbl(double value) : x(value), y(value) {}
+    /// The same for any integer type: a literal 0 is a number here, not a null pointer.
+    template <class Integer, vexor::detail::IfInteger<Integer> = 0>
+    Vec2Dbl(Integer value) : Vec2Dbl(static_cast<double>(value))
+    {}
     /// The components, in order.
     VEXOR_INLINE Vec2Dbl(double x0, double y0) : x(x0), y(y0) {}
     /// Copies two doubles from the array.
@@ -47,6 +51,12 @@ public:
 
     /// Both components take the value.
     VEXOR_INLINE Vec2Dbl& SetValue(double value) { return SetValue(value, value); }
+    /// The same for any integer type: a literal 0 is a number here, not a null pointer.
+    template <class Integer, vexor::detail::IfInteger<Integer> = 0>
+    Vec2Dbl& SetValue(Integer value)
+    {
+        return SetValue(static_cast<double>(value));
+    }
     /// Sets the components, in order.
     VEXOR_INLINE Vec2Dbl& SetValue(double x0, double y0)
     {

@@ -20,6 +20,10 @@ public:
     VEXOR_KEEP_MEMORY VEXOR_INLINE Vec2Flt() { vexor::detail::LeaveUnset(x, y); }
     /// Both components take the value.
     VEXOR_INLINE Vec2Flt(float value) : x(value), y(value) {}
+    /// The same for any integer type: a literal 0 is a number here, not a null pointer.
+    template <class Integer, vexor::detail::IfInteger<Integer> = 0>
+    Vec2Flt(Integer value) : Vec2Flt(static_cast<float>(value))
+    {}
     /// The components, in order.
     VEXOR_INLINE Vec2Flt(float x0, float y0) : x(x0), y(y0) {}
     /// Copies two floats from the array.
@@ -45,6 +49,12 @@ public:
 
     /// Both components take the value.
     VEXOR_INLINE Vec2Flt& SetValue(float value) { return SetValue(value, value); }
+    /// The same for any integer type: a literal 0 is a number here, not a null pointer.
+    template <class Integer, vexor::detail::IfInteger<Integer> = 0>
+    Vec2Flt& SetValue(Integer value)
+    {
+        return SetValue(static_cast<float>(value));
+    }
     /// Sets the components, in order.
     VEXOR_INLINE Vec2Flt& SetValue(float x0, float y0)
     {

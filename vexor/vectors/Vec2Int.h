@@ -1,6 +1,7 @@
 #pragma once
 #include <vexor/foundation/Config.h>
 #include <vexor/foundation/detail/Element.h>
+#include <vexor/foundation/detail/Integer.h>
 #include <vexor/foundation/detail/Wrapping.h>
 #include <vexor/vectors/detail/Extremes.h>
 
@@ -21,6 +22,10 @@ public:
     VEXOR_KEEP_MEMORY VEXOR_INLINE Vec2Int() { vexor::detail::LeaveUnset(x, y); }
     /// Both components take the value.
     VEXOR_INLINE Vec2Int(int value) : x(value), y(value) {}
+    /// The same for any integer type: a literal 0 is a number here, not a null pointer.
+    template <class Integer, vexor::detail::IfInteger<Integer> = 0>
+    Vec2Int(Integer value) : Vec2Int(static_cast<int>(value))
+    {}
     /// The components, in order.
     VEXOR_INLINE Vec2Int(int x0, int y0) : x(x0), y(y0) {}
     /// Copies two ints from the array.
@@ -36,6 +41,12 @@ public:
 
     /// Both components take the value.
     VEXOR_INLINE Vec2Int& SetValue(int value) { return SetValue(value, value); }
+    /// The same for any integer type: a literal 0 is a number here, not a null pointer.
+    template <class Integer, vexor::detail::IfInteger<Integer> = 0>
+    Vec2Int& SetValue(Integer value)
+    {
+        return SetValue(static_cast<int>(value));
+    }
     /// Sets the components, in order.
     VEXOR_INLINE Vec2Int& SetValue(int x0, int y0)
     {

@@ -1,6 +1,7 @@
 #pragma once
 #include <vexor/foundation/Config.h>
 #include <vexor/foundation/detail/Element.h>
+#include <vexor/foundation/detail/Integer.h>
 #include <vexor/foundation/detail/Raise.h>
 #include <vexor/foundation/detail/Scalar.h>
 #include <vexor/foundation/VexorException.h>
@@ -35,6 +36,10 @@ public:
     VEXOR_KEEP_MEMORY VEXOR_INLINE Vec3Dbl() { vexor::detail::LeaveUnset(x, y, z); }
     /// All three components take the value.
     VEXOR_INLINE Vec3Dbl(double value) : x(value), y(value), z(value) {}
+    /// The same for any integer type: a literal 0 is a number here, not a null pointer.
+    template <class Integer, vexor::detail::IfInteger<Integer> = 0>
+    Vec3Dbl(Integer value) : Vec3Dbl(static_cast<double>(value))
+    {}
     /// The components, in order.
     VEXOR_INLINE Vec3Dbl(double x0, double y0, double z0) : x(x0), y(y0), z(z0) {}
     /// Copies three doubles from the array.
@@ -60,6 +65,12 @@ public:
 
     /// All three components take the value.
     VEXOR_INLINE Vec3Dbl& SetValue(double value) { return SetValue(value, value, value); }
+    /// The same for any integer type: a literal 0 is a number here, not a null pointer.
+    template <class Integer, vexor::detail::IfInteger<Integer> = 0>
+    Vec3Dbl& SetValue(Integer value)
+    {
+        return SetValue(static_cast<double>(value));
+    }
     /// Sets the components, in order.
     VEXOR_INLINE Vec3Dbl& SetValue(double x0, double y0, double z0)
     {

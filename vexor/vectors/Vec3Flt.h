@@ -21,6 +21,10 @@ public:
     VEXOR_KEEP_MEMORY VEXOR_INLINE Vec3Flt() { vexor::detail::LeaveUnset(x, y, z); }
     /// All three components take the value.
     VEXOR_INLINE Vec3Flt(float value) : x(value), y(value), z(value) {}
+    /// The same for any integer type: a literal 0 is a number here, not a null pointer.
+    template <class Integer, vexor::detail::IfInteger<Integer> = 0>
+    Vec3Flt(Integer value) : Vec3Flt(static_cast<float>(value))
+    {}
     /// The components, in order.
     VEXOR_INLINE Vec3Flt(float x0, float y0, float z0) : x(x0), y(y0), z(z0) {}
     /// Copies three floats from the array.
@@ -46,6 +50,12 @@ public:
 
     /// All three components take the value.
     VEXOR_INLINE Vec3Flt& SetValue(float value) { return SetValue(value, value, value); }
+    /// The same for any integer type: a literal 0 is a number here, not a null pointer.
+    template <class Integer, vexor::detail::IfInteger<Integer> = 0>
+    Vec3Flt& SetValue(Integer value)
+    {
+        return SetValue(static_cast<float>(value));
+    }
     /// Sets the components, in order.
     VEXOR_INLINE Vec3Flt& SetValue(float x0, float y0, float z0)
     {
