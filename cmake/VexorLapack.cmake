@@ -10,6 +10,19 @@ option(VEXOR_LAPACK_STATIC
     "Link the reference LAPACK and BLAS archives into the library, with a parameter-error routine that returns"
     OFF)
 
+option(VEXOR_LAPACK_REPRODUCIBLE
+    "Link the archives of scripts/reproducible-lapack: the solvers give the same bits on every platform"
+    OFF)
+if(VEXOR_LAPACK_REPRODUCIBLE)
+    set(folder "${PROJECT_SOURCE_DIR}/build/reproducible-lapack/native")
+    if(NOT VEXOR_LAPACK_ARCHIVE AND NOT EXISTS "${folder}/liblapack.a")
+        message(FATAL_ERROR "VEXOR_LAPACK_REPRODUCIBLE needs the archives that scripts/reproducible-lapack builds")
+    endif()
+    set(VEXOR_LAPACK_ARCHIVE "${folder}/liblapack.a" CACHE FILEPATH "Archive of the reference LAPACK")
+    set(VEXOR_BLAS_ARCHIVE "${folder}/libblas.a" CACHE FILEPATH "Archive of the reference BLAS")
+    set(VEXOR_LAPACK_STATIC ON)
+endif()
+
 if(VEXOR_LAPACK_STATIC)
     find_library(VEXOR_LAPACK_ARCHIVE NAMES liblapack.a lapack.lib PATH_SUFFIXES lapack
         DOC "Archive of the reference LAPACK")
