@@ -437,12 +437,12 @@ TEST(CheckedStorage, OwnBlockAsCallersStorage)
     VecDbl doubles(4, 1.0);
     VecFlt floats(4, 1.0f);
     MatDbl matrix(2, 3, 1.0);
-    EXPECT_STOP(doubles.ReSize(3, &doubles[0]), "Storage.h", "a vector's own block is no caller's storage");
-    EXPECT_STOP(floats.ReSize(5, &floats[0]), "Storage.h", "a vector's own block is no caller's storage");
-    EXPECT_STOP(matrix.ReSize(3, 2, &matrix(0, 0)), "MatDbl.cpp",
-                "a matrix's own block is no caller's storage");
-    EXPECT_STOP(matrix.ReSize(2, 2, &matrix(0, 0)), "MatDbl.cpp",
-                "a matrix's own block is no caller's storage");
+    EXPECT_STOP(doubles.ReSize(3, &doubles[0]), "Storage.h", "an object's own block is no caller's storage");
+    EXPECT_STOP(floats.ReSize(5, &floats[0]), "Storage.h", "an object's own block is no caller's storage");
+    EXPECT_STOP(matrix.ReSize(3, 2, &matrix(0, 0)), "Storage.h",
+                "an object's own block is no caller's storage");
+    EXPECT_STOP(matrix.ReSize(2, 2, &matrix(0, 0)), "Storage.h",
+                "an object's own block is no caller's storage");
     // Where nothing changes, the pointer is ignored.
     doubles.ReSize(4, &doubles[0]);
     floats.ReSize(4, &floats[0]);

@@ -6,6 +6,7 @@
 #include <vexor/dynamic/private/Storage.h>
 
 #include <algorithm>
+#include <utility>
 
 using namespace vexor::detail;
 
@@ -56,10 +57,9 @@ MatDbl::MatDbl(Mat3Dbl const& other) : MatDbl(3, 3, nullptr)
 
 MatDbl::~MatDbl()
 {
-    if (!isExternal)
-        ReturnBlock(columns[0]);
-    ReturnBytes(columns);
-    ReturnBytes(pivots);
+    ElementBlock<OwnedBlock>(columns[0], isExternal).Release();
+    Exchange<Owned<double*>>(columns, nullptr);
+    ReleasePivots();
 }
 
 MatDbl& MatDbl::operator=(MatDbl const& other)
@@ -67,14 +67,15 @@ MatDbl& MatDbl::operator=(MatDbl const& other)
     // Everything is taken before anything changes.
     bool const staysAsItIs = rowCount == other.rowCount && columnCount == other.columnCount && !isExternal;
     bool const needsPivots = other.pivots && !(staysAsItIs && pivots);
-    Owned<int> freshPivots = needsPivots ? TakeOrRaise<int>(PivotArrayLength(other.rowCount)) : nullptr;
+    Owned<int> freshPivots =
+        needsPivots ? TakeOrRaise<Owned<int>>(PivotArrayLength(other.rowCount)) : nullptr;
     // The other may be a view on our own block, which therefore lives until the copy is made.
-    OwnedBlock const retired(Shape(other.rowCount, other.columnCount, nullptr));
+    OwnedBlock const former(Shape(other.rowCount, other.columnCount, nullptr));
 
     CopyRun(columns[0], other.columns[0], CountOf(other));
     if (other.pivots) {
         if (!pivots)
-            pivots = freshPivots.release();
+            Exchange(pivots, std::move(freshPivots));
         CopyRun(pivots, other.pivots, PivotArrayLength(rowCount));
     } else {
         ReleasePivots();
@@ -95,7 +96,7 @@ void MatDbl::ReSize(int rows, int cols, double value, double* externalStorage)
 
 void MatDbl::Init(int rows, int cols, double* externalStorage)
 {
-    ReturnBlock(Shape(rows, cols, externalStorage));
+    OwnedBlock const former(Shape(rows, cols, externalStorage));
 }
 
 double* MatDbl::Shape(int rows, int cols, double* externalStorage)
@@ -105,35 +106,24 @@ double* MatDbl::Shape(int rows, int cols, double* externalStorage)
     if (rows == rowCount && cols == columnCount && !isExternal)
         return nullptr;
 
-    double* const oldBlock = columns ? columns[0] : nullptr;
-    bool const keepsBlock =
-        !externalStorage && !isExternal && CountOf(rows, cols) == CountOf(rowCount, columnCount);
-    VEXOR_CHECK(!externalStorage || isExternal || externalStorage != oldBlock,
-                "a matrix's own block is no caller's storage for it");
-    Owned<double*> newTable = cols == columnCount ? nullptr : TakeOrRaise<double*>(cols);
-    OwnedBlock newBlock = externalStorage || keepsBlock ? nullptr : TakeBlockOrRaise(CountOf(rows, cols));
+    Owned<double*> freshTable = cols == columnCount ? nullptr : TakeOrRaise<Owned<double*>>(cols);
+    double* start = columns ? columns[0] : nullptr;
+    OwnedBlock former = ElementBlock<OwnedBlock>(start, isExternal)
+                            .Fit(CountOf(rows, cols), CountOf(rowCount, columnCount), externalStorage);
 
     // From here on nothing fails.
-    double* const block = externalStorage ? externalStorage : keepsBlock ? oldBlock : newBlock.release();
-    double* const retired = isExternal || block == oldBlock ? nullptr : oldBlock;
-    if (newTable) {
-        ReturnBytes(columns);
-        columns = newTable.release();
-    }
-    columns[0] = block;
-    for (int j = 1; j < cols; ++j)
-        columns[j] = columns[j - 1] + rows;
+    if (freshTable)
+        Exchange(columns, std::move(freshTable));
+    PointColumns(columns, start, rows, cols);
     rowCount = rows;
     columnCount = cols;
-    isExternal = externalStorage ? 1 : 0;
     ReleasePivots();
-    return retired;
+    return former.release();
 }
 
 void MatDbl::ReleasePivots()
 {
-    ReturnBytes(pivots);
-    pivots = nullptr;
+    Exchange<Owned<int>>(pivots, nullptr);
 }
 
 // ---- Elements, rows and columns --------------------------------------------------------------------
@@ -263,7 +253,7 @@ MatDbl& MatDbl::Transpose()
         TransposeSquare(rowCount, columns[0]);
         return *this;
     }
-    OwnedBlock const source = TakeBlockOrRaise(CountOf(*this));
+    auto const source = TakeOrRaise<OwnedBlock>(CountOf(*this));
     CopyRun(source.get(), columns[0], CountOf(*this));
     Init(columnCount, rowCount, isExternal ? columns[0] : nullptr);
     TransposeInto(columnCount, rowCount, source.get(), columns[0]);

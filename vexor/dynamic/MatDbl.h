@@ -206,6 +206,7 @@ private:
     VEXOR_LOCAL void DoSolveLinearLeastSquares(double* rhs, int rhsCount,
                                                vexor::detail::Workspace<double>& work);
     VEXOR_LOCAL void MoveRowsTo(double* block, int rows);
+    VEXOR_LOCAL void Adopt(double* block, int rows);
 
     // The block is known by columns[0] alone; columns[j] is columns[0] + j·rowCount throughout.
     int rowCount;     // at least 1

@@ -14,6 +14,7 @@
 #include <cmath>
 #include <limits>
 #include <numeric>
+#include <utility>
 
 using namespace vexor::detail;
 
@@ -28,7 +29,7 @@ void RequireSuccess(int info)
 /// The pivots 1 to n, which exchange nothing: an array that a failed driver leaves unwritten holds them.
 Owned<int> TakeIdentityPivots(int n)
 {
-    Owned<int> pivots = TakeOrRaise<int>(PivotArrayLength(n));
+    Owned<int> pivots = TakeOrRaise<Owned<int>>(PivotArrayLength(n));
     std::iota(pivots.get(), pivots.get() + n, 1);
     return pivots;
 }
@@ -84,7 +85,7 @@ void MatDbl::DoSolve(double* rhs, int rhsCount, int factorise)
     int info = 0;
     if (factorise) {
         if (!pivots)
-            pivots = TakeIdentityPivots(rowCount).release();
+            Exchange(pivots, TakeIdentityPivots(rowCount));
         dgesv_(&rowCount, &rhsCount, columns[0], &rowCount, pivots, rhs, &rowCount, &info);
         MarkPivots(pivots, columns, rowCount, Factors::General);
     } else {
@@ -133,12 +134,12 @@ void MatDbl::DoSolveSym(double* rhs, int rhsCount, int factorise)
 {
     int info = 0;
     if (factorise) {
-        if (!pivots)
-            pivots = TakeIdentityPivots(rowCount).release();
-        Owned<int> kept(pivots);
-        pivots = nullptr; // without workspace the pivots go, also those of a former factorisation
+        // Without workspace the pivots are dropped, also those of a former factorisation.
+        Owned<int> kept = Exchange<Owned<int>>(pivots, nullptr);
+        if (!kept)
+            kept = TakeIdentityPivots(rowCount);
         Workspace<double> work(128, rowCount);
-        pivots = kept.release();
+        Exchange(pivots, std::move(kept));
         dsysv_("U", &rowCount, &rhsCount, columns[0], &rowCount, pivots, rhs, &rowCount, work.block.get(),
                &work.length, &info, oneLetter);
         work.block.reset();
@@ -164,7 +165,7 @@ void MatDbl::DoSolveSym(double* rhs, int rhsCount, int factorise)
 void MatDbl::SolveLinearLeastSquares(VecDbl& b)
 {
     RequireSameSize(b.size, rowCount);
-    Owned<double> resized = rowCount == columnCount ? nullptr : TakeOrRaise<double>(columnCount);
+    Owned<double> resized = rowCount == columnCount ? nullptr : TakeOrRaise<Owned<double>>(columnCount);
     ReleasePivots();
     Workspace<double> work(128, std::max(rowCount, columnCount));
     if (rowCount < columnCount)
@@ -178,7 +179,7 @@ void MatDbl::SolveLinearLeastSquares(MatDbl& b)
 {
     RequireSameSize(b.rowCount, rowCount);
     OwnedBlock resized =
-        rowCount == columnCount ? nullptr : TakeBlockOrRaise(CountOf(columnCount, b.columnCount));
+        rowCount == columnCount ? nullptr : TakeOrRaise<OwnedBlock>(CountOf(columnCount, b.columnCount));
     ReleasePivots();
     Workspace<double> work(128, std::max(rowCount, columnCount));
     if (rowCount < columnCount)
@@ -208,12 +209,15 @@ void MatDbl::MoveRowsTo(double* block, int rows)
     int const carried = std::min(rows, rowCount);
     for (int j = 0; j < columnCount; ++j)
         CopyRun(block + CountOf(rows, j), columns[j], carried);
-    if (!isExternal)
-        ReturnBlock(columns[0]);
-    for (int j = 0; j < columnCount; ++j)
-        columns[j] = block + CountOf(rows, j);
+    Adopt(block, rows);
+}
+
+/// Makes a block of that many rows own storage, without pivots.
+void MatDbl::Adopt(double* block, int rows)
+{
+    ElementBlock<OwnedBlock>(columns[0], isExternal).Own(OwnedBlock(block));
+    PointColumns(columns, block, rows, columnCount);
     rowCount = rows;
-    isExternal = 0;
     ReleasePivots();
 }
 
@@ -223,22 +227,18 @@ MatDbl& MatDbl::Invert()
 {
     RequireSameSize(rowCount, columnCount);
     std::int64_t const count = CountOf(rowCount, rowCount);
-    OwnedBlock inverse = TakeBlockOrRaise(count);
+    auto inverse = TakeOrRaise<OwnedBlock>(count);
     FillRun(inverse.get(), count, 0.0);
     for (int i = 0; i < rowCount; ++i)
         inverse[static_cast<std::size_t>(CountOf(rowCount, i) + i)] = 1.0;
     DoSolve(inverse.get(), rowCount, 1);
 
     if (isExternal) {
-        // A view leaves its block to the caller and takes over the inverse's.
-        double* const block = inverse.release();
-        for (int j = 0; j < rowCount; ++j)
-            columns[j] = block + CountOf(rowCount, j);
-        isExternal = 0;
+        Adopt(inverse.release(), rowCount); // and leaves the caller's block
     } else {
         CopyRun(columns[0], inverse.get(), count);
+        ReleasePivots();
     }
-    ReleasePivots();
     return *this;
 }
 
@@ -285,7 +285,7 @@ void MatDbl::EigenSym(VecDbl& eigenValues, int wantVectors, int firstIndex, int 
     // The vectors come in columns, here to be copied into rows. They start as zeros, since a driver
     // that fails need not write them.
     std::int64_t const vectorElements = wantVectors ? CountOf(rowCount, selected) : 1;
-    Owned<double> const vectors = TakeOrRaise<double>(vectorElements);
+    auto const vectors = TakeOrRaise<Owned<double>>(vectorElements);
     FillRun(vectors.get(), vectorElements, 0.0);
     Workspace<double> work(140, rowCount);
     Workspace<int> integerWork(5, rowCount);

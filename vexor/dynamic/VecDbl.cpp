@@ -7,6 +7,10 @@
 
 using namespace vexor::detail;
 
+namespace {
+using Elements = ElementBlock<Owned<double>>;
+}
+
 // ---- Construction and size -------------------------------------------------------------------------
 
 VecDbl::VecDbl() : VecDbl(1, nullptr) {}
@@ -33,14 +37,13 @@ VecDbl::VecDbl(Vec3Dbl const& vector) : VecDbl(3, nullptr)
 
 VecDbl::~VecDbl()
 {
-    if (!isExternal)
-        ReturnBytes(values);
+    Elements(values, isExternal).Release();
 }
 
 VecDbl& VecDbl::operator=(VecDbl const& other)
 {
     // The other may be a view on our own array, which therefore lives until the copy is made.
-    Owned<double> const retired = ShapeVector<double>(values, size, isExternal, other.size, nullptr);
+    auto const former = Resize(Elements(values, isExternal), size, other.size, nullptr);
     CopyRun(values, other.values, size);
     return *this;
 }
@@ -58,17 +61,14 @@ void VecDbl::ReSize(int newSize, double value, double* externalStorage)
 
 void VecDbl::Init(int newSize, double* externalStorage)
 {
-    ShapeVector(values, size, isExternal, newSize, externalStorage);
+    Resize(Elements(values, isExternal), size, newSize, externalStorage);
 }
 
 void VecDbl::MoveTo(double* block, int newSize)
 {
     CopyRun(block, values, std::min(size, newSize));
-    if (!isExternal)
-        ReturnBytes(values);
-    values = block;
+    Elements(values, isExternal).Own(Owned<double>(block));
     size = newSize;
-    isExternal = 0;
 }
 
 // ---- Access ----------------------------------------------------------------------------------------

@@ -8,6 +8,10 @@
 
 using namespace vexor::detail;
 
+namespace {
+using Elements = ElementBlock<Owned<float>>;
+}
+
 // ---- Construction and size -------------------------------------------------------------------------
 
 VecFlt::VecFlt() : VecFlt(1, nullptr) {}
@@ -29,14 +33,13 @@ VecFlt::VecFlt(VecFlt const& other) : VecFlt(other.size, nullptr)
 
 VecFlt::~VecFlt()
 {
-    if (!isExternal)
-        ReturnBytes(values);
+    Elements(values, isExternal).Release();
 }
 
 VecFlt& VecFlt::operator=(VecFlt const& other)
 {
     // The other may be a view on our own array, which therefore lives until the copy is made.
-    Owned<float> const retired = ShapeVector<float>(values, size, isExternal, other.size, nullptr);
+    auto const former = Resize(Elements(values, isExternal), size, other.size, nullptr);
     CopyRun(values, other.values, size);
     return *this;
 }
@@ -62,7 +65,7 @@ void VecFlt::ReSize(int newSize, float value, float* externalStorage)
 
 void VecFlt::Init(int newSize, float* externalStorage)
 {
-    ShapeVector(values, size, isExternal, newSize, externalStorage);
+    Resize(Elements(values, isExternal), size, newSize, externalStorage);
 }
 
 // ---- Access ----------------------------------------------------------------------------------------

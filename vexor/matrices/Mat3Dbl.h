@@ -333,7 +333,7 @@ VEXOR_INLINE Vec3Dbl operator*(Mat3Dbl const& matrix, Vec3Dbl const& vector)
     Vec3Dbl const& row2 = matrix.GetRow(2);
     Pair const xy = Pair{vector.x, vector.y};
     Pair const terms2 = Pair{row2.x, row2.y} * xy;
-    Pair const sums = vexor::detail::SumsWithin(Pair{row0.x, row0.y} * xy, Pair{row1.x, row1.y} * xy)
+    Pair const sums = vexor::detail::HorizontalSums(Pair{row0.x, row0.y} * xy, Pair{row1.x, row1.y} * xy)
                       + Pair{row0.z, row1.z} * Pair{vector.z, vector.z};
     return Vec3Dbl(sums[0], sums[1], (terms2[0] + terms2[1]) + row2.z * vector.z);
 }

@@ -31,7 +31,7 @@ void ReturnBytes(void* bytes) noexcept
 }
 
 template <class Element>
-Owned<Element> Take(std::int64_t count) noexcept
+Element* Heap<Element>::Take(std::int64_t count) noexcept
 {
     auto* const block = static_cast<Element*>(TakeBytes(count, sizeof(Element)));
 #if defined(VEXOR_CHECKED)
@@ -40,22 +40,22 @@ Owned<Element> Take(std::int64_t count) noexcept
             block[i] = std::numeric_limits<Element>::signaling_NaN();
     }
 #endif
-    return Owned<Element>(block);
+    return block;
 }
 
-template Owned<double> Take<double>(std::int64_t count) noexcept;
-template Owned<float> Take<float>(std::int64_t count) noexcept;
-template Owned<int> Take<int>(std::int64_t count) noexcept;
-template Owned<double*> Take<double*>(std::int64_t count) noexcept;
+template struct Heap<double>;
+template struct Heap<float>;
+template struct Heap<int>;
+template struct Heap<double*>;
 
 #if defined(VEXOR_EXACT_BLOCKS)
 
-double* TakeBlock(std::int64_t count) noexcept
+double* LineHeap::Take(std::int64_t count) noexcept
 {
-    return Take<double>(count).release();
+    return Heap<double>::Take(count);
 }
 
-void ReturnBlock(double* block) noexcept
+void LineHeap::operator()(double* block) const noexcept
 {
     ReturnBytes(block);
 }
@@ -66,7 +66,7 @@ namespace {
 constexpr int line = 64;
 }
 
-double* TakeBlock(std::int64_t count) noexcept
+double* LineHeap::Take(std::int64_t count) noexcept
 {
     constexpr std::int64_t extra = line / sizeof(double);
     auto* const start = static_cast<unsigned char*>(TakeBytes(count + extra, sizeof(double)));
@@ -79,7 +79,7 @@ double* TakeBlock(std::int64_t count) noexcept
     return reinterpret_cast<double*>(block);
 }
 
-void ReturnBlock(double* block) noexcept
+void LineHeap::operator()(double* block) const noexcept
 {
     if (!block)
         return;

@@ -5,74 +5,132 @@
 #include <limits>
 #include <memory>
 
-// Storage of the classes of run-time size. Everything they and their drivers take from the heap is
-// taken here, so that a request that is not met ends in one way only: in `VexorAllocationFailed`,
-// whatever the client's allocator or new-handler does to say so.
+// Storage of the classes of run-time size. Everything they and their drivers take from the heap is taken here, so
+// that a failed allocation always ends in `VexorAllocationFailed`, whatever the client's allocator or new-handler
+// does to report it. The classes hold plain pointers, as their layout demands. What happens to them is written
+// here: a block is taken, exchanged and released by `Owned`, and changes hands by `Exchange` and `ElementBlock`.
 
 namespace vexor::detail {
 
-/// Unset storage for at least one element, or null where there is none to be had: the request is more
-/// than the address space holds, or the allocator refuses it, by returning null or by throwing anything.
+/// Unset storage for at least one element. Null if the request exceeds the address space or if the allocator
+/// refuses it, by returning null or by throwing anything.
 void* TakeBytes(std::int64_t count, std::int64_t elementSize) noexcept;
 void ReturnBytes(void* bytes) noexcept;
 
-struct ReturnToHeap {
-    void operator()(void* bytes) const noexcept { ReturnBytes(bytes); }
+/// Storage that begins where the allocator says.
+template <class Element>
+struct Heap {
+    /// That many elements, unset; in checked builds floating elements hold signalling NaNs. Null if there is no
+    /// storage.
+    static Element* Take(std::int64_t count) noexcept;
+    void operator()(Element* block) const noexcept { ReturnBytes(block); }
+};
+
+extern template struct Heap<double>;
+extern template struct Heap<float>;
+extern template struct Heap<int>;
+extern template struct Heap<double*>;
+
+/// Storage for the elements of a matrix, which begins with a cache line, so that no register of the kernels
+/// straddles two lines if the row count allows for it. The allocator guarantees less, so a block is
+/// over-allocated and aligned inside. Checked builds, and those under AddressSanitizer, take exact blocks, so
+/// that an access beyond either end does not fall into the excess.
+struct LineHeap {
+    static double* Take(std::int64_t count) noexcept;
+    void operator()(double* block) const noexcept;
 };
 
 /// A block on its way into or out of an object, or a driver's workspace.
-template <class Element>
-using Owned = std::unique_ptr<Element[], ReturnToHeap>;
+template <class Element, class Source = Heap<Element>>
+using Owned = std::unique_ptr<Element[], Source>;
+using OwnedBlock = Owned<double, LineHeap>;
 
-/// That many elements, unset; in checked builds floating elements hold signalling NaNs. Null where
-/// there is no storage.
-template <class Element>
-Owned<Element> Take(std::int64_t count) noexcept;
-
-extern template Owned<double> Take<double>(std::int64_t count) noexcept;
-extern template Owned<float> Take<float>(std::int64_t count) noexcept;
-extern template Owned<int> Take<int>(std::int64_t count) noexcept;
-extern template Owned<double*> Take<double*>(std::int64_t count) noexcept;
-
-/// The same, raising `VexorAllocationFailed` where there is no storage.
-template <class Element>
-inline Owned<Element> TakeOrRaise(std::int64_t count)
+/// That many elements, raising `VexorAllocationFailed` if there is no storage.
+template <class Owner>
+inline Owner TakeOrRaise(std::int64_t count)
 {
-    Owned<Element> block = Take<Element>(count);
+    Owner block(Owner::deleter_type::Take(count));
     if (!block)
         RaiseAllocationFailed();
     return block;
 }
 
-// The elements of a matrix begin at the start of a line of cache, so that no register of the kernels
-// straddles two lines where the row count allows for it. The allocator promises less: a block asks it for
-// some room more and begins within. Checked builds, and those under AddressSanitizer, take exact blocks, so
-// that an access beyond either end does not fall into that room.
+/// Gives a field that owns its block another one. Returns the former block, which is released unless it is kept.
+template <class Owner>
+inline Owner Exchange(typename Owner::pointer& field, Owner fresh)
+{
+    Owner former(field);
+    field = fresh.release();
+    return former;
+}
 
-/// Elements of a matrix, unset (in checked builds signalling NaNs), or null. Such a block goes back by
-/// ReturnBlock alone.
-double* TakeBlock(std::int64_t count) noexcept;
-void ReturnBlock(double* block) noexcept;
+/// The element block of an object, known by two of its fields: where it starts, and whether it is the caller's.
+/// Each change returns the own block that the object gave up, or null. It is released unless it is kept, as
+/// long as something may still be read from it.
+template <class Owner>
+class ElementBlock {
+public:
+    using Pointer = typename Owner::pointer;
 
-struct ReturnToBlocks {
-    void operator()(double* block) const noexcept { ReturnBlock(block); }
+    ElementBlock(Pointer& startField, int& flagField) : start(startField), isExternal(flagField) {}
+
+    bool IsOwn() const { return !isExternal; }
+
+    /// Own storage.
+    Owner Own(Owner fresh) { return Become(fresh.release(), 0); }
+
+    /// A view on the caller's block.
+    Owner View(Pointer externalStorage)
+    {
+        VEXOR_CHECK(!IsOwn() || externalStorage != start,
+                    "an object's own block is no caller's storage for it");
+        return Become(externalStorage, 1);
+    }
+
+    /// Room for another number of elements: the caller's block if there is one, else own storage, which stays if
+    /// it has that number. Raises `VexorAllocationFailed`, with nothing changed, if there is no storage.
+    Owner Fit(std::int64_t count, std::int64_t formerCount, Pointer externalStorage)
+    {
+        if (externalStorage)
+            return View(externalStorage);
+        if (IsOwn() && count == formerCount)
+            return nullptr;
+        return Own(TakeOrRaise<Owner>(count));
+    }
+
+    /// The end of the object.
+    void Release() { Become(nullptr, 0); }
+
+private:
+    Owner Become(Pointer newStart, int newFlag)
+    {
+        Owner former(IsOwn() ? start : nullptr);
+        start = newStart;
+        isExternal = newFlag;
+        return former;
+    }
+
+    Pointer& start;
+    int& isExternal;
 };
 
-/// A matrix's block on its way into or out of the object.
-using OwnedBlock = std::unique_ptr<double[], ReturnToBlocks>;
-
-/// A block, raising `VexorAllocationFailed` where there is no storage.
-inline OwnedBlock TakeBlockOrRaise(std::int64_t count)
+/// Gives a vector another size. Own storage of that size stays as it is, and the pointer is then ignored.
+/// Returns what `Fit` returns. Raises `VexorAllocationFailed`, with nothing changed, also for a size below 1.
+template <class Owner>
+inline Owner Resize(ElementBlock<Owner> elements, int& size, int newSize,
+                    typename Owner::pointer externalStorage)
 {
-    OwnedBlock block(TakeBlock(count));
-    if (!block)
+    if (newSize < 1)
         RaiseAllocationFailed();
-    return block;
+    if (elements.IsOwn() && newSize == size)
+        return nullptr;
+    Owner former = elements.Fit(newSize, size, externalStorage);
+    size = newSize;
+    return former;
 }
 
-/// Workspace of a driver: `multiple` elements for each of `dimension`. LAPACK takes its length as an
-/// int, so workspace whose length is none cannot be had and raises `VexorAllocationFailed` like any
-/// other that is not there.
+/// Workspace of a driver: `multiple` elements for each of `dimension`. LAPACK takes the length as an int. A length
+/// that does not fit raises `VexorAllocationFailed`, like any failed allocation.
 template <class Element>
 struct Workspace {
     Owned<Element> block;
@@ -83,7 +141,7 @@ struct Workspace {
         std::int64_t const wanted = static_cast<std::int64_t>(multiple) * dimension;
         if (wanted > std::numeric_limits<int>::max())
             RaiseAllocationFailed();
-        block = TakeOrRaise<Element>(wanted);
+        block = TakeOrRaise<Owned<Element>>(wanted);
         length = static_cast<int>(wanted);
     }
 };
@@ -94,27 +152,11 @@ inline std::int64_t CountOf(int rows, int columns)
     return static_cast<std::int64_t>(rows) * columns;
 }
 
-/// Gives a vector, known by its three fields, a size and storage, the caller's where a pointer is
-/// given. Own storage of that size stays as it is, and the pointer is then ignored. Returns the own
-/// block that the vector gave up, for the caller to drop when nothing reads it any more. Raises
-/// `VexorAllocationFailed`, with nothing changed, for a size below 1 and where there is no storage.
-template <class Element>
-inline Owned<Element> ShapeVector(Element*& values, int& size, int& isExternal, int newSize,
-                                  Element* externalStorage)
+/// The column table of a matrix whose block starts there.
+inline void PointColumns(double** columns, double* start, int rowCount, int columnCount)
 {
-    if (newSize < 1)
-        RaiseAllocationFailed();
-    if (newSize == size && !isExternal)
-        return nullptr;
-    VEXOR_CHECK(!externalStorage || isExternal || externalStorage != values,
-                "a vector's own block is no caller's storage for it");
-
-    Owned<Element> fresh = externalStorage ? nullptr : TakeOrRaise<Element>(newSize);
-    Owned<Element> retired(isExternal ? nullptr : values);
-    values = externalStorage ? externalStorage : fresh.release();
-    size = newSize;
-    isExternal = externalStorage ? 1 : 0;
-    return retired;
+    for (int j = 0; j < columnCount; ++j)
+        columns[j] = start + CountOf(rowCount, j);
 }
 
 inline void RequireSameSize(int left, int right)

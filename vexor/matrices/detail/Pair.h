@@ -29,7 +29,7 @@ inline Pair operator*(Pair left, Pair right)
 #endif
 
 /// (a₀ + a₁, b₀ + b₁).
-inline Pair SumsWithin(Pair a, Pair b)
+inline Pair HorizontalSums(Pair a, Pair b)
 {
     return Pair{a[0], b[0]} + Pair{a[1], b[1]};
 }
