@@ -20,6 +20,7 @@ NAVIGATION = [
         ("md_docs_guides_tolerances.html", "Tolerances"),
         ("md_docs_guides_solvers.html", "Choosing a solver"),
         ("md_docs_guides_storage.html", "Storage and views"),
+        ("md_docs_guides_surprising_calls.html", "Calls that surprise"),
         ("md_docs_guides_coming_from_eigen_glm_imath.html", "From Eigen, GLM, Imath"),
         ("md_docs_guides_checked_builds.html", "Checked builds"),
         ("md_docs_guides_debuggers.html", "Debuggers"),

@@ -7,6 +7,7 @@
 // VEXOR_INLINE  a function whose body stands in a header: inlined into the client's code, and also
 //               present in the library's export table, for clients that cannot inline (other
 //               languages, unoptimised builds). One source of the library, Exports.cpp, emits them.
+//               Defaulted members and templates do not carry it and have no symbol of their own.
 // VEXOR_CLASS   a class whose members are exported one by one with the two macros above.
 // VEXOR_LOCAL   a private member of such a class that only the library's own sources call.
 #if defined(_WIN32)

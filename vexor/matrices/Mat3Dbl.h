@@ -1,6 +1,7 @@
 #pragma once
 #include <vexor/foundation/detail/Rounding.h>
 #include <vexor/matrices/detail/Pair.h>
+#include <vexor/matrices/SmallSolver.h>
 #include <vexor/points/Pnt3Dbl.h>
 #include <vexor/points/Pnt3Flt.h>
 #include <vexor/vectors/Vec3Dbl.h>
@@ -244,11 +245,13 @@ public:
     /// eigenvalues, as for the unit matrix. Where two neighbouring eigenvalues coincide to 10 units of
     /// rounding, the second vector of the pair is a cross product: of rows 0 and 1 for the
     /// upper pair; of rows 0 and 2 for the lower pair, so that the rows are then left-handed. Where all
-    /// three coincide, the rows are those of the unit matrix.
+    /// three coincide, the rows are those of the unit matrix. The `VexorNullVector` of
+    /// `GetEigenVectorGivenEigenValue` never occurs in practice.
     VEXOR_API void EigenSym(Vec3Dbl& eigenValues, int wantVectors);
     /// A unit eigenvector of a symmetric matrix for an eigenvalue, which is taken as given. Only the upper
     /// triangle is read. If the matrix is that value times the unit matrix, (1, 0, 0). Raises
-    /// `VexorNullVector` where the arithmetic yields a null vector.
+    /// `VexorNullVector` if the arithmetic yields a null vector, which it never does in practice: the vector
+    /// is built around an element that was chosen because it is not 0.
     VEXOR_API void GetEigenVectorGivenEigenValue(Vec3Dbl& eigenVector, double eigenValue);
 
 private:

@@ -1,0 +1,12 @@
+// Comparing is not const, so in C++20 either order of the operands is equally good: clang warns.
+// clang++: ISO C\+\+20 considers use of overloaded operator .==. .* to be ambiguous
+// flags: -std=c++20 -Werror
+
+#include <vexor/vexor.h>
+
+void Client([[maybe_unused]] UInt64& a, [[maybe_unused]] UInt64& b)
+{
+#if defined(OFFENCE)
+    static_cast<void>(a == b);
+#endif
+}
