@@ -4,6 +4,9 @@ include(CMakePackageConfigHelpers)
 
 # The components that together are an installation.
 set(VEXOR_INSTALL_COMPONENTS runtime dev)
+if(VEXOR_BUILD_ARRAYS)
+    list(APPEND VEXOR_INSTALL_COMPONENTS arrays arrays_dev)
+endif()
 
 install(TARGETS vexor
     EXPORT vexorTargets
@@ -34,6 +37,25 @@ configure_file(cmake/vexor.pc.in vexor.pc @ONLY)
 install(FILES "${CMAKE_CURRENT_BINARY_DIR}/vexor.pc"
     DESTINATION "${CMAKE_INSTALL_LIBDIR}/pkgconfig"
     COMPONENT dev)
+
+# The component: a package of its own, whose targets `find_package(vexor COMPONENTS arrays)` adds.
+if(VEXOR_BUILD_ARRAYS)
+    # Finds vexor beside itself; in the system's own folders that is not wanted.
+    if(UNIX AND NOT APPLE AND NOT CMAKE_INSTALL_PREFIX STREQUAL "/usr")
+        set_target_properties(vexor_arrays PROPERTIES INSTALL_RPATH "$ORIGIN")
+    endif()
+    install(TARGETS vexor_arrays
+        EXPORT vexorArraysTargets
+        RUNTIME DESTINATION "${CMAKE_INSTALL_BINDIR}" COMPONENT arrays
+        LIBRARY DESTINATION "${CMAKE_INSTALL_LIBDIR}" COMPONENT arrays NAMELINK_COMPONENT arrays_dev
+        ARCHIVE DESTINATION "${CMAKE_INSTALL_LIBDIR}" COMPONENT arrays_dev
+        FILE_SET headers DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}" COMPONENT arrays_dev)
+    install(EXPORT vexorArraysTargets NAMESPACE vexor:: DESTINATION "${VEXOR_PACKAGE_DIR}" COMPONENT arrays_dev)
+    configure_file(cmake/vexor-arrays.pc.in vexor-arrays.pc @ONLY)
+    install(FILES "${CMAKE_CURRENT_BINARY_DIR}/vexor-arrays.pc"
+        DESTINATION "${CMAKE_INSTALL_LIBDIR}/pkgconfig"
+        COMPONENT arrays_dev)
+endif()
 
 # Views for debuggers. gdb finds its own by the library's name: beside the library, wherever that lies, and
 # for a library of the system in a folder that it trusts unasked. The prefix is known at installation only.

@@ -1,5 +1,5 @@
 # Debian packages by CPack: libvexor1 (the library), libvexor-dev (headers, package files, debugger
-# views) and vexor-doc.
+# views), libvexor-arrays1 and libvexor-arrays-dev (the component), and vexor-doc.
 
 find_program(GZIP gzip)
 
@@ -21,9 +21,13 @@ if(GZIP)
     execute_process(COMMAND "${GZIP}" -9nkf "${debian_files}/changelog.Debian")
 endif()
 
-foreach(package_and_component "libvexor${PROJECT_VERSION_MAJOR};runtime" "libvexor-dev;dev" "vexor-doc;doc")
-    list(GET package_and_component 0 package)
-    list(GET package_and_component 1 component)
+set(packages libvexor${PROJECT_VERSION_MAJOR} libvexor-dev vexor-doc)
+set(components runtime dev doc)
+if(VEXOR_BUILD_ARRAYS)
+    list(APPEND packages libvexor-arrays${PROJECT_VERSION_MAJOR} libvexor-arrays-dev)
+    list(APPEND components arrays arrays_dev)
+endif()
+foreach(package component IN ZIP_LISTS packages components)
     # Named "changelog.gz" where the version has no Debian revision, as here.
     install(FILES "${debian_files}/copyright"
         DESTINATION "${CMAKE_INSTALL_DATADIR}/doc/${package}" COMPONENT ${component} EXCLUDE_FROM_ALL)
@@ -49,7 +53,7 @@ set(CPACK_PACKAGE_CONTACT "the vexor authors <authors@vexor.invalid>")
 set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
 set(CPACK_STRIP_FILES ON)
 set(CPACK_DEB_COMPONENT_INSTALL ON)
-set(CPACK_COMPONENTS_ALL runtime dev doc)
+set(CPACK_COMPONENTS_ALL ${components})
 set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS
     OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE WORLD_READ WORLD_EXECUTE)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
@@ -77,4 +81,22 @@ set(CPACK_DEBIAN_DOC_PACKAGE_SECTION doc)
 set(CPACK_DEBIAN_DOC_PACKAGE_ARCHITECTURE all)
 set(CPACK_COMPONENT_DOC_DESCRIPTION "Geometric and linear-algebra value classes (documentation)
  Guides and reference of vexor.")
+set(CPACK_DEBIAN_ARRAYS_PACKAGE_NAME libvexor-arrays${PROJECT_VERSION_MAJOR})
+set(CPACK_DEBIAN_ARRAYS_PACKAGE_SECTION libs)
+set(CPACK_DEBIAN_ARRAYS_PACKAGE_SHLIBDEPS ON)
+set(CPACK_DEBIAN_ARRAYS_PACKAGE_DEPENDS "libvexor${PROJECT_VERSION_MAJOR} (= ${PROJECT_VERSION})")
+file(MAKE_DIRECTORY "${debian_files}/arrays")
+file(WRITE "${debian_files}/arrays/shlibs"
+    "libvexor_arrays ${PROJECT_VERSION_MAJOR} libvexor-arrays${PROJECT_VERSION_MAJOR} (>= ${PROJECT_VERSION})\n")
+set(CPACK_DEBIAN_ARRAYS_PACKAGE_CONTROL_EXTRA "${debian_files}/arrays/shlibs;${debian_files}/triggers")
+set(CPACK_COMPONENT_ARRAYS_DESCRIPTION "Functions over arrays of vexor's classes (library)
+ Sums, products, lengths, tests, maps, rotations and small solvers over
+ arrays of vectors, points and matrices, with the bits of the loops over
+ the classes' members.")
+set(CPACK_DEBIAN_ARRAYS_DEV_PACKAGE_NAME libvexor-arrays-dev)
+set(CPACK_DEBIAN_ARRAYS_DEV_PACKAGE_SECTION libdevel)
+set(CPACK_DEBIAN_ARRAYS_DEV_PACKAGE_DEPENDS
+    "libvexor-arrays${PROJECT_VERSION_MAJOR} (= ${PROJECT_VERSION}), libvexor-dev (= ${PROJECT_VERSION})")
+set(CPACK_COMPONENT_ARRAYS_DEV_DESCRIPTION "Functions over arrays of vexor's classes (development files)
+ Headers, CMake and pkg-config files of vexor's component for arrays.")
 include(CPack)

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Compares what the shared library exports with what this folder holds, or writes it anew.
-#   exports.sh symbols check|update LIBRARY   the list of exported symbols, exported_symbols.txt; and that no
+#   exports.sh symbols check|update LIBRARY [LIST]   the list of exported symbols, exported_symbols.txt or LIST; and that no
 #                                             lock of a local static is imported
 #   exports.sh dll check LIBRARY              the same symbols in a DLL
 #   exports.sh abi check|update LIBRARY       types, layouts and signatures, vexor.abi; LIBRARY has
@@ -10,6 +10,7 @@ set -euo pipefail
 export LC_ALL=C
 folder=$(cd "$(dirname "$0")" && pwd)
 kind=$1 action=$2 library=$3
+list=$folder/${4:-exported_symbols.txt}
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 
@@ -46,8 +47,8 @@ symbols)
         exit 1
     fi
     if [ "$action" = update ]; then
-        cp "$work/symbols" "$folder/exported_symbols.txt"
-    elif ! diff -u "$folder/exported_symbols.txt" "$work/symbols"; then
+        cp "$work/symbols" "$list"
+    elif ! diff -u "$list" "$work/symbols"; then
         echo "The exported symbols have changed. If that is intended, run scripts/update-abi." >&2
         exit 1
     fi

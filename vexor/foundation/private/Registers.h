@@ -128,8 +128,13 @@ VEXOR_ALWAYS_INLINE Vector Shuffle(Vector const& a, Vector const& b, std::intege
 #if defined(__clang__)
     return __builtin_shufflevector(a, b, places...);
 #else
-    typedef long long Places __attribute__((vector_size(sizeof(Vector))));
-    return __builtin_shuffle(a, b, Places{places...});
+    if constexpr (sizeof(Vector) / sizeof...(places) == sizeof(double)) {
+        typedef long long Places __attribute__((vector_size(sizeof(Vector))));
+        return __builtin_shuffle(a, b, Places{places...});
+    } else {
+        typedef int Places __attribute__((vector_size(sizeof(Vector))));
+        return __builtin_shuffle(a, b, Places{places...});
+    }
 #endif
 }
 

@@ -1,0 +1,246 @@
+#include <arrays/Loops.h>
+
+// Vectors.h against loops over the members, byte for byte, in every instruction set of this machine.
+
+namespace {
+
+using namespace arrays_test;
+
+template <class Vector>
+class ArraysOfVectors : public testing::Test {};
+using Vectors = testing::Types<Vec3Dbl, Vec3Flt, Vec2Dbl, Vec2Flt>;
+TYPED_TEST_SUITE(ArraysOfVectors, Vectors);
+
+template <class Point>
+class ArraysOfPoints : public testing::Test {};
+using Points = testing::Types<Pnt3Dbl, Pnt3Flt, Pnt2Dbl, Pnt2Flt>;
+TYPED_TEST_SUITE(ArraysOfPoints, Points);
+
+// `results` is a pointer: a parameter pack of references would make it an array's element type const.
+#define PAIR(name)                                                                                           \
+    [](auto const& left, auto const& right, auto* results, std::size_t count) {                              \
+        vexor::arrays::name(left, right, results, count);                                                    \
+    }
+#define SINGLE(name)                                                                                         \
+    [](auto const* values, auto* results, std::size_t count) { vexor::arrays::name(values, results, count); }
+#define MEMBER(name) [](auto const& left, auto const& right) { return left.name(right); }
+#define OWN(name) [](auto const& value) { return value.name(); }
+
+TYPED_TEST(ArraysOfVectors, Add)
+{
+    ExaminePair<TypeParam, TypeParam>("Add", PAIR(Add), [](auto const& a, auto const& b) { return a + b; });
+}
+
+TYPED_TEST(ArraysOfVectors, Subtract)
+{
+    ExaminePair<TypeParam, TypeParam>("Subtract", PAIR(Subtract),
+                                      [](auto const& a, auto const& b) { return a - b; });
+}
+
+TYPED_TEST(ArraysOfVectors, Scale)
+{
+    ExaminePair<TypeParam, Number<TypeParam>>("Scale", PAIR(Scale),
+                                              [](auto const& a, auto const& b) { return a * b; });
+}
+
+TYPED_TEST(ArraysOfVectors, Negate)
+{
+    ExamineSingle<TypeParam>("Negate", SINGLE(Negate), [](auto const& a) { return -a; });
+}
+
+TYPED_TEST(ArraysOfVectors, ElemMult)
+{
+    ExaminePair<TypeParam, TypeParam>("ElemMult", PAIR(ElemMult), MEMBER(ElemMult));
+}
+
+TYPED_TEST(ArraysOfVectors, Dot)
+{
+    ExaminePair<TypeParam, TypeParam>("Dot", PAIR(Dot), MEMBER(Dot));
+}
+
+TYPED_TEST(ArraysOfVectors, Cross)
+{
+    ExaminePair<TypeParam, TypeParam>("Cross", PAIR(Cross), MEMBER(Cross));
+}
+
+TYPED_TEST(ArraysOfVectors, LengthSquared)
+{
+    ExamineSingle<TypeParam>("LengthSquared", SINGLE(LengthSquared), OWN(LengthSquared));
+}
+
+TYPED_TEST(ArraysOfVectors, Length)
+{
+    ExamineSingle<TypeParam>("Length", SINGLE(Length), OWN(Length));
+}
+
+TYPED_TEST(ArraysOfVectors, Normalize)
+{
+    ExamineSingle<TypeParam>("Normalize", SINGLE(Normalize), OWN(GetNormalizedCopy));
+}
+
+TYPED_TEST(ArraysOfVectors, GetAngleWith)
+{
+    ExaminePair<TypeParam, TypeParam>("GetAngleWith", PAIR(GetAngleWith), MEMBER(GetAngleWith));
+}
+
+TYPED_TEST(ArraysOfVectors, IsParallelTo)
+{
+    ExaminePair<TypeParam, TypeParam>("IsParallelTo", PAIR(IsParallelTo), MEMBER(IsParallelTo));
+}
+
+TYPED_TEST(ArraysOfVectors, IsCodirectionalTo)
+{
+    ExaminePair<TypeParam, TypeParam>("IsCodirectionalTo", PAIR(IsCodirectionalTo),
+                                      MEMBER(IsCodirectionalTo));
+}
+
+TYPED_TEST(ArraysOfVectors, IsPerpendicularTo)
+{
+    ExaminePair<TypeParam, TypeParam>("IsPerpendicularTo", PAIR(IsPerpendicularTo),
+                                      MEMBER(IsPerpendicularTo));
+}
+
+TYPED_TEST(ArraysOfVectors, IsUnitParallelTo)
+{
+    ExaminePair<TypeParam, TypeParam>("IsUnitParallelTo", PAIR(IsUnitParallelTo), MEMBER(IsUnitParallelTo));
+}
+
+TYPED_TEST(ArraysOfVectors, IsUnitCodirectionalTo)
+{
+    ExaminePair<TypeParam, TypeParam>("IsUnitCodirectionalTo", PAIR(IsUnitCodirectionalTo),
+                                      MEMBER(IsUnitCodirectionalTo));
+}
+
+TYPED_TEST(ArraysOfVectors, IsUnitPerpendicularTo)
+{
+    ExaminePair<TypeParam, TypeParam>("IsUnitPerpendicularTo", PAIR(IsUnitPerpendicularTo),
+                                      MEMBER(IsUnitPerpendicularTo));
+}
+
+TYPED_TEST(ArraysOfVectors, IsEqualTo)
+{
+    ExaminePair<TypeParam, TypeParam>("IsEqualTo", PAIR(IsEqualTo), MEMBER(IsEqualTo));
+}
+
+// Wide tolerances, so that about half of the answers are 1, which chance gives the tests above rarely.
+TYPED_TEST(ArraysOfVectors, TestsWithTolerancesOfTheCaller)
+{
+    using Element = Number<TypeParam>;
+    Operands operands(3);
+    for (double const angular : {0.4, 0.0, 0.8, 1e-30}) {
+        for (double const length : {9.0, -1.0, 0.0, 60.0}) {
+            auto const a = static_cast<Element>(angular);
+            auto const l = static_cast<Element>(length);
+            for (Kind kind : {Kind::Ordinary, Kind::Strewn}) {
+                auto const lefts = operands.Many<TypeParam>(allCounts, kind);
+                auto const rights = operands.Many<TypeParam>(allCounts, kind);
+#define COMPARE(name)                                                                                        \
+    ComparePair(                                                                                             \
+        #name, lefts, rights,                                                                                \
+        [&](auto const& left, auto const& right, unsigned char* results, std::size_t count) {                \
+            vexor::arrays::name(left, right, results, count, angular, length);                               \
+        },                                                                                                   \
+        [&](auto const& left, auto const& right) { return left.name(right, a, l); }, false)
+                COMPARE(IsParallelTo);
+                COMPARE(IsCodirectionalTo);
+                COMPARE(IsPerpendicularTo);
+                COMPARE(IsEqualTo);
+#undef COMPARE
+#define COMPARE(name)                                                                                        \
+    ComparePair(                                                                                             \
+        #name, lefts, rights,                                                                                \
+        [&](auto const& left, auto const& right, unsigned char* results, std::size_t count) {                \
+            vexor::arrays::name(left, right, results, count, angular);                                       \
+        },                                                                                                   \
+        [&](auto const& left, auto const& right) { return left.name(right, a); }, false)
+                COMPARE(IsUnitParallelTo);
+                COMPARE(IsUnitCodirectionalTo);
+                COMPARE(IsUnitPerpendicularTo);
+#undef COMPARE
+            }
+        }
+    }
+}
+
+// Equal, opposite and nearly equal vectors, for which the tests answer 1.
+TYPED_TEST(ArraysOfVectors, TestsOfNearlyEqualVectors)
+{
+    Operands operands(4);
+    auto const lefts = operands.Many<TypeParam>(allCounts, Kind::Strewn);
+    std::vector<TypeParam> rights(lefts);
+    for (std::size_t i = 0; i < rights.size(); ++i) {
+        if (i % 4 == 1)
+            rights[i].Negate();
+        if (i % 4 == 2)
+            rights[i] *= Number<TypeParam>(1.0 + 1e-6);
+        if (i % 4 == 3)
+            rights[i].x += Number<TypeParam>(1e-5);
+    }
+    ComparePair("IsEqualTo", lefts, rights, PAIR(IsEqualTo), MEMBER(IsEqualTo), false);
+    ComparePair("IsParallelTo", lefts, rights, PAIR(IsParallelTo), MEMBER(IsParallelTo), false);
+    ComparePair("IsCodirectionalTo", lefts, rights, PAIR(IsCodirectionalTo), MEMBER(IsCodirectionalTo),
+                false);
+    ComparePair("IsUnitParallelTo", lefts, rights, PAIR(IsUnitParallelTo), MEMBER(IsUnitParallelTo), false);
+    ComparePair("GetAngleWith", lefts, rights, PAIR(GetAngleWith), MEMBER(GetAngleWith), false);
+}
+
+TYPED_TEST(ArraysOfPoints, AddAndSubtract)
+{
+    using Vector = std::decay_t<decltype(std::declval<TypeParam>().Vector())>;
+    ExaminePair<TypeParam, Vector>("Add", PAIR(Add), [](auto const& a, auto const& b) { return a + b; });
+    ExaminePair<TypeParam, TypeParam>("Subtract", PAIR(Subtract),
+                                      [](auto const& a, auto const& b) { return a - b; });
+}
+
+TYPED_TEST(ArraysOfPoints, Scale)
+{
+    ExaminePair<TypeParam, Number<TypeParam>>("Scale", PAIR(Scale),
+                                              [](auto const& a, auto const& b) { return a * b; });
+}
+
+TYPED_TEST(ArraysOfPoints, DistanceSqTo)
+{
+    ExaminePair<TypeParam, TypeParam>("DistanceSqTo", PAIR(DistanceSqTo), MEMBER(DistanceSqTo));
+}
+
+TYPED_TEST(ArraysOfPoints, DistanceTo)
+{
+    ExaminePair<TypeParam, TypeParam>("DistanceTo", PAIR(DistanceTo), MEMBER(DistanceTo));
+}
+
+TYPED_TEST(ArraysOfPoints, IsEqualTo)
+{
+    ExaminePair<TypeParam, TypeParam>("IsEqualTo", PAIR(IsEqualTo), MEMBER(IsEqualTo));
+    ExaminePair<TypeParam, TypeParam>(
+        "IsEqualTo",
+        [](auto const& left, auto const& right, unsigned char* results, std::size_t count) {
+            vexor::arrays::IsEqualTo(left, right, results, count, 4.5);
+        },
+        [](auto const& left, auto const& right) { return left.IsEqualTo(right, Number<TypeParam>(4.5)); });
+}
+
+TEST(ArraysConvert, ToSingle)
+{
+    ExamineSingle<Vec3Dbl>(
+        "Convert",
+        [](Vec3Dbl const* from, Vec3Flt* to, std::size_t count) { vexor::arrays::Convert(from, to, count); },
+        [](Vec3Dbl const& value) { return value.ToVec3Flt(); });
+    ExamineSingle<Pnt2Dbl>(
+        "Convert",
+        [](Pnt2Dbl const* from, Pnt2Flt* to, std::size_t count) { vexor::arrays::Convert(from, to, count); },
+        [](Pnt2Dbl const& value) { return value.ToPnt2Flt(); });
+}
+
+TEST(ArraysConvert, ToDouble)
+{
+    ExamineSingle<Vec3Flt>(
+        "Convert",
+        [](Vec3Flt const* from, Vec3Dbl* to, std::size_t count) { vexor::arrays::Convert(from, to, count); },
+        [](Vec3Flt const& value) { return Vec3Dbl(value); });
+    ExamineSingle<Pnt3Flt>(
+        "Convert",
+        [](Pnt3Flt const* from, Pnt3Dbl* to, std::size_t count) { vexor::arrays::Convert(from, to, count); },
+        [](Pnt3Flt const& value) { return Pnt3Dbl(value); });
+}
+
+} // namespace

@@ -1,0 +1,57 @@
+#pragma once
+#include <vexor/arrays/detail/Functions.h>
+
+// Arrays of Mat3Dbl. Unlike the members these functions leave the matrices as they are and write their results
+// beside them, or over them if told so; the row order that a member keeps for `ReSolve` is not written. Products
+// are in Maps.h. The forms, with and without a count, are those of Vectors.h.
+
+namespace vexor::arrays {
+
+/// results[i] = matrices[i].GetInvertedCopy(). Raises `VexorSingular` at the first singular matrix.
+template <class Matrices, class Results, class... Count>
+void Invert(Matrices const& matrices, Results&& results, Count... count)
+{
+    auto const a = detail::ViewOf(matrices, count...);
+    auto const c = detail::RangeOf(results, count...);
+    detail::CheckOperands(c, a);
+    detail::Invert(a.data, c.data, c.count);
+}
+
+/// results[i] is what `Solve(rightSides[i])` on a copy of matrices[i] makes of the right-hand side. Raises
+/// `VexorSingular` at the first singular matrix.
+template <class Matrices, class RightSides, class Results, class... Count>
+void Solve(Matrices const& matrices, RightSides const& rightSides, Results&& results, Count... count)
+{
+    auto const a = detail::ViewOf(matrices, count...);
+    auto const b = detail::ViewOf(rightSides, count...);
+    auto const c = detail::RangeOf(results, count...);
+    static_assert(std::is_same_v<std::decay_t<decltype(*c.data)>, Vec3Dbl>, "solutions are Vec3Dbl");
+    detail::CheckOperands(c, a, b);
+    detail::Solve({a.data, a.isOne}, detail::OperandOf(b), detail::ElementsOf(c.data), c.count);
+}
+
+/// The eigenvalues of symmetric matrices in ascending order: what `EigenSym(eigenValues[i], 0)` on a copy of
+/// matrices[i] gives. Raises `VexorComputationFailed` at the first matrix on which that does.
+template <class Matrices, class Values, class... Count>
+void EigenSymValues(Matrices const& matrices, Values&& eigenValues, Count... count)
+{
+    auto const a = detail::ViewOf(matrices, count...);
+    auto const c = detail::RangeOf(eigenValues, count...);
+    detail::CheckOperands(c, a);
+    detail::EigenSym(a.data, c.data, nullptr, c.count);
+}
+
+/// The eigenvalues and, as rows of vectors[i], the eigenvectors: what `EigenSym(eigenValues[i], 1)` on a copy of
+/// matrices[i] gives.
+template <class Matrices, class Values, class Vectors, class... Count>
+void EigenSym(Matrices const& matrices, Values&& eigenValues, Vectors&& vectors, Count... count)
+{
+    auto const a = detail::ViewOf(matrices, count...);
+    auto const b = detail::RangeOf(eigenValues, count...);
+    auto const c = detail::RangeOf(vectors, count...);
+    detail::CheckOperands(b, a);
+    detail::CheckOperands(c, a);
+    detail::EigenSym(a.data, b.data, c.data, c.count);
+}
+
+} // namespace vexor::arrays

@@ -1,0 +1,94 @@
+#pragma once
+#include <vexor/arrays/detail/Operations.h>
+#include <vexor/foundation/private/InstructionSets.h>
+
+#include <cstddef>
+
+// The loops of the component, once for each instruction set worth having. All sets give the same bits. A set
+// for registers runs whole registers of elements; where a lane needs more than plain arithmetic (a length
+// whose squares underflow, a null vector, a singular matrix), it hands that register's elements to the plain
+// set, and so it does with the last few elements of an array. The plain set is the loop over the members.
+
+namespace vexor::arrays::detail {
+
+using Size = std::size_t;
+
+/// The tolerances of a test, read once before the loop.
+template <class Element>
+struct Limits {
+    Element angular;
+    Element length;
+    Element globalLength;
+    Element distance; ///< as the caller gave it
+    Element squaredDistance;
+};
+
+template <class Element>
+using PairKernel = void (*)(Operand<Element> left, Operand<Element> right, Element* results, Size count);
+template <class Element>
+using SingleKernel = void (*)(Element const* operands, Element* results, Size count);
+template <class Element>
+using TestKernel = void (*)(Operand<Element> left, Operand<Element> right, Limits<Element> const& limits,
+                            unsigned char* results, Size count);
+/// `map` is the matrix row by row, then the translation.
+template <class Element>
+using MapKernel = void (*)(double const* map, Element const* operands, Element* results, Size count);
+
+/// The kernels of a shape, by the operations' numbers. Those that the shape does not have are null.
+template <class Element>
+struct VectorKernels {
+    PairKernel<Element> pairs[pairOperations];
+    SingleKernel<Element> singles[singleOperations];
+    TestKernel<Element> tests[testOperations];
+    MapKernel<Element> maps[mapOperations];
+};
+
+/// How many doubles lie between the beginnings of two neighbours in an array of Mat3Dbl; the first nine are
+/// its elements, and the rest is left alone.
+inline constexpr int matrixStride = 10;
+
+struct KernelSet {
+    char const* name;
+    VectorKernels<double> inSpace;
+    VectorKernels<float> inSpaceSingle;
+    VectorKernels<double> inPlane;
+    VectorKernels<float> inPlaneSingle;
+    void (*toSingle)(double const* from, float* to, Size count);
+    void (*toDouble)(float const* from, double* to, Size count);
+    PairKernel<double> rotatePoint; ///< quaternions on the left
+    PairKernel<double> multiplyQuaternions;
+    SingleKernel<double> getRotationMatrix; ///< to matrices
+    PairKernel<double> multiplyMatrices;
+    PairKernel<double> multiplyVectors; ///< matrices on the left
+    SingleKernel<double> invert;
+    PairKernel<double> solve; ///< matrices on the left
+    void (*eigenSym)(double const* matrices, double* values, double* vectors, Size count);
+};
+
+namespace plain {
+extern KernelSet const kernels;
+}
+
+#if defined(__GNUC__)
+namespace baseline {
+extern KernelSet const kernels;
+}
+#endif
+
+#if defined(VEXOR_WIDE_SETS)
+namespace avx2 {
+extern KernelSet const kernels;
+}
+namespace avx512 {
+extern KernelSet const kernels;
+}
+#endif
+
+/// The set that the functions run: before the library's constructors have run the baseline. A test may
+/// replace it.
+extern KernelSet const* chosen;
+
+/// A set that this CPU can run, by its place among them, the plain one first; null behind the last.
+KernelSet const* RunnableSet(int index);
+
+} // namespace vexor::arrays::detail

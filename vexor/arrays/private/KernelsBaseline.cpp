@@ -1,0 +1,5 @@
+#include <vexor/foundation/Config.h>
+
+#if defined(__GNUC__)
+#    include <vexor/arrays/private/Kernels.h>
+#endif

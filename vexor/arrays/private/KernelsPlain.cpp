@@ -1,0 +1,297 @@
+#include <vexor/arrays/detail/Operands.h>
+#include <vexor/arrays/private/KernelSet.h>
+#include <vexor/matrices/AffMat2Dbl.h>
+#include <vexor/matrices/AffMat3Dbl.h>
+#include <vexor/rotations/Quaternion.h>
+
+#include <type_traits>
+
+// The loops over the members. They are what the array functions mean, what the other sets give the bits of,
+// and what these call where a register of lanes does not do.
+
+namespace vexor::arrays::detail::plain {
+
+namespace {
+
+static_assert(sizeof(Mat3Dbl) == matrixStride * sizeof(double), "the distance that the kernels take");
+static_assert(sizeof(Quaternion) == 4 * sizeof(double) && sizeof(Vec3Flt) == 3 * sizeof(float)
+                  && sizeof(Vec2Flt) == 2 * sizeof(float),
+              "elements and nothing else");
+
+template <class Element, int size>
+using VectorOf =
+    std::conditional_t<size == 3, std::conditional_t<sizeof(Element) == sizeof(float), Vec3Flt, Vec3Dbl>,
+                       std::conditional_t<sizeof(Element) == sizeof(float), Vec2Flt, Vec2Dbl>>;
+template <class Element, int size>
+using PointOf =
+    std::conditional_t<size == 3, std::conditional_t<sizeof(Element) == sizeof(float), Pnt3Flt, Pnt3Dbl>,
+                       std::conditional_t<sizeof(Element) == sizeof(float), Pnt2Flt, Pnt2Dbl>>;
+
+/// The values of an operand.
+template <class Value, class Element>
+class Values {
+public:
+    explicit Values(Operand<Element> const& operand)
+        : first(reinterpret_cast<Value const*>(operand.data)), step(operand.isOne ? 0 : 1)
+    {}
+
+    Value const& operator[](Size i) const { return first[i * step]; }
+
+private:
+    Value const* first;
+    Size step;
+};
+
+/// Writes what `member` makes of two operands.
+template <class Left, class Right, class Result, class Element, class Member>
+void Pair(Operand<Element> const& left, Operand<Element> const& right, Element* results, Size count,
+          Member const& member)
+{
+    Values<Left, Element> const a(left);
+    Values<Right, Element> const b(right);
+    auto* const to = reinterpret_cast<Result*>(results);
+    for (Size i = 0; i < count; ++i)
+        to[i] = member(a[i], b[i]);
+}
+
+template <class Value, class Result, class Element, class Member>
+void Single(Element const* operands, Element* results, Size count, Member const& member)
+{
+    auto const* const from = reinterpret_cast<Value const*>(operands);
+    auto* const to = reinterpret_cast<Result*>(results);
+    for (Size i = 0; i < count; ++i)
+        to[i] = member(from[i]);
+}
+
+template <PairOperation operation, int size, class Element>
+void PairKernelOf(Operand<Element> left, Operand<Element> right, Element* results, Size count)
+{
+    using Vector = VectorOf<Element, size>;
+    using Point = PointOf<Element, size>;
+    using Operation = PairOperation;
+    if constexpr (operation == Operation::Add)
+        Pair<Vector, Vector, Vector>(left, right, results, count,
+                                     [](auto const& a, auto const& b) { return a + b; });
+    if constexpr (operation == Operation::Subtract)
+        Pair<Vector, Vector, Vector>(left, right, results, count,
+                                     [](auto const& a, auto const& b) { return a - b; });
+    if constexpr (operation == Operation::ElemMult)
+        Pair<Vector, Vector, Vector>(left, right, results, count,
+                                     [](auto const& a, auto const& b) { return a.ElemMult(b); });
+    if constexpr (operation == Operation::Scale)
+        Pair<Vector, Element, Vector>(left, right, results, count,
+                                      [](auto const& a, auto const& b) { return a * b; });
+    if constexpr (operation == Operation::Cross)
+        Pair<Vector, Vector, std::conditional_t<size == 3, Vector, Element>>(
+            left, right, results, count, [](auto const& a, auto const& b) { return a.Cross(b); });
+    if constexpr (operation == Operation::Dot)
+        Pair<Vector, Vector, Element>(left, right, results, count,
+                                      [](auto const& a, auto const& b) { return a.Dot(b); });
+    if constexpr (operation == Operation::DistanceSqTo)
+        Pair<Point, Point, Element>(left, right, results, count,
+                                    [](auto const& a, auto const& b) { return a.DistanceSqTo(b); });
+    if constexpr (operation == Operation::DistanceTo)
+        Pair<Point, Point, Element>(left, right, results, count,
+                                    [](auto const& a, auto const& b) { return a.DistanceTo(b); });
+    if constexpr (operation == Operation::GetAngleWith)
+        Pair<Vector, Vector, Element>(left, right, results, count,
+                                      [](auto const& a, auto const& b) { return a.GetAngleWith(b); });
+}
+
+template <SingleOperation operation, int size, class Element>
+void SingleKernelOf(Element const* operands, Element* results, Size count)
+{
+    using Vector = VectorOf<Element, size>;
+    using Operation = SingleOperation;
+    if constexpr (operation == Operation::Negate)
+        Single<Vector, Vector>(operands, results, count, [](auto const& a) { return -a; });
+    if constexpr (operation == Operation::LengthSquared)
+        Single<Vector, Element>(operands, results, count, [](auto const& a) { return a.LengthSquared(); });
+    if constexpr (operation == Operation::Length)
+        Single<Vector, Element>(operands, results, count, [](auto const& a) { return a.Length(); });
+    if constexpr (operation == Operation::Normalize)
+        Single<Vector, Vector>(operands, results, count, [](auto const& a) { return a.GetNormalizedCopy(); });
+}
+
+template <TestOperation operation, int size, class Element>
+void TestKernelOf(Operand<Element> left, Operand<Element> right, Limits<Element> const& limits,
+                  unsigned char* results, Size count)
+{
+    using Operation = TestOperation;
+    using Value = std::conditional_t<operation == Operation::IsPointEqualTo, PointOf<Element, size>,
+                                     VectorOf<Element, size>>;
+    Values<Value, Element> const a(left);
+    Values<Value, Element> const b(right);
+    auto const test = [&limits](Value const& x, Value const& y) {
+        if constexpr (operation == Operation::IsParallelTo)
+            return x.IsParallelTo(y, limits.angular, limits.length);
+        if constexpr (operation == Operation::IsCodirectionalTo)
+            return x.IsCodirectionalTo(y, limits.angular, limits.length);
+        if constexpr (operation == Operation::IsPerpendicularTo)
+            return x.IsPerpendicularTo(y, limits.angular, limits.length);
+        if constexpr (operation == Operation::IsUnitParallelTo)
+            return x.IsUnitParallelTo(y, limits.angular);
+        if constexpr (operation == Operation::IsUnitCodirectionalTo)
+            return x.IsUnitCodirectionalTo(y, limits.angular);
+        if constexpr (operation == Operation::IsUnitPerpendicularTo)
+            return x.IsUnitPerpendicularTo(y, limits.angular);
+        if constexpr (operation == Operation::IsEqualTo)
+            return x.IsEqualTo(y, limits.angular, limits.length);
+        if constexpr (operation == Operation::IsPointEqualTo)
+            return x.IsEqualTo(y, limits.distance);
+    };
+    for (Size i = 0; i < count; ++i)
+        results[i] = static_cast<unsigned char>(test(a[i], b[i]));
+}
+
+Mat3Dbl MatrixOf(double const* m, std::integral_constant<int, 3>)
+{
+    return Mat3Dbl(Vec3Dbl(m[0], m[1], m[2]), Vec3Dbl(m[3], m[4], m[5]), Vec3Dbl(m[6], m[7], m[8]));
+}
+
+Mat2Dbl MatrixOf(double const* m, std::integral_constant<int, 2>)
+{
+    return Mat2Dbl(Vec2Dbl(m[0], m[1]), Vec2Dbl(m[2], m[3]));
+}
+
+template <MapOperation operation, int size, class Element>
+void MapKernelOf(double const* map, Element const* operands, Element* results, Size count)
+{
+    using Vector = VectorOf<Element, size>;
+    using Point = PointOf<Element, size>;
+    using Operation = MapOperation;
+    auto const matrix = MatrixOf(map, std::integral_constant<int, size>());
+    if constexpr (operation == Operation::Linear)
+        Single<Vector, Vector>(operands, results, count, [&](auto const& x) { return matrix * x; });
+    if constexpr (operation == Operation::LinearToSingle && size == 3)
+        Single<Point, Point>(operands, results, count, [&](auto const& x) { return matrix * x; });
+    if constexpr (operation == Operation::Affine) {
+        using Translation = VectorOf<double, size>;
+        using MapClass = std::conditional_t<size == 3, AffMat3Dbl, AffMat2Dbl>;
+        Translation translation;
+        for (int k = 0; k < size; ++k)
+            translation[k] = map[size * size + k];
+        MapClass const affine(matrix, translation);
+        Single<Point, Point>(operands, results, count, [&](auto const& x) { return affine * x; });
+    }
+}
+
+template <int size, class Element>
+constexpr VectorKernels<Element> KernelsOf()
+{
+    using P = PairOperation;
+    using S = SingleOperation;
+    using T = TestOperation;
+    using M = MapOperation;
+    return {{PairKernelOf<P::Add, size, Element>, PairKernelOf<P::Subtract, size, Element>,
+             PairKernelOf<P::ElemMult, size, Element>, PairKernelOf<P::Scale, size, Element>,
+             PairKernelOf<P::Cross, size, Element>, PairKernelOf<P::Dot, size, Element>,
+             PairKernelOf<P::DistanceSqTo, size, Element>, PairKernelOf<P::DistanceTo, size, Element>,
+             PairKernelOf<P::GetAngleWith, size, Element>},
+            {SingleKernelOf<S::Negate, size, Element>, SingleKernelOf<S::LengthSquared, size, Element>,
+             SingleKernelOf<S::Length, size, Element>, SingleKernelOf<S::Normalize, size, Element>},
+            {TestKernelOf<T::IsParallelTo, size, Element>, TestKernelOf<T::IsCodirectionalTo, size, Element>,
+             TestKernelOf<T::IsPerpendicularTo, size, Element>,
+             TestKernelOf<T::IsUnitParallelTo, size, Element>,
+             TestKernelOf<T::IsUnitCodirectionalTo, size, Element>,
+             TestKernelOf<T::IsUnitPerpendicularTo, size, Element>, TestKernelOf<T::IsEqualTo, size, Element>,
+             TestKernelOf<T::IsPointEqualTo, size, Element>},
+            {MapKernelOf<M::Linear, size, Element>, MapKernelOf<M::LinearToSingle, size, Element>,
+             MapKernelOf<M::Affine, size, Element>}};
+}
+
+void ToSingle(double const* from, float* to, Size count)
+{
+    for (Size i = 0; i < count; ++i)
+        to[i] = vexor::detail::RoundToSingle(from[i]);
+}
+
+void ToDouble(float const* from, double* to, Size count)
+{
+    for (Size i = 0; i < count; ++i)
+        to[i] = double(from[i]);
+}
+
+void RotatePoint(Operand<double> quaternions, Operand<double> points, double* results, Size count)
+{
+    Pair<Quaternion, Vec3Dbl, Vec3Dbl>(quaternions, points, results, count,
+                                       [](auto const& q, auto const& x) { return q.RotatePoint(x); });
+}
+
+void MultiplyQuaternions(Operand<double> left, Operand<double> right, double* results, Size count)
+{
+    Pair<Quaternion, Quaternion, Quaternion>(left, right, results, count,
+                                             [](auto const& a, auto const& b) { return a * b; });
+}
+
+void GetRotationMatrix(double const* quaternions, double* results, Size count)
+{
+    auto const* const from = reinterpret_cast<Quaternion const*>(quaternions);
+    auto* const to = reinterpret_cast<Mat3Dbl*>(results);
+    for (Size i = 0; i < count; ++i)
+        from[i].GetRotationMatrix(to[i]);
+}
+
+void MultiplyMatrices(Operand<double> left, Operand<double> right, double* results, Size count)
+{
+    Pair<Mat3Dbl, Mat3Dbl, Mat3Dbl>(left, right, results, count,
+                                    [](auto const& a, auto const& b) { return a * b; });
+}
+
+void MultiplyVectors(Operand<double> matrices, Operand<double> vectors, double* results, Size count)
+{
+    Pair<Mat3Dbl, Vec3Dbl, Vec3Dbl>(matrices, vectors, results, count,
+                                    [](auto const& a, auto const& b) { return a * b; });
+}
+
+void Invert(double const* matrices, double* results, Size count)
+{
+    Single<Mat3Dbl, Mat3Dbl>(matrices, results, count, [](auto const& m) { return m.GetInvertedCopy(); });
+}
+
+void Solve(Operand<double> matrices, Operand<double> rightSides, double* results, Size count)
+{
+    Pair<Mat3Dbl, Vec3Dbl, Vec3Dbl>(matrices, rightSides, results, count, [](auto const& m, auto const& b) {
+        Mat3Dbl factors(m);
+        Vec3Dbl solution(b);
+        factors.Solve(solution);
+        return solution;
+    });
+}
+
+void EigenSym(double const* matrices, double* values, double* vectors, Size count)
+{
+    auto const* const from = reinterpret_cast<Mat3Dbl const*>(matrices);
+    auto* const toValues = reinterpret_cast<Vec3Dbl*>(values);
+    auto* const toVectors = reinterpret_cast<Mat3Dbl*>(vectors);
+    for (Size i = 0; i < count; ++i) {
+        Mat3Dbl matrix(from[i]);
+        Vec3Dbl eigenValues;
+        matrix.EigenSym(eigenValues, toVectors != nullptr);
+        toValues[i] = eigenValues;
+        if (toVectors != nullptr)
+            toVectors[i] = matrix;
+    }
+}
+
+} // namespace
+
+KernelSet const kernels = {
+    "plain",
+    KernelsOf<3, double>(),
+    KernelsOf<3, float>(),
+    KernelsOf<2, double>(),
+    KernelsOf<2, float>(),
+    ToSingle,
+    ToDouble,
+    RotatePoint,
+    MultiplyQuaternions,
+    GetRotationMatrix,
+    MultiplyMatrices,
+    MultiplyVectors,
+    Invert,
+    Solve,
+    EigenSym,
+};
+
+} // namespace vexor::arrays::detail::plain

@@ -1,0 +1,440 @@
+#pragma once
+#include <vexor/arrays/private/KernelSet.h>
+#include <vexor/foundation/private/Registers.h>
+
+#if defined(__SSE2__)
+#    include <immintrin.h>
+#endif
+
+// Objects of the small classes in the registers of one instruction set (see Registers.h): a register holds
+// one component of as many objects as it has lanes. A lane takes its object's operations in the order of the
+// member, each rounded.
+
+VEXOR_SET_BEGIN
+
+namespace vexor::arrays::detail::VEXOR_SET {
+
+namespace {
+
+using namespace vexor::detail::VEXOR_SET;
+
+constexpr int width = registerWidth;
+using Doubles = Register<double, width>;
+using Singles = Register<float, width>;
+
+VEXOR_ALWAYS_INLINE Doubles All(double value)
+{
+    return Broadcast<Doubles>(value);
+}
+
+VEXOR_ALWAYS_INLINE Singles ToSingles(Doubles const& values)
+{
+    return __builtin_convertvector(values, Singles);
+}
+
+VEXOR_ALWAYS_INLINE Doubles ToDoubles(Singles const& values)
+{
+    return __builtin_convertvector(values, Doubles);
+}
+
+/// Rounds to the element type and goes on in double.
+template <class Element>
+VEXOR_ALWAYS_INLINE Doubles RoundTo(Doubles const& values)
+{
+    if constexpr (sizeof(Element) == sizeof(float))
+        return ToDoubles(ToSingles(values));
+    else
+        return values;
+}
+
+template <int... places>
+using At = std::integer_sequence<int, places...>;
+template <int count>
+using Indices = std::make_integer_sequence<int, count>;
+
+// ---- Masks -----------------------------------------------------------------------------------------
+
+#if defined(VEXOR_SET_AVX512)
+using Mask = __mmask8;
+
+VEXOR_ALWAYS_INLINE Mask Less(Doubles const& a, Doubles const& b)
+{
+    return _mm512_cmp_pd_mask(a, b, _CMP_LT_OQ);
+}
+VEXOR_ALWAYS_INLINE Mask LessOrEqual(Doubles const& a, Doubles const& b)
+{
+    return _mm512_cmp_pd_mask(a, b, _CMP_LE_OQ);
+}
+VEXOR_ALWAYS_INLINE Mask Equal(Doubles const& a, Doubles const& b)
+{
+    return _mm512_cmp_pd_mask(a, b, _CMP_EQ_OQ);
+}
+VEXOR_ALWAYS_INLINE Mask Not(Mask mask)
+{
+    return static_cast<Mask>(~mask);
+}
+VEXOR_ALWAYS_INLINE Mask And(Mask a, Mask b)
+{
+    return static_cast<Mask>(a & b);
+}
+VEXOR_ALWAYS_INLINE Mask Or(Mask a, Mask b)
+{
+    return static_cast<Mask>(a | b);
+}
+VEXOR_ALWAYS_INLINE unsigned Bits(Mask mask)
+{
+    return mask;
+}
+VEXOR_ALWAYS_INLINE Doubles Select(Mask mask, Doubles const& whenTrue, Doubles const& whenFalse)
+{
+    return _mm512_mask_blend_pd(mask, whenFalse, whenTrue);
+}
+VEXOR_ALWAYS_INLINE Doubles Root(Doubles const& values)
+{
+    return _mm512_maskz_sqrt_pd(0xff, values); // of the form without a mask GCC 12 warns
+}
+VEXOR_ALWAYS_INLINE Singles Root(Singles const& values)
+{
+    return _mm256_sqrt_ps(values);
+}
+
+#else
+typedef long long Mask __attribute__((vector_size(sizeof(Doubles))));
+
+VEXOR_ALWAYS_INLINE Mask Less(Doubles const& a, Doubles const& b)
+{
+    return reinterpret_cast<Mask>(a < b);
+}
+VEXOR_ALWAYS_INLINE Mask LessOrEqual(Doubles const& a, Doubles const& b)
+{
+    return reinterpret_cast<Mask>(a <= b);
+}
+VEXOR_ALWAYS_INLINE Mask Equal(Doubles const& a, Doubles const& b)
+{
+    return reinterpret_cast<Mask>(a == b);
+}
+VEXOR_ALWAYS_INLINE Mask Not(Mask const& mask)
+{
+    return ~mask;
+}
+VEXOR_ALWAYS_INLINE Mask And(Mask const& a, Mask const& b)
+{
+    return a & b;
+}
+VEXOR_ALWAYS_INLINE Mask Or(Mask const& a, Mask const& b)
+{
+    return a | b;
+}
+
+#    if defined(VEXOR_SET_AVX2)
+VEXOR_ALWAYS_INLINE unsigned Bits(Mask const& mask)
+{
+    return static_cast<unsigned>(_mm256_movemask_pd(reinterpret_cast<__m256d>(mask)));
+}
+VEXOR_ALWAYS_INLINE Doubles Select(Mask const& mask, Doubles const& whenTrue, Doubles const& whenFalse)
+{
+    return _mm256_blendv_pd(whenFalse, whenTrue, reinterpret_cast<__m256d>(mask));
+}
+VEXOR_ALWAYS_INLINE Doubles Root(Doubles const& values)
+{
+    return _mm256_sqrt_pd(values);
+}
+VEXOR_ALWAYS_INLINE Singles Root(Singles const& values)
+{
+    return _mm_sqrt_ps(values);
+}
+#    else
+VEXOR_ALWAYS_INLINE unsigned Bits(Mask const& mask)
+{
+#        if defined(__SSE2__)
+    return static_cast<unsigned>(_mm_movemask_pd(reinterpret_cast<__m128d>(mask)));
+#        else
+    return static_cast<unsigned>((mask[0] & 1) | (mask[1] & 2));
+#        endif
+}
+VEXOR_ALWAYS_INLINE Doubles Select(Mask const& mask, Doubles const& whenTrue, Doubles const& whenFalse)
+{
+    return reinterpret_cast<Doubles>((reinterpret_cast<Mask>(whenTrue) & mask)
+                                     | (reinterpret_cast<Mask>(whenFalse) & ~mask));
+}
+VEXOR_ALWAYS_INLINE Doubles Root(Doubles const& values)
+{
+#        if defined(__SSE2__)
+    return _mm_sqrt_pd(values);
+#        else
+    return Doubles{__builtin_sqrt(values[0]), __builtin_sqrt(values[1])};
+#        endif
+}
+VEXOR_ALWAYS_INLINE Singles Root(Singles const& values)
+{
+    return ToSingles(Root(ToDoubles(values))); // rounding twice gives the bits of rounding once
+}
+#    endif
+#endif
+
+VEXOR_ALWAYS_INLINE bool HasAny(Mask const& mask)
+{
+    return Bits(mask) != 0;
+}
+
+VEXOR_ALWAYS_INLINE bool HasAll(Mask const& mask)
+{
+    return Bits(mask) == (1U << width) - 1;
+}
+
+VEXOR_ALWAYS_INLINE Doubles Magnitude(Doubles const& values)
+{
+    typedef long long Integers __attribute__((vector_size(sizeof(Doubles))));
+    return reinterpret_cast<Doubles>(reinterpret_cast<Integers>(values)
+                                     & (0x7fffffffffffffffLL - Integers{}));
+}
+
+/// Stores a mask as bytes that are 1 or 0.
+VEXOR_ALWAYS_INLINE void StoreBytes(unsigned char* to, Mask const& mask)
+{
+    unsigned const bits = Bits(mask);
+    // Copies the four bits to a byte's distance of each other and masks the rest away.
+    constexpr std::uint32_t spread = 0x00204081U;
+    constexpr std::uint32_t ones = 0x01010101U;
+    if constexpr (width == 8) {
+        std::uint32_t const bytes[2] = {((bits & 15U) * spread) & ones, ((bits >> 4U) * spread) & ones};
+        __builtin_memcpy(to, bytes, 8);
+    } else if constexpr (width == 4) {
+        std::uint32_t const bytes = (bits * spread) & ones;
+        __builtin_memcpy(to, &bytes, 4);
+    } else {
+        to[0] = bits & 1U;
+        to[1] = static_cast<unsigned char>(bits >> 1U);
+    }
+}
+
+// ---- Arrays of small classes in lanes ----------------------------------------------------------------
+
+/// One class's objects, a register for each of its components.
+template <int size>
+struct Lanes {
+    Doubles c[size];
+};
+
+/// Where component c of lane i comes from when it is picked in two steps, from the first two registers and
+/// then from that and the third.
+template <int c, int... i>
+VEXOR_ALWAYS_INLINE Doubles PickOfThree(Doubles const& r0, Doubles const& r1, Doubles const& r2, At<i...>)
+{
+    Doubles const first = Shuffle(r0, r1, At<(3 * i + c < 2 * width ? 3 * i + c : i)...>());
+    return Shuffle(first, r2, At<(3 * i + c < 2 * width ? i : width + 3 * i + c - 2 * width)...>());
+}
+
+/// Register r of three that hold x, y and z of all lanes one after the other.
+template <int r, int... i>
+VEXOR_ALWAYS_INLINE Doubles MixOfThree(Lanes<3> const& p, At<i...>)
+{
+    Doubles const first = Shuffle(p.c[0], p.c[1],
+                                  At<((r * width + i) % 3 == 0   ? (r * width + i) / 3
+                                      : (r * width + i) % 3 == 1 ? width + (r * width + i) / 3
+                                                                 : i)...>());
+    return Shuffle(first, p.c[2], At<((r * width + i) % 3 == 2 ? width + (r * width + i) / 3 : i)...>());
+}
+
+VEXOR_ALWAYS_INLINE Lanes<3> Split(Doubles const (&r)[3])
+{
+#if defined(VEXOR_SET_AVX2)
+    // Pairs of neighbours first: one permutation across the halves and no other that costs more than a
+    // blend but for one.
+    Doubles const m0 = Shuffle(r[0], r[1], At<0, 1, 6, 7>()); // x0 y0 x2 y2
+    Doubles const m1 = Shuffle(r[0], r[2], At<2, 3, 4, 5>()); // z0 x1 z2 x3
+    Doubles const m2 = Shuffle(r[1], r[2], At<0, 1, 6, 7>()); // y1 z1 y3 z3
+    return {{Shuffle(m0, m1, At<0, 5, 2, 7>()), Shuffle(m0, m2, At<1, 4, 3, 6>()),
+             Shuffle(m1, m2, At<0, 5, 2, 7>())}};
+#else
+    return {{PickOfThree<0>(r[0], r[1], r[2], Indices<width>()),
+             PickOfThree<1>(r[0], r[1], r[2], Indices<width>()),
+             PickOfThree<2>(r[0], r[1], r[2], Indices<width>())}};
+#endif
+}
+
+VEXOR_ALWAYS_INLINE void Join(Lanes<3> const& p, Doubles (&r)[3])
+{
+#if defined(VEXOR_SET_AVX2)
+    Doubles const m0 = Shuffle(p.c[0], p.c[1], At<0, 4, 2, 6>()); // x0 y0 x2 y2
+    Doubles const m1 = Shuffle(p.c[2], p.c[0], At<0, 5, 2, 7>()); // z0 x1 z2 x3
+    Doubles const m2 = Shuffle(p.c[1], p.c[2], At<1, 5, 3, 7>()); // y1 z1 y3 z3
+    r[0] = Shuffle(m0, m1, At<0, 1, 4, 5>());
+    r[1] = Shuffle(m2, m0, At<0, 1, 6, 7>());
+    r[2] = Shuffle(m1, m2, At<2, 3, 6, 7>());
+#else
+    r[0] = MixOfThree<0>(p, Indices<width>());
+    r[1] = MixOfThree<1>(p, Indices<width>());
+    r[2] = MixOfThree<2>(p, Indices<width>());
+#endif
+}
+
+template <int c, int... i>
+VEXOR_ALWAYS_INLINE Doubles PickOfTwo(Doubles const& r0, Doubles const& r1, At<i...>)
+{
+    return Shuffle(r0, r1, At<(2 * i + c)...>());
+}
+
+template <int r, int... i>
+VEXOR_ALWAYS_INLINE Doubles MixOfTwo(Lanes<2> const& p, At<i...>)
+{
+    return Shuffle(p.c[0], p.c[1], At<((r * width + i) % 2 * width + (r * width + i) / 2)...>());
+}
+
+VEXOR_ALWAYS_INLINE Lanes<2> Split(Doubles const (&r)[2])
+{
+    return {{PickOfTwo<0>(r[0], r[1], Indices<width>()), PickOfTwo<1>(r[0], r[1], Indices<width>())}};
+}
+
+VEXOR_ALWAYS_INLINE void Join(Lanes<2> const& p, Doubles (&r)[2])
+{
+    r[0] = MixOfTwo<0>(p, Indices<width>());
+    r[1] = MixOfTwo<1>(p, Indices<width>());
+}
+
+VEXOR_ALWAYS_INLINE Lanes<1> Split(Doubles const (&r)[1])
+{
+    return {{r[0]}};
+}
+
+VEXOR_ALWAYS_INLINE void Join(Lanes<1> const& p, Doubles (&r)[1])
+{
+    r[0] = p.c[0];
+}
+
+/// A square of width × width elements in registers; `Transpose` swaps rows and columns.
+template <int half, int... i>
+VEXOR_ALWAYS_INLINE void SwapOffDiagonal(Doubles (&rows)[width], At<i...>)
+{
+    VEXOR_UNROLL(24)
+    for (int j = 0; j < width; ++j) {
+        if (j & half)
+            continue;
+        Doubles const a = rows[j];
+        Doubles const b = rows[j + half];
+        rows[j] = Shuffle(a, b, At<(i & half ? width + i - half : i)...>());
+        rows[j + half] = Shuffle(a, b, At<(i & half ? width + i : i + half)...>());
+    }
+}
+
+template <int half = width / 2>
+VEXOR_ALWAYS_INLINE void Transpose(Doubles (&rows)[width])
+{
+    if constexpr (half > 0) {
+        SwapOffDiagonal<half>(rows, Indices<width>());
+        Transpose<half / 2>(rows);
+    }
+}
+
+VEXOR_ALWAYS_INLINE Lanes<4> Split(Doubles const (&r)[4])
+{
+#if defined(VEXOR_SET_AVX512)
+    Doubles const a0 = Shuffle(r[0], r[1], At<0, 4, 8, 12, 1, 5, 9, 13>());
+    Doubles const a1 = Shuffle(r[0], r[1], At<2, 6, 10, 14, 3, 7, 11, 15>());
+    Doubles const b0 = Shuffle(r[2], r[3], At<0, 4, 8, 12, 1, 5, 9, 13>());
+    Doubles const b1 = Shuffle(r[2], r[3], At<2, 6, 10, 14, 3, 7, 11, 15>());
+    using Low = At<0, 1, 2, 3, 8, 9, 10, 11>;
+    using High = At<4, 5, 6, 7, 12, 13, 14, 15>;
+    return {
+        {Shuffle(a0, b0, Low()), Shuffle(a0, b0, High()), Shuffle(a1, b1, Low()), Shuffle(a1, b1, High())}};
+#elif defined(VEXOR_SET_AVX2)
+    Doubles rows[4] = {r[0], r[1], r[2], r[3]};
+    Transpose(rows);
+    return {{rows[0], rows[1], rows[2], rows[3]}};
+#else
+    return {{Shuffle(r[0], r[2], At<0, 2>()), Shuffle(r[0], r[2], At<1, 3>()),
+             Shuffle(r[1], r[3], At<0, 2>()), Shuffle(r[1], r[3], At<1, 3>())}};
+#endif
+}
+
+VEXOR_ALWAYS_INLINE void Join(Lanes<4> const& p, Doubles (&r)[4])
+{
+#if defined(VEXOR_SET_AVX512)
+    using Low = At<0, 1, 2, 3, 8, 9, 10, 11>;
+    using High = At<4, 5, 6, 7, 12, 13, 14, 15>;
+    Doubles const a0 = Shuffle(p.c[0], p.c[1], Low());
+    Doubles const a1 = Shuffle(p.c[2], p.c[3], Low());
+    Doubles const b0 = Shuffle(p.c[0], p.c[1], High());
+    Doubles const b1 = Shuffle(p.c[2], p.c[3], High());
+    r[0] = Shuffle(a0, a1, At<0, 4, 8, 12, 1, 5, 9, 13>());
+    r[1] = Shuffle(a0, a1, At<2, 6, 10, 14, 3, 7, 11, 15>());
+    r[2] = Shuffle(b0, b1, At<0, 4, 8, 12, 1, 5, 9, 13>());
+    r[3] = Shuffle(b0, b1, At<2, 6, 10, 14, 3, 7, 11, 15>());
+#elif defined(VEXOR_SET_AVX2)
+    Doubles rows[4] = {p.c[0], p.c[1], p.c[2], p.c[3]};
+    Transpose(rows);
+    r[0] = rows[0];
+    r[1] = rows[1];
+    r[2] = rows[2];
+    r[3] = rows[3];
+#else
+    r[0] = Shuffle(p.c[0], p.c[1], At<0, 2>());
+    r[1] = Shuffle(p.c[2], p.c[3], At<0, 2>());
+    r[2] = Shuffle(p.c[0], p.c[1], At<1, 3>());
+    r[3] = Shuffle(p.c[2], p.c[3], At<1, 3>());
+#endif
+}
+
+template <int size, class Element>
+VEXOR_ALWAYS_INLINE Lanes<size> LoadLanes(Element const* from)
+{
+    Doubles registers[size];
+    VEXOR_UNROLL(24)
+    for (int k = 0; k < size; ++k) {
+        if constexpr (sizeof(Element) == sizeof(float))
+            registers[k] = ToDoubles(Load<Singles>(from + k * width));
+        else
+            registers[k] = Load<Doubles>(from + k * width);
+    }
+    return Split(registers);
+}
+
+/// Singles are rounded here.
+template <int size, class Element>
+VEXOR_ALWAYS_INLINE void StoreLanes(Element* to, Lanes<size> const& lanes)
+{
+    Doubles registers[size];
+    Join(lanes, registers);
+    VEXOR_UNROLL(24)
+    for (int k = 0; k < size; ++k) {
+        if constexpr (sizeof(Element) == sizeof(float))
+            Store(to + k * width, ToSingles(registers[k]));
+        else
+            Store(to + k * width, registers[k]);
+    }
+}
+
+/// An operand in lanes, from an array or from one value.
+template <int size, class Element>
+struct Source {
+    VEXOR_ALWAYS_INLINE explicit Source(Operand<Element> const& from) : operand(from), one()
+    {
+        if (operand.isOne) {
+            VEXOR_UNROLL(24)
+            for (int k = 0; k < size; ++k)
+                one.c[k] = All(double(operand.data[k]));
+        }
+    }
+
+    /// The lanes from element i on.
+    VEXOR_ALWAYS_INLINE Lanes<size> From(Size i) const
+    {
+        return operand.isOne ? one : LoadLanes<size>(operand.data + i * size);
+    }
+
+    Operand<Element> operand;
+    Lanes<size> one;
+};
+
+/// The operand without its first `count` values of `size` elements.
+template <class Element>
+VEXOR_ALWAYS_INLINE Operand<Element> After(Operand<Element> const& operand, Size count, int size)
+{
+    return {operand.isOne ? operand.data : operand.data + count * static_cast<Size>(size), operand.isOne};
+}
+
+} // namespace
+
+} // namespace vexor::arrays::detail::VEXOR_SET
+
+VEXOR_SET_END

@@ -1,0 +1,509 @@
+#pragma once
+#include <vexor/arrays/private/Lanes.h>
+
+// Arrays of vectors and points. What a lane cannot do with plain arithmetic (a length whose squares underflow,
+// a null vector) makes a loop hand the elements of that register to the plain set, the loop over the members;
+// nothing of them has been stored by then. So it does with the last few elements.
+
+VEXOR_SET_BEGIN
+
+namespace vexor::arrays::detail::VEXOR_SET {
+
+namespace {
+
+// ---- The loops -----------------------------------------------------------------------------------------
+
+/// The plain kernels of a shape, for the elements that no register takes.
+template <int size, class Element>
+VEXOR_ALWAYS_INLINE VectorKernels<Element> const& Plain()
+{
+    if constexpr (sizeof(Element) == sizeof(float))
+        return size == 3 ? plain::kernels.inSpaceSingle : plain::kernels.inPlaneSingle;
+    else
+        return size == 3 ? plain::kernels.inSpace : plain::kernels.inPlane;
+}
+
+/// Runs `Rule::Compute(left, right, result)` over two operands. It returns false if a lane needs the plain
+/// loop.
+template <class Rule, int leftSize, int rightSize, int resultSize, class Element>
+VEXOR_ALWAYS_INLINE void RunPair(Operand<Element> const& left, Operand<Element> const& right,
+                                 Element* results, Size count, PairKernel<Element> plainKernel)
+{
+    Source<leftSize, Element> const a(left);
+    Source<rightSize, Element> const b(right);
+    Size i = 0;
+    for (; i + width <= count; i += width) {
+        Lanes<resultSize> result;
+        if (__builtin_expect(Rule::Compute(a.From(i), b.From(i), result), 1))
+            StoreLanes(results + i * resultSize, result);
+        else
+            plainKernel(After(left, i, leftSize), After(right, i, rightSize), results + i * resultSize,
+                        width);
+    }
+    if (i < count)
+        plainKernel(After(left, i, leftSize), After(right, i, rightSize), results + i * resultSize,
+                    count - i);
+}
+
+template <class Rule, int size, int resultSize, class Element>
+VEXOR_ALWAYS_INLINE void RunSingle(Element const* operands, Element* results, Size count,
+                                   SingleKernel<Element> plainKernel)
+{
+    Size i = 0;
+    for (; i + width <= count; i += width) {
+        Lanes<resultSize> result;
+        if (__builtin_expect(Rule::Compute(LoadLanes<size>(operands + i * size), result), 1))
+            StoreLanes(results + i * resultSize, result);
+        else
+            plainKernel(operands + i * size, results + i * resultSize, width);
+    }
+    if (i < count)
+        plainKernel(operands + i * size, results + i * resultSize, count - i);
+}
+
+// ---- Element by element ------------------------------------------------------------------------------
+
+// Sums, differences and products of components need not be taken apart into components. The registers of one
+// operand hold its components again and again.
+
+struct AddRule {
+    template <class Vector>
+    VEXOR_ALWAYS_INLINE static Vector Compute(Vector const& a, Vector const& b)
+    {
+        return a + b;
+    }
+};
+struct SubtractRule {
+    template <class Vector>
+    VEXOR_ALWAYS_INLINE static Vector Compute(Vector const& a, Vector const& b)
+    {
+        return a - b;
+    }
+};
+struct MultiplyRule {
+    template <class Vector>
+    VEXOR_ALWAYS_INLINE static Vector Compute(Vector const& a, Vector const& b)
+    {
+        return a * b;
+    }
+};
+
+/// How many elements of a type a register holds.
+template <class Element>
+constexpr int lanesOf = width* int(sizeof(double) / sizeof(Element));
+
+template <int size, class Element>
+VEXOR_ALWAYS_INLINE void RepeatOne(Operand<Element> const& operand, int period,
+                                   Register<Element, lanesOf<Element>> (&registers)[size])
+{
+    constexpr int lanes = lanesOf<Element>;
+    Element elements[size * lanes];
+    for (int k = 0; k < size * lanes; ++k)
+        elements[k] = operand.data[k % period];
+    for (int k = 0; k < size; ++k)
+        registers[k] = Load<Register<Element, lanes>>(elements + k * lanes);
+}
+
+template <class Rule, int size, PairOperation operation, class Element>
+void RunFlat(Operand<Element> left, Operand<Element> right, Element* results, Size count)
+{
+    constexpr int lanes = lanesOf<Element>;
+    using Vector = Register<Element, lanes>;
+    Vector ones[size] = {};
+    Size i = 0;
+    if (left.isOne) {
+        RepeatOne(left, size, ones);
+        for (; i + lanes <= count; i += lanes) {
+            Vector b[size];
+            VEXOR_UNROLL(24)
+            for (int k = 0; k < size; ++k)
+                b[k] = Load<Vector>(right.data + i * size + k * lanes);
+            VEXOR_UNROLL(24)
+            for (int k = 0; k < size; ++k)
+                Store(results + i * size + k * lanes, Rule::Compute(ones[k], b[k]));
+        }
+    } else if (right.isOne) {
+        RepeatOne(right, operation == PairOperation::Scale ? 1 : size, ones);
+        for (; i + lanes <= count; i += lanes) {
+            Vector a[size];
+            VEXOR_UNROLL(24)
+            for (int k = 0; k < size; ++k)
+                a[k] = Load<Vector>(left.data + i * size + k * lanes);
+            VEXOR_UNROLL(24)
+            for (int k = 0; k < size; ++k)
+                Store(results + i * size + k * lanes, Rule::Compute(a[k], ones[k]));
+        }
+    } else {
+        for (; i + lanes <= count; i += lanes) {
+            Vector a[size];
+            Vector b[size];
+            VEXOR_UNROLL(24)
+            for (int k = 0; k < size; ++k) {
+                a[k] = Load<Vector>(left.data + i * size + k * lanes);
+                b[k] = Load<Vector>(right.data + i * size + k * lanes);
+            }
+            VEXOR_UNROLL(24)
+            for (int k = 0; k < size; ++k)
+                Store(results + i * size + k * lanes, Rule::Compute(a[k], b[k]));
+        }
+    }
+    constexpr int rightSize = operation == PairOperation::Scale ? 1 : size;
+    if (i < count)
+        Plain<size, Element>().pairs[int(operation)](After(left, i, size), After(right, i, rightSize),
+                                                     results + i * size, count - i);
+}
+
+/// Register r of `size` in which each lane of `values` stands `size` times.
+template <int size, int r, class Vector, int... i>
+VEXOR_ALWAYS_INLINE Vector Spread(Vector const& values, At<i...>)
+{
+    return Shuffle(values, values, At<((r * int(sizeof...(i)) + i) / size)...>());
+}
+
+template <int size, class Element, int... r>
+VEXOR_ALWAYS_INLINE void ScaleBlock(Element const* vectors, Element const* scalars, Element* results,
+                                    At<r...>)
+{
+    constexpr int lanes = lanesOf<Element>;
+    using Vector = Register<Element, lanes>;
+    Vector const factors = Load<Vector>(scalars);
+    Vector const products[size] = {
+        (Load<Vector>(vectors + r * lanes) * Spread<size, r>(factors, Indices<lanes>()))...};
+    (Store(results + r * lanes, products[r]), ...);
+}
+
+template <int size, class Element>
+void Scale(Operand<Element> vectors, Operand<Element> scalars, Element* results, Size count)
+{
+    if (scalars.isOne || vectors.isOne) {
+        if (scalars.isOne && !vectors.isOne)
+            RunFlat<MultiplyRule, size, PairOperation::Scale, Element>(vectors, scalars, results, count);
+        else
+            Plain<size, Element>().pairs[int(PairOperation::Scale)](vectors, scalars, results, count);
+        return;
+    }
+    constexpr int lanes = lanesOf<Element>;
+    Size i = 0;
+    for (; i + lanes <= count; i += lanes)
+        ScaleBlock<size, Element>(vectors.data + i * size, scalars.data + i, results + i * size,
+                                  Indices<size>());
+    if (i < count)
+        Plain<size, Element>().pairs[int(PairOperation::Scale)](After(vectors, i, size), After(scalars, i, 1),
+                                                                results + i * size, count - i);
+}
+
+template <int size, class Element>
+void Negate(Element const* operands, Element* results, Size count)
+{
+    constexpr int lanes = lanesOf<Element>;
+    using Vector = Register<Element, lanes>;
+    Size const elements = count * size;
+    Size i = 0;
+    for (; i + lanes <= elements; i += lanes)
+        Store(results + i, -Load<Vector>(operands + i));
+    for (; i < elements; ++i)
+        results[i] = -operands[i];
+}
+
+void ToSingle(double const* from, float* to, Size count)
+{
+    Size i = 0;
+    for (; i + width <= count; i += width)
+        Store(to + i, ToSingles(Load<Doubles>(from + i)));
+    if (i < count)
+        plain::kernels.toSingle(from + i, to + i, count - i);
+}
+
+void ToDouble(float const* from, double* to, Size count)
+{
+    Size i = 0;
+    for (; i + width <= count; i += width)
+        Store(to + i, ToDoubles(Load<Singles>(from + i)));
+    for (; i < count; ++i)
+        to[i] = double(from[i]);
+}
+
+// ---- Products and lengths ----------------------------------------------------------------------------
+
+template <int size>
+VEXOR_ALWAYS_INLINE Doubles SumOfProducts(Lanes<size> const& a, Lanes<size> const& b)
+{
+    Doubles sum = a.c[0] * b.c[0];
+    VEXOR_UNROLL(24)
+    for (int k = 1; k < size; ++k)
+        sum = sum + a.c[k] * b.c[k];
+    return sum;
+}
+
+template <class Element>
+struct DotRule {
+    template <int size>
+    VEXOR_ALWAYS_INLINE static bool Compute(Lanes<size> const& a, Lanes<size> const& b, Lanes<1>& result)
+    {
+        result.c[0] = SumOfProducts(a, b);
+        return true;
+    }
+};
+
+VEXOR_ALWAYS_INLINE Lanes<3> Cross(Lanes<3> const& a, Lanes<3> const& b)
+{
+    return {{a.c[1] * b.c[2] - b.c[1] * a.c[2], a.c[2] * b.c[0] - a.c[0] * b.c[2],
+             b.c[1] * a.c[0] - a.c[1] * b.c[0]}};
+}
+
+struct CrossRule {
+    VEXOR_ALWAYS_INLINE static bool Compute(Lanes<3> const& a, Lanes<3> const& b, Lanes<3>& result)
+    {
+        result = Cross(a, b);
+        return true;
+    }
+    VEXOR_ALWAYS_INLINE static bool Compute(Lanes<2> const& a, Lanes<2> const& b, Lanes<1>& result)
+    {
+        result.c[0] = a.c[0] * b.c[1] - a.c[1] * b.c[0];
+        return true;
+    }
+};
+
+struct LengthSquaredRule {
+    template <int size>
+    VEXOR_ALWAYS_INLINE static bool Compute(Lanes<size> const& a, Lanes<1>& result)
+    {
+        result.c[0] = SumOfProducts(a, a);
+        return true;
+    }
+};
+
+constexpr double largestFinite = 1.7976931348623157e308;
+
+/// Whether all are between the limits, which none of them being a NaN includes.
+VEXOR_ALWAYS_INLINE bool AreWithin(double low, Doubles const& values, double high)
+{
+    return HasAll(And(LessOrEqual(All(low), values), LessOrEqual(values, All(high))));
+}
+
+/// As `vexor::detail::IsPlainSum`: the plain sum of squares holds.
+VEXOR_ALWAYS_INLINE bool ArePlainSums(Doubles const& sums)
+{
+    return AreWithin(0x1p-850, sums, largestFinite);
+}
+
+template <class Element>
+struct LengthRule {
+    template <int size>
+    VEXOR_ALWAYS_INLINE static bool Compute(Lanes<size> const& a, Lanes<1>& result)
+    {
+        Doubles const sum = SumOfProducts(a, a);
+        if constexpr (sizeof(Element) == sizeof(float)) {
+            result.c[0] = ToDoubles(Root(ToSingles(sum)));
+            return true;
+        } else {
+            result.c[0] = Root(sum);
+            return ArePlainSums(sum);
+        }
+    }
+};
+
+template <class Element>
+struct NormalizeRule {
+    template <int size>
+    VEXOR_ALWAYS_INLINE static bool Compute(Lanes<size> const& a, Lanes<size>& result)
+    {
+        Doubles const sum = SumOfProducts(a, a);
+        if constexpr (sizeof(Element) == sizeof(float)) {
+            // A null vector raises; a length of 0 or beyond a float is left to the member, too.
+            Singles const squared = ToSingles(sum);
+            Singles const length = Root(squared);
+            VEXOR_UNROLL(24)
+            for (int k = 0; k < size; ++k)
+                result.c[k] = ToDoubles(ToSingles(a.c[k]) / length);
+            return AreWithin(0x1p-149, ToDoubles(squared), 3.4028234663852886e38);
+        } else {
+            if (!ArePlainSums(sum))
+                return false;
+            Doubles const length = Root(sum);
+            VEXOR_UNROLL(24)
+            for (int k = 0; k < size; ++k)
+                result.c[k] = a.c[k] / length;
+            return true;
+        }
+    }
+};
+
+/// The running sum of squared differences, rounded at each step.
+template <class Element, int size>
+VEXOR_ALWAYS_INLINE Doubles SquaredDistance(Lanes<size> const& a, Lanes<size> const& b)
+{
+    Doubles sum = {};
+    VEXOR_UNROLL(24)
+    for (int k = 0; k < size; ++k) {
+        Doubles const d = RoundTo<Element>(a.c[k] - b.c[k]);
+        sum = RoundTo<Element>(sum + d * d);
+    }
+    return sum;
+}
+
+template <class Element>
+struct DistanceSqToRule {
+    template <int size>
+    VEXOR_ALWAYS_INLINE static bool Compute(Lanes<size> const& a, Lanes<size> const& b, Lanes<1>& result)
+    {
+        result.c[0] = SquaredDistance<Element>(a, b);
+        return true;
+    }
+};
+
+template <class Element>
+struct DistanceToRule {
+    template <int size>
+    VEXOR_ALWAYS_INLINE static bool Compute(Lanes<size> const& a, Lanes<size> const& b, Lanes<1>& result)
+    {
+        Doubles const sum = SquaredDistance<Element>(a, b);
+        if constexpr (sizeof(Element) == sizeof(float)) {
+            result.c[0] = ToDoubles(Root(ToSingles(sum)));
+            return AreWithin(0x1p-149, sum, 3.4028234663852886e38);
+        } else {
+            result.c[0] = Root(sum);
+            return ArePlainSums(sum);
+        }
+    }
+};
+
+template <class Rule, PairOperation operation, int size, int resultSize, class Element>
+void Pair(Operand<Element> left, Operand<Element> right, Element* results, Size count)
+{
+    RunPair<Rule, size, size, resultSize>(left, right, results, count,
+                                          Plain<size, Element>().pairs[int(operation)]);
+}
+
+template <class Rule, SingleOperation operation, int size, int resultSize, class Element>
+void Single(Element const* operands, Element* results, Size count)
+{
+    RunSingle<Rule, size, resultSize>(operands, results, count,
+                                      Plain<size, Element>().singles[int(operation)]);
+}
+
+// ---- Tests -------------------------------------------------------------------------------------------
+
+/// Squared lengths and a dot product of lanes, rounded to the element type.
+struct Directions {
+    Doubles dot;
+    Doubles a;
+    Doubles b;
+};
+
+/// Squared lengths within which the quotients of a test stay far from overflow and underflow.
+template <class Element>
+VEXOR_ALWAYS_INLINE bool AreOrdinary(Directions const& d)
+{
+    constexpr bool isSingle = sizeof(Element) == sizeof(float);
+    constexpr double low = isSingle ? 0x1p-149 : 0x1p-400;
+    constexpr double high = isSingle ? 3.4028234663852886e38 : 0x1p+400;
+    return HasAll(And(And(LessOrEqual(All(low), d.a), LessOrEqual(d.a, All(high))),
+                      And(LessOrEqual(All(low), d.b), LessOrEqual(d.b, All(high)))));
+}
+
+template <TestOperation operation, class Element, int size>
+VEXOR_ALWAYS_INLINE bool TestLanes(Lanes<size> const& left, Lanes<size> const& right,
+                                   Limits<Element> const& limits, Mask& result)
+{
+    using Operation = TestOperation;
+    Doubles const angular = All(double(limits.angular));
+    Doubles const one = All(1.0);
+    if constexpr (operation == Operation::IsPointEqualTo) {
+        result = LessOrEqual(SquaredDistance<Element>(left, right), All(double(limits.squaredDistance)));
+        return true;
+    } else {
+        Doubles const dot = RoundTo<Element>(SumOfProducts(left, right));
+        constexpr bool isUnit = operation == Operation::IsUnitParallelTo
+                                || operation == Operation::IsUnitCodirectionalTo
+                                || operation == Operation::IsUnitPerpendicularTo;
+        if constexpr (isUnit) {
+            if constexpr (operation == Operation::IsUnitPerpendicularTo)
+                result = LessOrEqual(RoundTo<Element>(dot * dot), angular);
+            else
+                result = LessOrEqual(Magnitude(RoundTo<Element>(one - dot * dot)), angular);
+            if constexpr (operation == Operation::IsUnitCodirectionalTo)
+                result = And(result, Less(Doubles{}, dot));
+            return true;
+        } else {
+            Directions const d = {dot, RoundTo<Element>(SumOfProducts(left, left)),
+                                  RoundTo<Element>(SumOfProducts(right, right))};
+            if (!AreOrdinary<Element>(d))
+                return false;
+            Doubles const squaredCosine = ((dot * dot) / d.a) / d.b;
+            Doubles const length =
+                All(double(operation == Operation::IsEqualTo ? limits.globalLength : limits.length));
+            result = Not(Or(LessOrEqual(d.a, length), LessOrEqual(d.b, length)));
+            if constexpr (operation == Operation::IsPerpendicularTo)
+                result = And(result, LessOrEqual(RoundTo<Element>(squaredCosine), angular));
+            else
+                result = And(result, LessOrEqual(RoundTo<Element>(one - squaredCosine), angular));
+            if constexpr (operation == Operation::IsCodirectionalTo || operation == Operation::IsEqualTo)
+                result = And(result, Less(Doubles{}, dot));
+            if constexpr (operation == Operation::IsEqualTo) {
+                Lanes<size> difference;
+                VEXOR_UNROLL(24)
+                for (int k = 0; k < size; ++k)
+                    difference.c[k] = RoundTo<Element>(left.c[k] - right.c[k]);
+                result = And(result, LessOrEqual(RoundTo<Element>(SumOfProducts(difference, difference)),
+                                                 All(double(limits.length))));
+            }
+            return true;
+        }
+    }
+}
+
+template <TestOperation operation, int size, class Element>
+void Test(Operand<Element> left, Operand<Element> right, Limits<Element> const& limits,
+          unsigned char* results, Size count)
+{
+    Source<size, Element> const a(left);
+    Source<size, Element> const b(right);
+    TestKernel<Element> const plainKernel = Plain<size, Element>().tests[int(operation)];
+    Size i = 0;
+    for (; i + width <= count; i += width) {
+        Mask result;
+        if (__builtin_expect(TestLanes<operation, Element>(a.From(i), b.From(i), limits, result), 1))
+            StoreBytes(results + i, result);
+        else
+            plainKernel(After(left, i, size), After(right, i, size), limits, results + i, width);
+    }
+    if (i < count)
+        plainKernel(After(left, i, size), After(right, i, size), limits, results + i, count - i);
+}
+
+// ---- Maps --------------------------------------------------------------------------------------------
+
+template <MapOperation operation, int size, class Element>
+void Map(double const* map, Element const* operands, Element* results, Size count)
+{
+    Lanes<size> rows[size];
+    Lanes<size> translation;
+    for (int r = 0; r < size; ++r) {
+        for (int k = 0; k < size; ++k)
+            rows[r].c[k] = All(map[r * size + k]);
+        translation.c[r] = All(map[size * size + r]);
+    }
+    Size i = 0;
+    for (; i + width <= count; i += width) {
+        Lanes<size> const x = LoadLanes<size>(operands + i * size);
+        Lanes<size> y;
+        VEXOR_UNROLL(24)
+        for (int r = 0; r < size; ++r) {
+            y.c[r] = SumOfProducts(rows[r], x);
+            if constexpr (operation == MapOperation::Affine)
+                y.c[r] = RoundTo<Element>(y.c[r]) + translation.c[r];
+            if constexpr (operation == MapOperation::LinearToSingle)
+                y.c[r] = RoundTo<float>(y.c[r]);
+        }
+        StoreLanes(results + i * size, y);
+    }
+    if (i < count)
+        Plain<size, Element>().maps[int(operation)](map, operands + i * size, results + i * size, count - i);
+}
+
+} // namespace
+
+} // namespace vexor::arrays::detail::VEXOR_SET
+
+VEXOR_SET_END
