@@ -83,8 +83,10 @@ set(CPACK_COMPONENT_DOC_DESCRIPTION "Geometric and linear-algebra value classes 
  Guides and reference of vexor.")
 set(CPACK_DEBIAN_ARRAYS_PACKAGE_NAME libvexor-arrays${PROJECT_VERSION_MAJOR})
 set(CPACK_DEBIAN_ARRAYS_PACKAGE_SECTION libs)
-set(CPACK_DEBIAN_ARRAYS_PACKAGE_SHLIBDEPS ON)
-set(CPACK_DEBIAN_ARRAYS_PACKAGE_DEPENDS "libvexor${PROJECT_VERSION_MAJOR} (= ${PROJECT_VERSION})")
+# Named by hand: dpkg-shlibdeps knows installed packages only, and libvexor is not one yet.
+set(CPACK_DEBIAN_ARRAYS_PACKAGE_SHLIBDEPS OFF)
+set(CPACK_DEBIAN_ARRAYS_PACKAGE_DEPENDS
+    "libc6, libgcc-s1, libstdc++6 (>= 12), libvexor${PROJECT_VERSION_MAJOR} (= ${PROJECT_VERSION})")
 file(MAKE_DIRECTORY "${debian_files}/arrays")
 file(WRITE "${debian_files}/arrays/shlibs"
     "libvexor_arrays ${PROJECT_VERSION_MAJOR} libvexor-arrays${PROJECT_VERSION_MAJOR} (>= ${PROJECT_VERSION})\n")
