@@ -45,7 +45,7 @@ has(files "CMAKE_BUILD_TYPE:STRING=Release")
 has(files "libvexor.so.1")
 has(files "include/vexor") # an install rule
 has(files "add_test(")
-lacks(files "-Werror")
+lacks(files "-Wshadow -Werror")
 lacks(output "${unoptimised}")
 lacks(output "${shared_only}")
 
@@ -53,7 +53,8 @@ configure(without_tests "${SOURCE}" -DBUILD_TESTING=OFF -DBUILD_SHARED_LIBS=OFF)
 lacks(files "add_test(")
 has(output "${shared_only}")
 
-configure(without_install "${SOURCE}" -DBUILD_TESTING=OFF -DVEXOR_INSTALL=OFF)
+configure(without_install "${SOURCE}" -DBUILD_TESTING=OFF -DVEXOR_INSTALL=OFF -DVEXOR_WERROR=ON)
+has(files "-Wshadow -Werror")
 lacks(files "include/vexor")
 
 set(subproject "${SOURCE}/tests/consumers/add_subdirectory")
@@ -62,7 +63,7 @@ has(output "${unoptimised}: CMAKE_BUILD_TYPE is ''")
 lacks(output "${shared_only}")
 lacks(files "add_test(")
 lacks(files "include/vexor")
-lacks(files "-Werror")
+lacks(files "-Wshadow -Werror")
 
 configure(installing_subproject "${subproject}" -DCMAKE_BUILD_TYPE=Release -DVEXOR_INSTALL=ON
     -DBUILD_SHARED_LIBS=OFF)

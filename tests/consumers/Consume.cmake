@@ -21,10 +21,11 @@ if(PROJECT STREQUAL "pkg_config")
     file(GLOB_RECURSE pc "${PREFIX}/vexor.pc")
     get_filename_component(pc_dir "${pc}" DIRECTORY)
     set(consumers "${SOURCE}/tests/consumers")
+    # pkg-config puts a backslash before a space in a path; the shell must read its answer as it reads a command.
     function(compile program)
         list(JOIN ARGN "' '" sources)
         run("g++ with pkg-config" sh -c
-            "export PKG_CONFIG_PATH='${pc_dir}' && lib=$(pkg-config --variable=libdir vexor) && ${COMPILER} -std=c++17 -O2 $(pkg-config --cflags vexor) '${sources}' -o '${BUILD}/${program}' $(pkg-config --libs vexor) -Wl,-rpath,$lib")
+            "export PKG_CONFIG_PATH='${pc_dir}' && eval \"'${COMPILER}' -std=c++17 -O2 $(pkg-config --cflags vexor) '${sources}' -o '${BUILD}/${program}' $(pkg-config --libs vexor) -Wl,-rpath,$(pkg-config --variable=libdir vexor)\"")
     endfunction()
     compile(consumer "${consumers}/client/main.cpp" "${consumers}/client/Client.cpp")
     if(CHECKED)
