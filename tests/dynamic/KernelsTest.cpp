@@ -474,7 +474,7 @@ TEST(Kernels, TransposeSquare)
     };
     for (int size = 1; size <= 200; ++size)
         check(size, {0, std::size_t(size) % 8});
-    // Around the sizes at which the blocks change, and where the columns compete for the cache.
+    // Where the columns compete for the cache.
     for (int size : {160, 168, 176, 184, 256, 384, 512})
         check(size, {0, 1, 2, 3, 4, 5, 6, 7});
     for (int size : {255, 257, 511, 513, 640, 768, 1023, 1024, 1025, 1248, 1249, 1250, 1280, 1281, 1288, 1408,

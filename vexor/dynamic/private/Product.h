@@ -83,21 +83,29 @@ void MultiplyTile(int rows, int inner, bool startsAtZero, TileOperands const& op
 
 using TileFunction = void (*)(int rows, int inner, bool startsAtZero, TileOperands const& operands);
 
-/// The tile for every size of edge: [registers − 1][columns − 1].
-template <int width, class Columns>
-struct TileTable;
-template <int width, int... j>
-struct TileTable<width, std::integer_sequence<int, j...>> {
-    static constexpr TileFunction tiles[tileVectors][tileColumns] = {{MultiplyTile<width, 1, j + 1>...},
-                                                                     {MultiplyTile<width, 2, j + 1>...},
-                                                                     {MultiplyTile<width, 3, j + 1>...}};
+/// The tiles of so many registers of rows, for every number of columns: [columns − 1].
+template <int width, int vectors, class Columns>
+struct TilesOf;
+template <int width, int vectors, int... j>
+struct TilesOf<width, vectors, std::integer_sequence<int, j...>> {
+    static constexpr TileFunction tiles[] = {MultiplyTile<width, vectors, j + 1>...};
 };
 
+/// The tile for a size. Only the widest registers see rows for three: fewer rows than two registers of some
+/// width are left to that width, and one row to single elements.
 template <int width>
-void MultiplyAnyTile(int rows, int columns, int inner, bool startsAtZero, TileOperands const& operands)
+TileFunction TileFor(int rows, int columns)
 {
-    using Table = TileTable<width, std::make_integer_sequence<int, tileColumns>>;
-    Table::tiles[(rows + width - 1) / width - 1][columns - 1](rows, inner, startsAtZero, operands);
+    using Columns = std::make_integer_sequence<int, tileColumns>;
+    if constexpr (width == registerWidth) {
+        if (rows > 2 * width)
+            return TilesOf<width, tileVectors, Columns>::tiles[columns - 1];
+    }
+    if constexpr (width > 1) {
+        if (rows > width)
+            return TilesOf<width, 2, Columns>::tiles[columns - 1];
+    }
+    return TilesOf<width, 1, Columns>::tiles[columns - 1];
 }
 
 /// The rows of the next tile: a full one, or what is left; never so many that the rest would not fill
@@ -141,10 +149,10 @@ void MultiplyAcross(int rows, int columns, int inner, bool startsAtZero, TileOpe
 {
     for (int j = 0, across = 0; j < columns; j += across) {
         across = NextColumns(columns - j, tileColumns);
-        MultiplyAnyTile<width>(rows, across, inner, startsAtZero,
-                               {operands.left, operands.leftStride, operands.right + j * operands.rightStride,
-                                operands.rightStride, operands.result + j * operands.resultStride,
-                                operands.resultStride});
+        TileFor<width>(rows, across)(rows, inner, startsAtZero,
+                                     {operands.left, operands.leftStride,
+                                      operands.right + j * operands.rightStride, operands.rightStride,
+                                      operands.result + j * operands.resultStride, operands.resultStride});
     }
 }
 
@@ -168,8 +176,8 @@ void MultiplyPacked(int rows, int columns, int inner, double const* left, double
 
 /// The product on the operands where they stand.
 template <int width>
-void MultiplyInPlace(int rows, int columns, int inner, double const* left, double const* right,
-                     double* result)
+void MultiplyUnpacked(int rows, int columns, int inner, double const* left, double const* right,
+                      double* result)
 {
     for (int i = 0, step = 0; i < rows; i += step) {
         step = NextRows<width>(rows - i);
@@ -184,13 +192,13 @@ void Multiply(int rows, int columns, int inner, double const* left, double const
         if (rows < width)
             return Multiply<width / 2>(rows, columns, inner, left, right, result);
     }
-    // Packing pays where a packed element is used often and the operand, at 256 KiB, outgrows the
-    // second-level cache of some processors: its columns are then far apart for caches and pages.
-    bool const packs = width == registerWidth && columns > 8 * tileColumns && Offset(rows) * inner > 32768;
-    if (packs)
-        MultiplyPacked<width>(rows, columns, inner, left, right, result);
-    else
-        MultiplyInPlace<width>(rows, columns, inner, left, right, result);
+    if constexpr (width == registerWidth) {
+        // Packing pays where a packed element is used often and the operand, at 256 KiB, outgrows the
+        // second-level cache of some processors: its columns are then far apart for caches and pages.
+        if (columns > 8 * tileColumns && Offset(rows) * inner > 32768)
+            return MultiplyPacked<width>(rows, columns, inner, left, right, result);
+    }
+    MultiplyUnpacked<width>(rows, columns, inner, left, right, result);
 }
 
 void MultiplyColumnMajor(int rows, int columns, int inner, double const* left, double const* right,
