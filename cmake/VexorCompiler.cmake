@@ -1,11 +1,26 @@
 # Compiler flags that carry the library's promises.
 
-# Results must not depend on flags: no multiplication is fused with an addition, neither in the
-# library nor in a client that inlines its members. GCC headers demand the confirming macro on
-# targets that have a fused multiply-add.
+# Results must not depend on flags: no multiplication is fused with an addition, nothing is reordered, in
+# the library whatever CMAKE_CXX_FLAGS say. Clients get -ffp-contract=off, with the macro that confirms it
+# to the headers: those then need not slow down their inline functions to be safe.
 function(vexor_exact_floating_point target)
     if(CMAKE_CXX_COMPILER_ID MATCHES "GNU|Clang")
+        # These come first: clang takes -fno-fast-math for a word on contraction as well.
+        target_compile_options(${target} PRIVATE
+            -fno-fast-math -fno-unsafe-math-optimizations -fno-associative-math -fno-reciprocal-math
+            -fno-finite-math-only -fsigned-zeros)
+        if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+            target_compile_options(${target} PRIVATE -fno-single-precision-constant)
+            if(CMAKE_SYSTEM_PROCESSOR MATCHES "^(x86_64|AMD64|i[3-6]86|x86)$")
+                target_compile_options(${target} PRIVATE -mieee-fp)
+            endif()
+        endif()
         target_compile_options(${target} PUBLIC "$<$<COMPILE_LANGUAGE:CXX>:-ffp-contract=off>")
+        if(NOT WIN32)
+            # In a link command the flags mean one thing: a start-up routine that flushes denormal numbers
+            # to zero in the whole process.
+            target_link_options(${target} PUBLIC -fno-fast-math -fno-unsafe-math-optimizations)
+        endif()
     endif()
     target_compile_definitions(${target} PUBLIC VEXOR_FP_CONTRACT_OFF)
     if(CMAKE_CXX_COMPILER_ID MATCHES "GNU|Clang")

@@ -16,6 +16,19 @@
 namespace {
 
 // No two operands are drawn within one call: compilers evaluate arguments in different orders.
+//
+// Floating-point flags apply to this source too, and must not change what it does: numbers that a single cannot
+// hold stand as bits (-fsingle-precision-constant), and so does the test for NaN (-ffinite-math-only).
+
+constexpr std::uint64_t signBit = 0x8000000000000000U;
+constexpr std::uint64_t infinity = 0x7ff0000000000000U;
+
+double FromBits(std::uint64_t bits)
+{
+    double value = 0;
+    std::memcpy(&value, &bits, sizeof value);
+    return value;
+}
 
 // ---- Operands ----------------------------------------------------------------------------------------
 
@@ -38,25 +51,27 @@ public:
     /// Mostly ordinary numbers; small integers, which tie; every eighth time a value that decides.
     double Double()
     {
-        static double const special[] = {0.0,
-                                         -0.0,
-                                         1.0,
-                                         -1.0,
-                                         0x1p-1074,
-                                         -0x1p-1022,
-                                         1e-160,
-                                         -1e160,
-                                         1e300,
-                                         1e-5,
-                                         1e-6,
-                                         std::numeric_limits<double>::infinity(),
-                                         -std::numeric_limits<double>::infinity(),
-                                         std::numeric_limits<double>::quiet_NaN()};
+        static std::uint64_t const special[] = {
+            0x0000000000000000U, // 0
+            0x8000000000000000U, // −0
+            0x3ff0000000000000U, // 1
+            0xbff0000000000000U, // −1
+            0x0000000000000001U, // 2^−1074
+            0x8010000000000000U, // −2^−1022
+            0x1eb67e9c127b6e74U, // 1e-160
+            0xe126c2d4256ffcc3U, // −1e160
+            0x7e37e43c8800759cU, // 1e300
+            0x3ee4f8b588e368f1U, // 1e-5
+            0x3eb0c6f7a0b5ed8dU, // 1e-6
+            0x7ff0000000000000U, // ∞
+            0xfff0000000000000U, // −∞
+            0x7ff8000000000000U, // NaN
+        };
         switch (Below(16)) {
         case 0:
-            return special[Below(14)];
+            return FromBits(special[Below(14)]);
         case 1:
-            return special[Below(4)];
+            return FromBits(special[Below(4)]);
         case 2:
         case 3:
             return Below(7) - 3;
@@ -79,8 +94,17 @@ public:
 
     double Tolerance()
     {
-        static double const tolerance[] = {-1.0, 0.0, 1e-14, 1e-3, 0.25, 1.0, 1e-10, -0.0};
-        return tolerance[Below(8)];
+        static std::uint64_t const tolerance[] = {
+            0xbff0000000000000U, // −1
+            0x0000000000000000U, // 0
+            0x3d06849b86a12b9bU, // 1e-14
+            0x3f50624dd2f1a9fcU, // 1e-3
+            0x3fd0000000000000U, // 0.25
+            0x3ff0000000000000U, // 1
+            0x3ddb7cdfd9d7bdbbU, // 1e-10
+            0x8000000000000000U, // −0
+        };
+        return FromBits(tolerance[Below(8)]);
     }
 
 private:
@@ -109,13 +133,13 @@ public:
     {
         std::uint64_t bits = 0;
         std::memcpy(&bits, &value, sizeof value);
-        Bits(value != value ? 0x7ff8000000000000ULL : bits);
+        Bits((bits & ~signBit) > infinity ? 0x7ff8000000000000ULL : bits);
     }
     void Add(float value)
     {
         std::uint32_t bits = 0;
         std::memcpy(&bits, &value, sizeof value);
-        Bits(value != value ? 0x7fc00000U : bits);
+        Bits((bits & 0x7fffffffU) > 0x7f800000U ? 0x7fc00000U : bits);
     }
     void Add(int value) { Bits(static_cast<std::uint64_t>(static_cast<std::int64_t>(value))); }
     void Add(bool value) { Bits(value); }
@@ -204,7 +228,7 @@ Vector Companion(Source& source, Vector const& first, Vector const& any)
     case 0:
         return first * 3.0;
     case 1:
-        return first + any * 1e-8;
+        return first + any * FromBits(0x3e45798ee2308c3aU); // 1e-8
     case 2:
         return -first;
     default:

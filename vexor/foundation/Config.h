@@ -62,26 +62,57 @@
 #endif
 
 // ---- The same bits in every client ---------------------------------------------------------------
-#if defined(__FAST_MATH__) || defined(_M_FP_FAST)                                                            \
-    || (defined(__FINITE_MATH_ONLY__) && __FINITE_MATH_ONLY__ + 0 != 0)
+#if defined(__FAST_MATH__) || defined(_M_FP_FAST)
 #    error "vexor: -ffast-math (/fp:fast) changes documented results; build without it"
 #endif
-#if (defined(__i386__) && !defined(__SSE2_MATH__)) || (defined(_M_IX86_FP) && _M_IX86_FP < 2)
+#if ((defined(__i386__) || defined(__x86_64__)) && !defined(__SSE2_MATH__))                                  \
+    || (defined(__GNUC__) && !defined(__clang__) && __FLT_EVAL_METHOD__ < 0)                                 \
+    || (defined(_M_IX86_FP) && _M_IX86_FP < 2)
 #    error "vexor: x87 evaluation changes documented results; build with -msse2 -mfpmath=sse (/arch:SSE2)"
 #endif
-#if defined(__GNUC__) && !defined(__clang__) && defined(__FP_FAST_FMA) && !defined(VEXOR_FP_CONTRACT_OFF)
-#    error                                                                                                   \
-        "vexor: this target fuses a*b + c; build with -ffp-contract=off -DVEXOR_FP_CONTRACT_OFF (vexor::vexor and vexor.pc hand out both)"
-#endif
 
-// Clang can be told in the source not to fuse a*b + c, whatever the client's flags; the pair keeps
-// that to the library's own functions. GCC has no such pragma: there the guard above stands.
-#if defined(__clang__) && (defined(__x86_64__) || defined(__i386__) || __clang_major__ >= 15)
-#    define VEXOR_EXACT_BEGIN _Pragma("float_control(push)") _Pragma("STDC FP_CONTRACT OFF")
+// VEXOR_EXACT_BEGIN and VEXOR_EXACT_END enclose every inline function that handles floating-point numbers. They tell
+// the compiler, for these functions alone, what the client's flags may have told it otherwise: no fused a*b + c, no
+// reordering, no reciprocals, signed zeros, infinities and NaNs. VEXOR_FP_CONTRACT_OFF is the client's word that it
+// is built with -ffp-contract=off; vexor::vexor and vexor.pc hand out both.
+#if defined(__clang__) && (defined(__FMA__) || defined(__FMA4__)) && !defined(VEXOR_FP_CONTRACT_OFF)
+// -ffp-contract=fast, which no macro tells of, has clang's back end fuse whatever FP_CONTRACT says. It leaves alone
+// operations that keep the exception flags exact; these are not vectorised either.
+#    define VEXOR_EXACT_BEGIN                                                                                \
+        _Pragma("float_control(push)") _Pragma("float_control(precise, on)")                                 \
+            _Pragma("float_control(except, on)") _Pragma("STDC FP_CONTRACT OFF")
+#    define VEXOR_EXACT_END _Pragma("float_control(pop)")
+#elif defined(__clang__) && (defined(__x86_64__) || defined(__i386__) || __clang_major__ >= 16)
+#    define VEXOR_EXACT_BEGIN                                                                                \
+        _Pragma("float_control(push)") _Pragma("float_control(precise, on)") _Pragma("STDC FP_CONTRACT OFF")
 #    define VEXOR_EXACT_END _Pragma("float_control(pop)")
 #elif defined(__clang__)
 #    define VEXOR_EXACT_BEGIN _Pragma("STDC FP_CONTRACT OFF")
 #    define VEXOR_EXACT_END
+#elif defined(__GNUC__)
+#    if (defined(__FP_FAST_FMA) || defined(__FP_FAST_FMAF)) && !defined(VEXOR_FP_CONTRACT_OFF)
+#        define VEXOR_UNSAFE_FLAGS 1
+#    elif defined(__RECIPROCAL_MATH__) || defined(__ASSOCIATIVE_MATH__) || defined(__NO_SIGNED_ZEROS__)      \
+        || __FINITE_MATH_ONLY__ + 0 != 0
+#        define VEXOR_UNSAFE_FLAGS 1
+#    endif
+#    if defined(VEXOR_UNSAFE_FLAGS)
+// A function with options of its own is not inlined into one without: this is exact, but slow.
+#        define VEXOR_EXACT_OPTIONS                                                                          \
+            _Pragma("GCC optimize(\"fp-contract=off\", \"no-unsafe-math-optimizations\", \"no-associative-math\", \"no-reciprocal-math\", \"no-finite-math-only\", \"signed-zeros\", \"trapping-math\")")
+#        undef VEXOR_UNSAFE_FLAGS
+#    else
+#        define VEXOR_EXACT_OPTIONS
+#    endif
+#    if defined(__x86_64__) || defined(__i386__)
+// Comparisons with a NaN are false. -mno-ieee-fp, which no macro tells of, says otherwise; without that flag this
+// changes nothing.
+#        define VEXOR_EXACT_COMPARISONS _Pragma("GCC target(\"ieee-fp\")")
+#    else
+#        define VEXOR_EXACT_COMPARISONS
+#    endif
+#    define VEXOR_EXACT_BEGIN _Pragma("GCC push_options") VEXOR_EXACT_OPTIONS VEXOR_EXACT_COMPARISONS
+#    define VEXOR_EXACT_END _Pragma("GCC pop_options")
 #elif defined(_MSC_VER)
 // Nothing restores this compiler's setting of fp_contract: it stays off to the end of the client's source.
 #    define VEXOR_EXACT_BEGIN __pragma(float_control(push)) __pragma(fp_contract(off))

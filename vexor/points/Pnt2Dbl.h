@@ -135,7 +135,7 @@ public:
     VEXOR_INLINE double DistanceSqTo(Pnt2Dbl const& other) const
     {
         using vexor::detail::AddSquare;
-        return AddSquare(AddSquare(0.0, x - other.x), y - other.y);
+        return AddSquare(AddSquare<double>(0.0, x - other.x), y - other.y);
     }
     /// The square root of `DistanceSqTo`; where that overflows, so does this.
     VEXOR_INLINE double DistanceTo(Pnt2Dbl const& other) const

@@ -159,7 +159,7 @@ public:
     VEXOR_INLINE double DistanceSqTo(Pnt3Dbl const& other) const
     {
         using vexor::detail::AddSquare;
-        return AddSquare(AddSquare(AddSquare(0.0, x - other.x), y - other.y), z - other.z);
+        return AddSquare(AddSquare(AddSquare<double>(0.0, x - other.x), y - other.y), z - other.z);
     }
     /// The square root of `DistanceSqTo`; where that overflows, so does this.
     VEXOR_INLINE double DistanceTo(Pnt3Dbl const& other) const

@@ -4,6 +4,8 @@
 // Where a value is rounded to single precision is part of each operation's definition. Every such
 // rounding of a computed double in the library goes through this file.
 
+VEXOR_EXACT_BEGIN
+
 namespace vexor::detail {
 
 /// Rounds to the nearest single.
@@ -44,3 +46,5 @@ inline double Round<double>(double value)
 }
 
 } // namespace vexor::detail
+
+VEXOR_EXACT_END

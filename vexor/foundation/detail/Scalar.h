@@ -6,19 +6,39 @@
 #    include <emmintrin.h>
 #endif
 
+// `condition ? yes : no` of two numbers. With -fno-signed-zeros clang before 16 lets this operator lose the sign of a
+// zero, although VEXOR_EXACT_BEGIN tells it otherwise. A branch keeps the sign, and becomes the same instructions.
+#if defined(__clang__)
+#    define VEXOR_CHOOSE(condition, yes, no) ::vexor::detail::Choose(condition, yes, no)
+#else
+#    define VEXOR_CHOOSE(condition, yes, no) ((condition) ? (yes) : (no))
+#endif
+
 VEXOR_EXACT_BEGIN
 
 namespace vexor::detail {
 
-inline constexpr double pi = 3.141592653589793;
-inline constexpr double twoPi = 6.283185307179586;
+#if defined(__clang__)
+template <class Number>
+inline Number Choose(bool condition, Number yes, Number no)
+{
+    if (condition)
+        return yes;
+    return no;
+}
+#endif
+
+// With an L, and exact as a long double: -fsingle-precision-constant makes singles of all other constants.
+inline constexpr double pi = 0x1.921fb54442d18p+1L;
+inline constexpr double twoPi = 0x1.921fb54442d18p+2L;
+static_assert(sizeof(1.0) != sizeof(double) || (pi == 3.141592653589793 && twoPi == 6.283185307179586));
 
 /// The absolute value as the library forms it: v if v > 0, else −v. So a zero has the magnitude −0.0,
 /// and a NaN stays one.
 template <class Number>
 inline Number Magnitude(Number value)
 {
-    return value > Number(0) ? value : -value;
+    return VEXOR_CHOOSE(value > Number(0), value, -value);
 }
 
 /// The double nearest the square root; NaN for a negative number.

@@ -5,6 +5,8 @@
 // the square of a sine, a length is squared. An argument strictly below 0 selects the global's value
 // at the moment of the call; 0, −0 and NaN are used as they are.
 
+VEXOR_EXACT_BEGIN
+
 namespace vexor::detail {
 
 template <class Element>
@@ -20,3 +22,5 @@ inline Element LengthTolerance(Element argument)
 }
 
 } // namespace vexor::detail
+
+VEXOR_EXACT_END

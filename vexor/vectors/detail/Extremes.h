@@ -5,20 +5,22 @@
 // trees below; in the plane a tie goes to the second component. The conditions stand as they decide
 // about NaN: a comparison that involves one is false.
 
+VEXOR_EXACT_BEGIN
+
 namespace vexor::detail {
 
 template <class Number>
 inline Number MaxOfThree(Number x, Number y, Number z)
 {
-    Number const m = y < x ? x : y;
-    return m > z ? m : z;
+    Number const m = VEXOR_CHOOSE(y < x, x, y);
+    return VEXOR_CHOOSE(m > z, m, z);
 }
 
 template <class Number>
 inline Number MinOfThree(Number x, Number y, Number z)
 {
-    Number const m = y > x ? x : y;
-    return m < z ? m : z;
+    Number const m = VEXOR_CHOOSE(y > x, x, y);
+    return VEXOR_CHOOSE(m < z, m, z);
 }
 
 template <class Number>
@@ -40,13 +42,13 @@ inline int MinIndexOfThree(Number x, Number y, Number z)
 template <class Number>
 inline Number MaxOfTwo(Number x, Number y)
 {
-    return x > y ? x : y;
+    return VEXOR_CHOOSE(x > y, x, y);
 }
 
 template <class Number>
 inline Number MinOfTwo(Number x, Number y)
 {
-    return x < y ? x : y;
+    return VEXOR_CHOOSE(x < y, x, y);
 }
 
 template <class Number>
@@ -62,3 +64,5 @@ inline int MinIndexOfTwo(Number x, Number y)
 }
 
 } // namespace vexor::detail
+
+VEXOR_EXACT_END

@@ -7,6 +7,8 @@
 // from about 1e154 on and can lose digits below about 1e-128; there the components are scaled by a power
 // of two first, which gives the bits that arithmetic with an unlimited exponent would.
 
+VEXOR_EXACT_BEGIN
+
 namespace vexor::detail {
 
 /// Whether a sum of squares, of up to four components and added one by one, has neither overflowed nor
@@ -14,7 +16,8 @@ namespace vexor::detail {
 /// to about 2^-968, that sum of the next up to about 2^-914, and that one of a last up to about 2^-860.
 inline bool IsPlainSum(double sumOfSquares)
 {
-    return sumOfSquares >= 0x1p-850 && sumOfSquares <= (std::numeric_limits<double>::max)();
+    constexpr double smallest = 0x1p-850L; // as a long double, which -fsingle-precision-constant leaves alone
+    return sumOfSquares >= smallest && sumOfSquares <= (std::numeric_limits<double>::max)();
 }
 
 /// √((x² + y²) + z²) where the sum is no plain one.
@@ -25,3 +28,5 @@ VEXOR_API VEXOR_COLD double FullRangeLength(double x, double y, double z);
 VEXOR_API VEXOR_COLD void FullRangeNormalize(double& x, double& y, double& z);
 
 } // namespace vexor::detail
+
+VEXOR_EXACT_END
