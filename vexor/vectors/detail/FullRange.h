@@ -11,13 +11,15 @@ VEXOR_EXACT_BEGIN
 
 namespace vexor::detail {
 
+// With an L: -fsingle-precision-constant makes singles of constants without.
+inline constexpr double smallestPlainSum = 0x1p-850L;
+
 /// Whether a sum of squares, of up to four components and added one by one, has neither overflowed nor
 /// lost digits to underflow. A square that did (below 2^-1022) can tip the rounding of a partial sum up
 /// to about 2^-968, that sum of the next up to about 2^-914, and that one of a last up to about 2^-860.
 inline bool IsPlainSum(double sumOfSquares)
 {
-    constexpr double smallest = 0x1p-850L; // as a long double, which -fsingle-precision-constant leaves alone
-    return sumOfSquares >= smallest && sumOfSquares <= (std::numeric_limits<double>::max)();
+    return sumOfSquares >= smallestPlainSum && sumOfSquares <= (std::numeric_limits<double>::max)();
 }
 
 /// √((x² + y²) + z²) where the sum is no plain one.
