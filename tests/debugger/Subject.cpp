@@ -19,7 +19,8 @@ struct Derived : T {
 };
 
 template <class T>
-void InEveryWay(T& reference, T const& constReference, T&& rvalueReference, T* pointer, T const* pointerToConst)
+void InEveryWay(T& reference, T const& constReference, T&& rvalueReference, T* pointer,
+                T const* pointerToConst)
 {
     using Alias = T;
     T const constant(reference);

@@ -6,7 +6,6 @@
 #include <support/Bits.h>
 #include <support/Fixtures.h>
 
-#include <cstddef>
 #include <type_traits>
 #include <utility>
 
@@ -24,32 +23,6 @@ void ExpectBits(Pair const& actual, double x, double y)
 }
 
 // ---- Construction ----------------------------------------------------------------------------------
-
-TEST(Pnt2Dbl, Layout)
-{
-    static_assert(sizeof(Pnt2Dbl) == 2 * sizeof(double) && std::is_standard_layout_v<Pnt2Dbl>, "");
-    static_assert(offsetof(Pnt2Dbl, y) == sizeof(double) && std::is_trivially_copyable_v<Pnt2Dbl>, "");
-}
-
-TEST(Pnt2Dbl, DefaultConstructor)
-{
-#if defined(VEXOR_CHECKED)
-    GTEST_SKIP() << "a checked build fills the coordinates";
-#else
-    EXPECT_TRUE(DefaultConstructorWritesNothing<Pnt2Dbl>());
-#endif
-}
-
-TEST(Pnt2Dbl, Constructors)
-{
-    ExpectBits(Pnt2Dbl(-0.0), -0.0, -0.0);
-    ExpectBits(Pnt2Dbl(1.0, -2.0), 1.0, -2.0);
-    double values[2] = {4.0, -0.0};
-    ExpectBits(Pnt2Dbl(values), 4.0, -0.0);
-    Pnt2Dbl const source(nan, -infinity);
-    Pnt2Dbl const copy(source);
-    ExpectBits(copy, nan, -infinity);
-}
 
 TEST(Pnt2Dbl, ConstructorsFromOtherClasses)
 {
@@ -76,62 +49,6 @@ TEST(Pnt2Dbl, Assignment)
     Pnt2Dbl& same = p;
     p = same;
     ExpectBits(p, 4.0, 0x1.99999ap-4);
-}
-
-TEST(Pnt2Dbl, SetValue)
-{
-    Pnt2Dbl p(9.0);
-    EXPECT_EQ(&p.SetValue(-0.0), &p);
-    ExpectBits(p, -0.0, -0.0);
-    EXPECT_EQ(&p.SetValue(1.0, 2.0), &p);
-    ExpectBits(p, 1.0, 2.0);
-    double const values[2] = {4.0, 5.0};
-    EXPECT_EQ(&p.SetValue(values), &p);
-    ExpectBits(p, 4.0, 5.0);
-    p.SetValue(p.y, p.x);
-    ExpectBits(p, 5.0, 4.0);
-}
-
-// The form with references is not const, unlike that of the vectors.
-template <class Point, class = void>
-constexpr bool givesTwoDoubles = false;
-template <class Point>
-constexpr bool givesTwoDoubles<Point, std::void_t<decltype(std::declval<Point>().GetValue(
-                                          std::declval<double&>(), std::declval<double&>()))>> = true;
-
-TEST(Pnt2Dbl, GetValue)
-{
-    static_assert(givesTwoDoubles<Pnt2Dbl&> && !givesTwoDoubles<Pnt2Dbl const&>, "");
-    static_assert(givesTwoDoubles<Vec2Dbl const&>, "");
-    Pnt2Dbl p(-0.0, nan);
-    double x = 9.0;
-    double y = 9.0;
-    p.GetValue(x, y);
-    ExpectBits(Pnt2Dbl(x, y), -0.0, nan);
-    Pnt2Dbl const& constant = p;
-    double values[3] = {9.0, 9.0, 9.0};
-    constant.GetValue(values);
-    ExpectBits(Pnt2Dbl(values), -0.0, nan);
-    EXPECT_EQ(values[2], 9.0);
-    p.SetValue(1.0, 2.0);
-    p.GetValue(p.y, p.x); // what each reference gets is what the point held before
-    ExpectBits(p, 2.0, 1.0);
-}
-
-TEST(Pnt2Dbl, Index)
-{
-    Pnt2Dbl p(1.0, 2.0);
-    EXPECT_EQ(&p[0], &p.x);
-    EXPECT_EQ(&p[1], &p.y);
-    Pnt2Dbl const& constant = p;
-    for (int i = 0; i < 2; ++i) {
-        EXPECT_EQ(&p(i), &p[i]);
-        EXPECT_EQ(&constant[i], &p[i]);
-        EXPECT_EQ(&constant(i), &p[i]);
-    }
-    p[Opaque(0)] = 7.0;
-    p(Opaque(1)) = 8.0;
-    ExpectBits(p, 7.0, 8.0);
 }
 
 TEST(Pnt2Dbl, Vector)
@@ -199,31 +116,6 @@ TEST(Pnt2Dbl, SubtractAssign)
     ExpectBits(p, -9.0, -0.0);
 }
 
-TEST(Pnt2Dbl, MultiplyAssign)
-{
-    Pnt2Dbl p(-2.0, 0.0);
-    EXPECT_EQ(&(p *= -3.0), &p);
-    ExpectBits(p, 6.0, -0.0);
-    p *= p.x; // the scalar is one of the coordinates
-    ExpectBits(p, 36.0, -0.0);
-    Pnt2Dbl all(3.0, 5.0);
-    all *= 4.0;
-    ExpectBits(all, 12.0, 20.0);
-}
-
-TEST(Pnt2Dbl, DivideAssignTrulyDivides)
-{
-    Pnt2Dbl p(7.0, 20.0); // of each, the product with 1/3 lies one unit below the quotient
-    EXPECT_EQ(&(p /= Opaque(3.0)), &p);
-    ExpectBits(p, 0x1.2aaaaaaaaaaabp+1, 0x1.aaaaaaaaaaaabp+2);
-    Pnt2Dbl zero(0.0, -1.0);
-    zero /= Opaque(0.0);
-    ExpectBits(zero, nan, -infinity);
-    Pnt2Dbl self(2.0, 4.0);
-    self /= self[0];
-    ExpectBits(self, 1.0, 2.0);
-}
-
 // ---- Distance --------------------------------------------------------------------------------------
 
 // By exact arithmetic with a rounding at each step; a fused multiply-add gives a neighbour.
@@ -252,24 +144,6 @@ TEST(Pnt2Dbl, DistanceTo)
 }
 
 // ---- Comparison ------------------------------------------------------------------------------------
-
-TEST(Pnt2Dbl, EqualAndNotEqual)
-{
-    static_assert(std::is_same_v<decltype(Pnt2Dbl() == Pnt2Dbl()), int>, "");
-    static_assert(std::is_same_v<decltype(Pnt2Dbl() != Pnt2Dbl()), int>, "");
-    Pnt2Dbl const p(1.0, -0.0);
-    EXPECT_EQ(p == Pnt2Dbl(1.0, 0.0), 1);
-    EXPECT_EQ(p != Pnt2Dbl(1.0, 0.0), 0);
-    for (int i = 0; i < 2; ++i) {
-        Pnt2Dbl q(p);
-        q[i] += 0x1p-50;
-        EXPECT_EQ(p == q, 0);
-        EXPECT_EQ(p != q, 1);
-        q[i] = nan;
-        EXPECT_EQ(q == q, 0);
-        EXPECT_EQ(q != q, 1);
-    }
-}
 
 TEST(Pnt2Dbl, LessIsLexicographicAndAnInt)
 {
@@ -309,43 +183,6 @@ TEST(Pnt2Dbl, IsEqualToWithTheGlobal)
     gVexorTolerance.SetLength(5.0);
     EXPECT_EQ(p.IsEqualTo(Pnt2Dbl(3.0, 4.0)), 1);
     EXPECT_EQ(p.IsEqualTo(Pnt2Dbl(3.0, Above(4.0))), 0);
-}
-
-TEST(Pnt2Dbl, IsLessThanAndIsGreaterThanAreNotStrict)
-{
-    Pnt2Dbl const p(1.0, 5.0);
-    EXPECT_EQ(p.IsLessThan(p), 1);
-    EXPECT_EQ(p.IsGreaterThan(p), 1);
-    EXPECT_EQ(p.IsLessThan(Pnt2Dbl(2.0, 0.0)), 0);
-    EXPECT_EQ(p.IsGreaterThan(Pnt2Dbl(2.0, 0.0)), 0);
-    for (int i = 0; i < 2; ++i) {
-        Pnt2Dbl q(p);
-        q[i] = Above(q[i]);
-        EXPECT_EQ(p.IsLessThan(q), 1);
-        EXPECT_EQ(q.IsLessThan(p), 0);
-        EXPECT_EQ(p.IsGreaterThan(q), 0);
-        EXPECT_EQ(q.IsGreaterThan(p), 1);
-        q[i] = nan;
-        EXPECT_EQ(p.IsLessThan(q) | q.IsLessThan(p) | p.IsGreaterThan(q) | q.IsGreaterThan(p), 0);
-    }
-}
-
-// ---- Free operators --------------------------------------------------------------------------------
-
-TEST(Pnt2Dbl, MultiplyByScalar)
-{
-    ExpectBits(Pnt2Dbl(-2.0, 0.0) * -3.0, 6.0, -0.0);
-    ExpectBits(-3.0 * Pnt2Dbl(-2.0, 0.0), 6.0, -0.0);
-    ExpectBits(Pnt2Dbl(3.0, 5.0) * 4.0, 12.0, 20.0);
-    ExpectBits(4.0 * Pnt2Dbl(3.0, 5.0), 12.0, 20.0);
-}
-
-TEST(Pnt2Dbl, DivideByScalarMultipliesByTheReciprocal)
-{
-    ExpectBits(Pnt2Dbl(7.0, 20.0) / Opaque(3.0), 0x1.2aaaaaaaaaaaap+1, 0x1.aaaaaaaaaaaaap+2);
-    ExpectBits(Pnt2Dbl(0.0, -1.0) / Opaque(0.0), nan, -infinity);
-    // 1/s overflows where the quotient would not.
-    ExpectBits(Pnt2Dbl(0x1p-1050, 0.0) / Opaque(0x1p-1050), infinity, nan);
 }
 
 // ---- Members of Vec2Dbl that name Pnt2Dbl --------------------------------------------------------------

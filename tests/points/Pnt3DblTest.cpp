@@ -5,7 +5,6 @@
 #include <support/Bits.h>
 #include <support/Fixtures.h>
 
-#include <cstddef>
 #include <type_traits>
 #include <utility>
 
@@ -32,33 +31,6 @@ void ExpectSingleBits(Pnt3Flt const& actual, float x, float y, float z)
 
 // ---- Construction ----------------------------------------------------------------------------------
 
-TEST(Pnt3Dbl, Layout)
-{
-    static_assert(sizeof(Pnt3Dbl) == 3 * sizeof(double) && std::is_standard_layout_v<Pnt3Dbl>, "");
-    static_assert(offsetof(Pnt3Dbl, y) == sizeof(double) && offsetof(Pnt3Dbl, z) == 2 * sizeof(double), "");
-    static_assert(std::is_trivially_copyable_v<Pnt3Dbl>, "");
-}
-
-TEST(Pnt3Dbl, DefaultConstructor)
-{
-#if defined(VEXOR_CHECKED)
-    GTEST_SKIP() << "a checked build fills the coordinates";
-#else
-    EXPECT_TRUE(DefaultConstructorWritesNothing<Pnt3Dbl>());
-#endif
-}
-
-TEST(Pnt3Dbl, Constructors)
-{
-    ExpectBits(Pnt3Dbl(-0.0), -0.0, -0.0, -0.0);
-    ExpectBits(Pnt3Dbl(1.0, -2.0, 3.0), 1.0, -2.0, 3.0);
-    double values[3] = {4.0, 5.0, -0.0};
-    ExpectBits(Pnt3Dbl(values), 4.0, 5.0, -0.0);
-    Pnt3Dbl const source(7.0, nan, -infinity);
-    Pnt3Dbl const copy(source);
-    ExpectBits(copy, 7.0, nan, -infinity);
-}
-
 TEST(Pnt3Dbl, ConstructorsFromOtherClasses)
 {
     ExpectBits(Pnt3Dbl(Vec3Dbl(0.1, -0.0, 3.0)), 0.1, -0.0, 3.0);
@@ -84,71 +56,6 @@ TEST(Pnt3Dbl, Assignment)
     ExpectBits(p, 0x1.99999ap-4, -0.0, 3.0);
     EXPECT_EQ(&(p = Vec3Flt(4.0f, 0.1f, -0.0f)), &p);
     ExpectBits(p, 4.0, 0x1.99999ap-4, -0.0);
-}
-
-TEST(Pnt3Dbl, SetValue)
-{
-    Pnt3Dbl p(9.0);
-    EXPECT_EQ(&p.SetValue(-0.0), &p);
-    ExpectBits(p, -0.0, -0.0, -0.0);
-    EXPECT_EQ(&p.SetValue(1.0, 2.0, 3.0), &p);
-    ExpectBits(p, 1.0, 2.0, 3.0);
-    double const values[3] = {4.0, 5.0, 6.0};
-    EXPECT_EQ(&p.SetValue(values), &p);
-    ExpectBits(p, 4.0, 5.0, 6.0);
-    p.SetValue(p.z, p.y, p.x);
-    ExpectBits(p, 6.0, 5.0, 4.0);
-    p.SetValue(&p.x);
-    ExpectBits(p, 6.0, 5.0, 4.0);
-}
-
-TEST(Pnt3Dbl, GetValue)
-{
-    Pnt3Dbl p(1.0, -0.0, nan);
-    double x = 9.0;
-    double y = 9.0;
-    double z = 9.0;
-    p.GetValue(x, y, z);
-    ExpectBits(Pnt3Dbl(x, y, z), 1.0, -0.0, nan);
-    Pnt3Dbl const& constant = p;
-    double values[4] = {9.0, 9.0, 9.0, 9.0};
-    constant.GetValue(values);
-    ExpectBits(Pnt3Dbl(values), 1.0, -0.0, nan);
-    EXPECT_EQ(values[3], 9.0);
-    p.SetValue(1.0, 2.0, 3.0);
-    p.GetValue(p.z, p.x, p.y); // what each reference gets is what the point held before
-    ExpectBits(p, 2.0, 3.0, 1.0);
-}
-
-// The form with references is not const, unlike that of the vectors.
-template <class Point, class Number, class = void>
-constexpr bool gives = false;
-template <class Point, class Number>
-constexpr bool gives<Point, Number,
-                     std::void_t<decltype(std::declval<Point>().GetValue(
-                         std::declval<Number&>(), std::declval<Number&>(), std::declval<Number&>()))>> = true;
-
-TEST(Pnt3Dbl, GetValueIsNotConst)
-{
-    static_assert(gives<Pnt3Dbl&, double> && !gives<Pnt3Dbl const&, double>, "");
-    static_assert(gives<Vec3Dbl const&, double>, "");
-}
-
-TEST(Pnt3Dbl, Index)
-{
-    Pnt3Dbl p(1.0, 2.0, 3.0);
-    EXPECT_EQ(&p[0], &p.x);
-    EXPECT_EQ(&p[1], &p.y);
-    EXPECT_EQ(&p[2], &p.z);
-    Pnt3Dbl const& constant = p;
-    for (int i = 0; i < 3; ++i) {
-        EXPECT_EQ(&p(i), &p[i]);
-        EXPECT_EQ(&constant[i], &p[i]);
-        EXPECT_EQ(&constant(i), &p[i]);
-    }
-    p[Opaque(1)] = 7.0;
-    p(Opaque(2)) = 8.0;
-    ExpectBits(p, 1.0, 7.0, 8.0);
 }
 
 TEST(Pnt3Dbl, Vector)
@@ -215,35 +122,6 @@ TEST(Pnt3Dbl, SubtractAssign)
     ExpectBits(p, -9.0, 0.0, -0.0);
 }
 
-TEST(Pnt3Dbl, MultiplyAssign)
-{
-    Pnt3Dbl p(1.0, -2.0, 0.0);
-    EXPECT_EQ(&(p *= -3.0), &p);
-    ExpectBits(p, -3.0, 6.0, -0.0);
-    p *= p.y; // the scalar is one of the coordinates
-    ExpectBits(p, -18.0, 36.0, -0.0);
-    Pnt3Dbl all(3.0, 5.0, 7.0);
-    all *= 4.0;
-    ExpectBits(all, 12.0, 20.0, 28.0);
-}
-
-TEST(Pnt3Dbl, DivideAssignTrulyDivides)
-{
-    Pnt3Dbl p(7.0, 20.0, 17.0); // of each, the product with 1/3 lies one unit below the quotient
-    EXPECT_EQ(&(p /= Opaque(3.0)), &p);
-    ExpectBits(p, 0x1.2aaaaaaaaaaabp+1, 0x1.aaaaaaaaaaaabp+2, 0x1.6aaaaaaaaaaabp+2);
-    Pnt3Dbl zero(0.0, 1.0, -1.0);
-    zero /= Opaque(0.0);
-    ExpectBits(zero, nan, infinity, -infinity);
-    // 1/s would overflow where the quotient does not.
-    Pnt3Dbl tiny(0x1p-1050, 0.0, -0x1p-1050);
-    tiny /= Opaque(0x1p-1050);
-    ExpectBits(tiny, 1.0, 0.0, -1.0);
-    Pnt3Dbl self(2.0, 4.0, 6.0);
-    self /= self[0];
-    ExpectBits(self, 1.0, 2.0, 3.0);
-}
-
 // ---- Distance --------------------------------------------------------------------------------------
 
 // By exact arithmetic with a rounding at each step: with these operands the other orders of the three
@@ -272,36 +150,6 @@ TEST(Pnt3Dbl, DistanceTo)
 }
 
 // ---- Comparison ------------------------------------------------------------------------------------
-
-TEST(Pnt3Dbl, Equal)
-{
-    Pnt3Dbl const p(1.0, -0.0, 3.0);
-    static_assert(std::is_same_v<decltype(p == p), int>, "");
-    EXPECT_EQ(p == Pnt3Dbl(1.0, 0.0, 3.0), 1);
-    for (int i = 0; i < 3; ++i) {
-        Pnt3Dbl q(p);
-        q[i] = q[i] + 0x1p-50;
-        EXPECT_EQ(p == q, 0);
-        q = p;
-        q[i] = nan;
-        EXPECT_EQ(p == q, 0);
-        EXPECT_EQ(q == q, 0);
-    }
-}
-
-TEST(Pnt3Dbl, NotEqual)
-{
-    Pnt3Dbl const p(1.0, -0.0, 3.0);
-    static_assert(std::is_same_v<decltype(p != p), int>, "");
-    EXPECT_EQ(p != Pnt3Dbl(1.0, 0.0, 3.0), 0);
-    for (int i = 0; i < 3; ++i) {
-        Pnt3Dbl q(p);
-        q[i] = q[i] + 0x1p-50;
-        EXPECT_EQ(p != q, 1);
-        q[i] = nan;
-        EXPECT_EQ(q != q, 1);
-    }
-}
 
 TEST(Pnt3Dbl, LessIsLexicographic)
 {
@@ -355,62 +203,6 @@ TEST(Pnt3Dbl, IsEqualToWithTheGlobal)
     EXPECT_EQ(p.IsEqualTo(Pnt3Dbl(1.0, 2.0, 2.0)), 1);
     EXPECT_EQ(p.IsEqualTo(Pnt3Dbl(1.0, 2.0, Above(2.0))), 0);
     EXPECT_EQ(p.IsEqualTo(Pnt3Dbl(1.0, 2.0, 2.0), 2.9), 0);
-}
-
-TEST(Pnt3Dbl, IsLessThanIsNotStrict)
-{
-    Pnt3Dbl const p(1.0, 5.0, 0.0);
-    static_assert(std::is_same_v<decltype(p.IsLessThan(p)), int>, "");
-    EXPECT_EQ(p.IsLessThan(p), 1);
-    EXPECT_EQ(p.IsLessThan(Pnt3Dbl(2.0, 0.0, 0.0)), 0);
-    EXPECT_EQ(p.IsLessThan(Pnt3Dbl(1.0, 5.0, 1.0)), 1);
-    for (int i = 0; i < 3; ++i) {
-        Pnt3Dbl q(p);
-        q[i] -= 0.5;
-        EXPECT_EQ(p.IsLessThan(q), 0);
-        EXPECT_EQ(q.IsLessThan(p), 1);
-        q[i] = nan;
-        EXPECT_EQ(p.IsLessThan(q), 0);
-        EXPECT_EQ(q.IsLessThan(p), 0);
-    }
-}
-
-TEST(Pnt3Dbl, IsGreaterThanIsNotStrict)
-{
-    Pnt3Dbl const p(1.0, 5.0, 0.0);
-    EXPECT_EQ(p.IsGreaterThan(p), 1);
-    EXPECT_EQ(p.IsGreaterThan(Pnt3Dbl(2.0, 0.0, 0.0)), 0);
-    EXPECT_EQ(p.IsGreaterThan(Pnt3Dbl(1.0, 4.0, 0.0)), 1);
-    for (int i = 0; i < 3; ++i) {
-        Pnt3Dbl q(p);
-        q[i] += 0.5;
-        EXPECT_EQ(p.IsGreaterThan(q), 0);
-        EXPECT_EQ(q.IsGreaterThan(p), 1);
-        q[i] = nan;
-        EXPECT_EQ(p.IsGreaterThan(q), 0);
-        EXPECT_EQ(q.IsGreaterThan(p), 0);
-    }
-}
-
-// ---- Free operators --------------------------------------------------------------------------------
-
-TEST(Pnt3Dbl, MultiplyByScalar)
-{
-    ExpectBits(Pnt3Dbl(1.0, -2.0, 0.0) * -3.0, -3.0, 6.0, -0.0);
-    ExpectBits(-3.0 * Pnt3Dbl(1.0, -2.0, 0.0), -3.0, 6.0, -0.0);
-    static_assert(std::is_same_v<decltype(Pnt3Dbl() * 1.0), Pnt3Dbl>, "");
-    static_assert(std::is_same_v<decltype(1.0 * Pnt3Dbl()), Pnt3Dbl>, "");
-    ExpectBits(Pnt3Dbl(3.0, 5.0, 7.0) * 4.0, 12.0, 20.0, 28.0);
-    ExpectBits(4.0 * Pnt3Dbl(3.0, 5.0, 7.0), 12.0, 20.0, 28.0);
-}
-
-TEST(Pnt3Dbl, DivideByScalarMultipliesByTheReciprocal)
-{
-    ExpectBits(Pnt3Dbl(7.0, 20.0, 17.0) / Opaque(3.0), 0x1.2aaaaaaaaaaaap+1, 0x1.aaaaaaaaaaaaap+2,
-               0x1.6aaaaaaaaaaaap+2);
-    ExpectBits(Pnt3Dbl(0.0, 1.0, -1.0) / Opaque(0.0), nan, infinity, -infinity);
-    // 1/s overflows where the quotient would not.
-    ExpectBits(Pnt3Dbl(0x1p-1050, 0.0, -0x1p-1050) / Opaque(0x1p-1050), infinity, nan, -infinity);
 }
 
 // ---- Members of Vec3Dbl that name Pnt3Dbl --------------------------------------------------------------

@@ -163,7 +163,10 @@ MatDbl DrawnSymmetric(Source& source, int kind, int n)
         matrix.SetValue(0.0);
         double value = 1.0;
         for (int i = 0; i < n; ++i) {
-            matrix(i, i) = (i % 2 ? -1.0 : 1.0) * (kind == 5 ? value : kind == 6 ? 1.0 + 0x1p-45 * (i / 3) : 1.0 + i % 3);
+            matrix(i, i) = (i % 2 ? -1.0 : 1.0)
+                           * (kind == 5   ? value
+                              : kind == 6 ? 1.0 + 0x1p-45 * (i / 3)
+                                          : 1.0 + i % 3);
             value *= 0.5;
         }
         Source copy = source;
