@@ -21,24 +21,17 @@ if(PROJECT STREQUAL "pkg_config")
     file(GLOB_RECURSE pc "${PREFIX}/vexor.pc")
     get_filename_component(pc_dir "${pc}" DIRECTORY)
     set(consumers "${SOURCE}/tests/consumers")
-<<<<<<< HEAD
-    # pkg-config puts a backslash before a space in a path; the shell must read its answer as it reads a command.
-=======
     # Without both, results depend on the processor, or clients are slow.
     file(STRINGS "${pc}" cflags REGEX "^Cflags:.* -ffp-contract=off -DVEXOR_FP_CONTRACT_OFF")
     if(NOT cflags)
         message(FATAL_ERROR "${NAME}: vexor.pc does not hand out -ffp-contract=off with its confirmation")
     endif()
->>>>>>> f1387f5 (Test clients with each floating-point flag, and with pkg-config for a processor with fused multiply-add)
+    # pkg-config puts a backslash before a space in a path; the shell must read its answer as it reads a command.
     function(compile program)
         list(JOIN ARGN "' '" sources)
         list(JOIN OPTIONS " " flags)
         run("g++ with pkg-config" sh -c
-<<<<<<< HEAD
-            "export PKG_CONFIG_PATH='${pc_dir}' && eval \"'${COMPILER}' -std=c++17 -O2 $(pkg-config --cflags vexor) '${sources}' -o '${BUILD}/${program}' $(pkg-config --libs vexor) -Wl,-rpath,$(pkg-config --variable=libdir vexor)\"")
-=======
-            "export PKG_CONFIG_PATH='${pc_dir}' && lib=$(pkg-config --variable=libdir vexor) && ${COMPILER} -std=c++17 -O2 ${flags} $(pkg-config --cflags vexor) '${sources}' -o '${BUILD}/${program}' $(pkg-config --libs vexor) -Wl,-rpath,$lib")
->>>>>>> f1387f5 (Test clients with each floating-point flag, and with pkg-config for a processor with fused multiply-add)
+            "export PKG_CONFIG_PATH='${pc_dir}' && eval \"'${COMPILER}' -std=c++17 -O2 ${flags} $(pkg-config --cflags vexor) '${sources}' -o '${BUILD}/${program}' $(pkg-config --libs vexor) -Wl,-rpath,$(pkg-config --variable=libdir vexor)\"")
     endfunction()
     compile(consumer "${consumers}/client/main.cpp" "${consumers}/client/Client.cpp")
     if(CHECKED)
