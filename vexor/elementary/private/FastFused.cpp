@@ -1,0 +1,35 @@
+// The fast step with a fused multiply-add. What it shares with other sources is included before the
+// target changes, so that no function of theirs is compiled for this target.
+#include <vexor/elementary/private/Accurate.h>
+#include <vexor/elementary/private/Bits.h>
+#include <vexor/elementary/private/FunctionSet.h>
+#include <vexor/elementary/private/LargeAngle.h>
+#include <vexor/elementary/private/Tables.h>
+#include <vexor/foundation/detail/Scalar.h>
+
+#include <cstdint>
+#include <limits>
+
+#if defined(VEXOR_ELEMENTARY_FUSED)
+
+#    if defined(VEXOR_ELEMENTARY_FUSED_ALWAYS)
+#    elif defined(__clang__)
+#        pragma clang attribute push(__attribute__((target("avx,fma"))), apply_to = function)
+#    else
+#        pragma GCC push_options
+#        pragma GCC target("avx,fma")
+#    endif
+
+#    define VEXOR_ELEMENTARY_NAMESPACE fused
+#    define VEXOR_ELEMENTARY_NAME "fused"
+#    define VEXOR_ELEMENTARY_IS_FUSED 1
+#    include <vexor/elementary/private/FastFunctions.h>
+
+#    if defined(VEXOR_ELEMENTARY_FUSED_ALWAYS)
+#    elif defined(__clang__)
+#        pragma clang attribute pop
+#    else
+#        pragma GCC pop_options
+#    endif
+
+#endif
