@@ -1,3 +1,4 @@
+#include <vexor/elementary.h>
 #include <vexor/matrices/Mat3Dbl.h>
 
 #include <vexor/foundation/VexorException.h>
@@ -857,10 +858,10 @@ bool ReferenceEigenValues(Mat3Dbl const& m, double (&values)[3])
     double const R = 2.0 * std::sqrt(P * -oneThird);
     double const Q = D + ((2.0 * ((S * S) * S)) / 27.0 - (T * S) * oneThird);
     double const g = ((Q * 3.0) / P) / R;
-    double const angle = g >= 1.0 ? 0.0 : g <= -1.0 ? 3.141592653589793 : std::acos(g);
+    double const angle = g >= 1.0 ? 0.0 : g <= -1.0 ? 3.141592653589793 : vexor::Acos(g);
     double const h = angle * oneThird;
-    double const cs = std::cos(h);
-    double const sn = 1.7320508075688772 * std::sin(h);
+    double const cs = vexor::Cos(h);
+    double const sn = 1.7320508075688772 * vexor::Sin(h);
     double const z = S * oneThird;
     double const e1 = R * cs - z;
     double const e2 = (R * 0.5) * (sn - cs) - z;

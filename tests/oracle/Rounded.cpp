@@ -1,7 +1,6 @@
 #include "oracle/Rounded.h"
 
 #include <cmath>
-#include <cstdio>
 
 namespace oracle {
 
@@ -77,55 +76,6 @@ bool EqualityTurned()
 {
     return steps.deviation != Deviation::None && steps.comparisons++ == steps.target
            && steps.deviation == Deviation::Strictness;
-}
-
-void Judge(char const* function, double argument, double second, double result, mpfr_srcptr exact)
-{
-    PlatformReport& report = Platform();
-    ++report.calls;
-    bool fault = false;
-    double distance = 0.0;
-    if (mpfr_nan_p(exact) || mpfr_inf_p(exact))
-        fault = mpfr_nan_p(exact) ? result == result : mpfr_cmp_d(exact, result) != 0;
-    else if (std::isnan(result) || std::isinf(result))
-        fault = true;
-    else {
-        mpfr_t difference;
-        mpfr_init2(difference, 200);
-        mpfr_sub_d(difference, exact, result, MPFR_RNDN);
-        mpfr_exp_t exponent = mpfr_zero_p(exact) ? -1073 : mpfr_get_exp(exact);
-        mpfr_mul_2si(difference, difference, -(exponent < -1021 ? -1074 : exponent - 53), MPFR_RNDN);
-        distance = std::fabs(mpfr_get_d(difference, MPFR_RNDN));
-        mpfr_clear(difference);
-        fault = distance > 1.0;
-    }
-    if (distance > report.worst)
-        report.worst = distance;
-    if (fault && report.faults++ == 0) {
-        char text[200];
-        std::snprintf(text, sizeof text, "%s(%a, %a) gives %a, %g units off", function, argument, second,
-                      result, distance);
-        report.first = text;
-    }
-}
-
-template <class Exact>
-Dbl Checked(char const* function, double argument, double second, double result, Exact exact)
-{
-    if (steps.deviation == Deviation::None) {
-        mpfr_t value;
-        mpfr_init2(value, 120);
-        exact(value);
-        Judge(function, argument, second, result, value);
-        mpfr_clear(value);
-    }
-    return Dbl(result);
-}
-
-double Hidden(double value)
-{
-    double volatile hidden = value;
-    return hidden;
 }
 
 } // namespace
@@ -272,39 +222,25 @@ Flt Single(Dbl const& value)
     return Flt(result);
 }
 
-PlatformReport& Platform()
-{
-    static PlatformReport report;
-    return report;
-}
-
 Dbl Sin(Dbl const& value)
 {
-    double const x = value.Value();
-    return Checked("sin", x, 0.0, std::sin(Hidden(x)),
-                   [&](mpfr_ptr r) { mpfr_sin(r, value.Get(), MPFR_RNDN); });
+    return Rounded([&](mpfr_ptr r, mpfr_rnd_t mode) { return mpfr_sin(r, value.Get(), mode); });
 }
 
 Dbl Cos(Dbl const& value)
 {
-    double const x = value.Value();
-    return Checked("cos", x, 0.0, std::cos(Hidden(x)),
-                   [&](mpfr_ptr r) { mpfr_cos(r, value.Get(), MPFR_RNDN); });
+    return Rounded([&](mpfr_ptr r, mpfr_rnd_t mode) { return mpfr_cos(r, value.Get(), mode); });
 }
 
 Dbl Acos(Dbl const& value)
 {
-    double const x = value.Value();
-    return Checked("acos", x, 0.0, std::acos(Hidden(x)),
-                   [&](mpfr_ptr r) { mpfr_acos(r, value.Get(), MPFR_RNDN); });
+    return Rounded([&](mpfr_ptr r, mpfr_rnd_t mode) { return mpfr_acos(r, value.Get(), mode); });
 }
 
 Dbl Atan2(Dbl const& ordinate, Dbl const& abscissa)
 {
-    double const y = ordinate.Value();
-    double const x = abscissa.Value();
-    return Checked("atan2", y, x, std::atan2(Hidden(y), Hidden(x)),
-                   [&](mpfr_ptr r) { mpfr_atan2(r, ordinate.Get(), abscissa.Get(), MPFR_RNDN); });
+    return Rounded(
+        [&](mpfr_ptr r, mpfr_rnd_t mode) { return mpfr_atan2(r, ordinate.Get(), abscissa.Get(), mode); });
 }
 
 } // namespace oracle

@@ -135,20 +135,10 @@ inline Dbl Magnitude(Dbl const& value)
     return value > 0.0 ? value : -value;
 }
 
-// The platform's functions on the exact argument. Each result is held against MPFR: one that lies more
-// than one unit in the last place off is a fault of the platform, and noted.
 Dbl Sin(Dbl const& value);
 Dbl Cos(Dbl const& value);
 Dbl Acos(Dbl const& value);
 Dbl Atan2(Dbl const& ordinate, Dbl const& abscissa);
-
-struct PlatformReport {
-    long calls = 0;
-    long faults = 0;
-    double worst = 0.0; // in units in the last place
-    std::string first;
-};
-PlatformReport& Platform();
 
 inline double const pi = 3.141592653589793;
 inline double const twoPi = 6.283185307179586;

@@ -134,7 +134,7 @@ Dbl ResolvedAngle(E const& argument)
     return argument < 0.0 ? Dbl(static_cast<double>(globalTolerance.sin2Angle)) : Dbl(argument);
 }
 
-/// 0.0 from 1 on, π down from −1, else the platform's acos.
+/// 0.0 from 1 on, π down from −1, else acos.
 inline Dbl ClampedAcos(Dbl const& cosine)
 {
     if (cosine >= 1.0)

@@ -4,6 +4,7 @@
 // optimisation levels. Expected values come from the rule of each member, with a rounding that goes
 // through memory and that no optimiser can drop.
 
+#include <vexor/elementary.h>
 #include <vexor/vexor.h>
 
 #include <support/Bits.h>
@@ -275,7 +276,7 @@ TEST_F(Rounding, Tolerance)
         out[i] = {tolerance.sin2Angle, tolerance.length, tolerance.lengthSquared};
     }
     for (std::size_t i = 0; i < count; ++i) {
-        double const sine = Single(std::sin(a[i].x));
+        double const sine = Single(vexor::Sin(a[i].x));
         double const length = Single(a[i].y);
         Expect3(i, Single(sine * sine), Single(length), Single(length * length));
     }
@@ -490,7 +491,7 @@ TEST_F(Rounding, Vec3FltAngleAndArea)
         double const d = Single(Dot(f[i], g[i]));
         double const squared = SquaredLength(f[i]);
         double const difference = Single(squared * SquaredLength(g[i]) - d * d);
-        Expect2(i, Single(std::acos((d / Length(f[i])) / Length(g[i]))),
+        Expect2(i, Single(vexor::Acos((d / Length(f[i])) / Length(g[i]))),
                 Single(0.5 * double(Single(std::sqrt(difference)))));
     }
 }
@@ -538,7 +539,7 @@ TEST_F(Rounding, Vec2FltProductsAndLengths)
         out2[i].x = f2[i].GetAngleWith(g2[i]);
     for (std::size_t i = 0; i < count; ++i) {
         double const c = (double(Single(Dot(f2[i], g2[i]))) / Length(f2[i])) / Length(g2[i]);
-        double const angle = c >= 1.0 ? 0.0 : c <= -1.0 ? 3.141592653589793 : std::acos(c);
+        double const angle = c >= 1.0 ? 0.0 : c <= -1.0 ? 3.141592653589793 : vexor::Acos(c);
         EXPECT_SAME_BITS(out2[i].x, double(Single(angle)));
     }
 }

@@ -1,10 +1,10 @@
 #include <vexor/foundation/VexorTolerance.h>
 
+#include <vexor/elementary/private/Fast.h>
+#include <vexor/foundation/detail/Elementary.h>
 #include <vexor/foundation/detail/Rounding.h>
 #include <vexor/foundation/detail/Scalar.h>
 #include <vexor/foundation/private/StartUp.h>
-
-#include <cmath>
 
 VexorTolerance::VexorTolerance()
 {
@@ -14,7 +14,7 @@ VexorTolerance::VexorTolerance()
 
 void VexorTolerance::SetAngle(double radians)
 {
-    double const sine = vexor::detail::RoundToSingle(std::sin(radians));
+    double const sine = vexor::detail::RoundToSingle(vexor::detail::Sin(radians));
     angle = vexor::detail::RoundToSingle(radians);
     sin2Angle = vexor::detail::RoundToSingle(sine * sine);
 }
@@ -28,5 +28,6 @@ void VexorTolerance::SetLength(double newLength)
 
 // The objects that the library sets at load stand in one source, which fixes their order.
 vexor::detail::InstructionSet const vexor::detail::instructionSet = vexor::detail::FastestInstructionSet();
+bool const vexor::detail::hasFusedMultiplyAdd = vexor::detail::elementary::HasFusedMultiplyAdd();
 VexorTolerance gVexorTolerance;
 double const vexor::detail::squareRootOfThree = vexor::detail::SquareRoot(3.0);

@@ -1,5 +1,6 @@
 #include <vexor/dynamic/MatDbl.h>
 #include <vexor/dynamic/VecDbl.h>
+#include <vexor/foundation/detail/Elementary.h>
 #include <vexor/foundation/detail/Scalar.h>
 #include <vexor/foundation/private/StartUp.h>
 #include <vexor/matrices/Mat3Dbl.h>
@@ -170,8 +171,7 @@ Vec3Dbl UpperTriangle::EigenValues() const
     double const Q = D + (2.0 * (S * S * S) / 27.0 - T * S * third);
 
     double const h = vexor::detail::ClampedArcCosine(((Q * 3.0) / P) / R) * third;
-    double const cosine = std::cos(h); // the two calls stand together so that they become one
-    double const sine = std::sin(h);
+    auto const [sine, cosine] = vexor::detail::SinCos(h);
     double const sn = vexor::detail::squareRootOfThree * sine;
     double const z = S * third;
     double const e1 = R * cosine - z;

@@ -1,8 +1,11 @@
 #include <vexor/rotations/Quaternion.h>
 
+#include <vexor/foundation/detail/Elementary.h>
+
 #include <cstddef>
 #include <type_traits>
 
+using vexor::detail::Atan2;
 using vexor::detail::SquareRoot;
 
 static_assert(
@@ -39,8 +42,7 @@ void StoreAxis(Quaternion& quaternion, Vec3Dbl axis, int normalize, double facto
 Quaternion& Quaternion::SetAxisAngle(double x, double y, double z, double angle, int normalize)
 {
     double const half = angle * 0.5;
-    double const sine = std::sin(half); // side by side, for one call that computes both
-    double const cosine = std::cos(half);
+    auto const [sine, cosine] = vexor::detail::SinCos(half);
     StoreAxis(*this, Vec3Dbl(x, y, z), normalize, sine);
     s = cosine;
     return *this;
@@ -95,10 +97,10 @@ Vec3Dbl Quaternion::GetEulerAngles() const
     Mat3Dbl m;
     GetRotationMatrix(m);
     double const cosineOfY = SquareRoot(m(0, 0) * m(0, 0) + m(1, 0) * m(1, 0));
-    double const y = std::atan2(-m(2, 0), cosineOfY);
+    double const y = Atan2(-m(2, 0), cosineOfY);
     if (cosineOfY > 1e-10)
-        return Vec3Dbl(std::atan2(m(2, 1), m(2, 2)), y, std::atan2(m(1, 0), m(0, 0)));
-    return Vec3Dbl(std::atan2(-m(1, 2), m(1, 1)), y, 0.0);
+        return Vec3Dbl(Atan2(m(2, 1), m(2, 2)), y, Atan2(m(1, 0), m(0, 0)));
+    return Vec3Dbl(Atan2(-m(1, 2), m(1, 1)), y, 0.0);
 }
 
 Quaternion& Quaternion::SetFromEulerAngles(Vec3Dbl& angles)

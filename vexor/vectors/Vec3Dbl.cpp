@@ -1,5 +1,6 @@
 #include <vexor/vectors/Vec3Dbl.h>
 
+#include <vexor/foundation/detail/Elementary.h>
 #include <vexor/vectors/private/UnitAxis.h>
 
 using vexor::detail::Magnitude;
@@ -112,7 +113,6 @@ Vec3Dbl& Vec3Dbl::Rotate(Vec3Dbl const& axis, double angle)
     double const alongP = Dot(p);
     double const alongQ = Dot(q);
     double const alongAxis = Dot(axis);
-    double const c = std::cos(angle);
-    double const s = std::sin(angle);
+    auto const [s, c] = vexor::detail::SinCos(angle);
     return *this = ((c * alongP - s * alongQ) * p + (c * alongQ + s * alongP) * q) + alongAxis * axis;
 }

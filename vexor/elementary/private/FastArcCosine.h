@@ -1,5 +1,6 @@
 #pragma once
 #include <vexor/elementary/private/Accurate.h>
+#include <vexor/elementary/private/Fast.h>
 #include <vexor/elementary/private/FastArithmetic.h>
 #include <vexor/foundation/detail/Scalar.h>
 
@@ -48,7 +49,7 @@ inline bool ArcCosineBeyondHalf(double x, double& result)
     return IsDecided({sum.high, sum.low + (0x1.1a62633145c07p-53 - low)}, 0x1.4p-67, result);
 }
 
-inline double FastAcos(double x)
+double Acos(double x)
 {
     double const magnitude = Absolute(x);
     double result = 0.0;

@@ -1,5 +1,6 @@
 #pragma once
 #include <vexor/elementary/private/Accurate.h>
+#include <vexor/elementary/private/Fast.h>
 #include <vexor/elementary/private/FastArithmetic.h>
 #include <vexor/foundation/detail/Scalar.h>
 
@@ -81,7 +82,7 @@ VEXOR_COLD inline double RareArcTangent(double y, double x)
     return IsNegative(y) ? -angle : angle;
 }
 
-inline double FastAtan2(double y, double x)
+double Atan2(double y, double x)
 {
     // From 2^-900 to 2^900, and at most 2^59 apart.
     std::uint64_t const lowest = 0x07b0000000000000;

@@ -1,8 +1,9 @@
 // The fast step with a fused multiply-add. What it shares with other sources is included before the
 // target changes, so that no function of theirs is compiled for this target.
+#include <vexor/elementary/private/Fast.h>
+
 #include <vexor/elementary/private/Accurate.h>
 #include <vexor/elementary/private/Bits.h>
-#include <vexor/elementary/private/FunctionSet.h>
 #include <vexor/elementary/private/LargeAngle.h>
 #include <vexor/elementary/private/Tables.h>
 #include <vexor/foundation/detail/Scalar.h>
@@ -10,9 +11,9 @@
 #include <cstdint>
 #include <limits>
 
-#if defined(VEXOR_ELEMENTARY_FUSED)
+#if defined(VEXOR_FUSED_SOMETIMES)
 
-#    if defined(VEXOR_ELEMENTARY_FUSED_ALWAYS)
+#    if defined(VEXOR_FUSED_ALWAYS)
 #    elif defined(__clang__)
 #        pragma clang attribute push(__attribute__((target("avx,fma"))), apply_to = function)
 #    else
@@ -21,11 +22,12 @@
 #    endif
 
 #    define VEXOR_ELEMENTARY_NAMESPACE fused
-#    define VEXOR_ELEMENTARY_NAME "fused"
 #    define VEXOR_ELEMENTARY_IS_FUSED 1
-#    include <vexor/elementary/private/FastFunctions.h>
+#    include <vexor/elementary/private/FastArcCosine.h>
+#    include <vexor/elementary/private/FastArcTangent.h>
+#    include <vexor/elementary/private/FastSine.h>
 
-#    if defined(VEXOR_ELEMENTARY_FUSED_ALWAYS)
+#    if defined(VEXOR_FUSED_ALWAYS)
 #    elif defined(__clang__)
 #        pragma clang attribute pop
 #    else

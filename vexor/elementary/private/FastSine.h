@@ -1,8 +1,8 @@
 #pragma once
 #include <vexor/elementary/private/Accurate.h>
+#include <vexor/elementary/private/Fast.h>
 #include <vexor/elementary/private/FastArithmetic.h>
 #include <vexor/elementary/private/LargeAngle.h>
-#include <vexor/foundation/detail/Elementary.h>
 
 #include <cstdint>
 
@@ -57,8 +57,8 @@ inline RestTerms Terms(Reduced const& angle)
 {
     double const r = angle.high;
     double const square = r * r;
-    double const odd = MultiplyAdd(
-        square, MultiplyAdd(square, -0x1.a01a01a01a01ap-13, 0x1.1111111111111p-7), -0x1.5555555555555p-3);
+    double const odd = MultiplyAdd(square, MultiplyAdd(square, -0x1.a01a01a01a01ap-13, 0x1.1111111111111p-7),
+                                   -0x1.5555555555555p-3);
     double const even =
         MultiplyAdd(square, MultiplyAdd(square, -0x1.6c16c16c16c17p-10, 0x1.5555555555555p-5), -0.5);
     return {r * square * odd, MultiplyAdd(square, even, -(r * angle.low))};
@@ -77,14 +77,15 @@ inline bool SineOf(Reduced const& angle, RestTerms const& terms, std::uint64_t o
     double const small = MultiplyAdd(t.cosineLow, angle.high, product.low + t.sineLow);
     double const low = MultiplyAdd(sine, terms.even, MultiplyAdd(cosine, terms.odd + angle.low, small));
     // docs/elementary.md derives the three bounds.
-    double const error = MultiplyAdd(Absolute(sine), 0x1.8p-66,
-                                     MultiplyAdd(Absolute(angle.high), 0x1p-67, Absolute(angle.count) * 0x1p-120));
+    double const error =
+        MultiplyAdd(Absolute(sine), 0x1.8p-66,
+                    MultiplyAdd(Absolute(angle.high), 0x1p-67, Absolute(angle.count) * 0x1p-120));
     bool const decided = IsDecided({sum.high, sum.low + low}, error, result);
     result = FromBits(BitsOf(result) ^ ((index & 256) << 55));
     return decided;
 }
 
-inline double FastSin(double x)
+double Sin(double x)
 {
     std::uint64_t const magnitude = MagnitudeBits(x);
     if (magnitude < 0x3e50000000000000) // 2^-26: x³/6 is less than half a place
@@ -98,7 +99,7 @@ inline double FastSin(double x)
     return AccurateSin(x);
 }
 
-inline double FastCos(double x)
+double Cos(double x)
 {
     std::uint64_t const magnitude = MagnitudeBits(x);
     if (magnitude < 0x3e40000000000000) // 2^-27: x²/2 is less than half a place
@@ -112,7 +113,7 @@ inline double FastCos(double x)
     return AccurateCos(x);
 }
 
-inline SineAndCosine FastSinCos(double x)
+SineAndCosine SinCos(double x)
 {
     std::uint64_t const magnitude = MagnitudeBits(x);
     if (magnitude < 0x3e40000000000000)

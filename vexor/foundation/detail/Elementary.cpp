@@ -1,68 +1,43 @@
 #include <vexor/foundation/detail/Elementary.h>
 
-#include <vexor/elementary/private/FunctionSet.h>
-#include <vexor/elementary/private/StartUp.h>
+#include <vexor/elementary/private/Fast.h>
+#include <vexor/foundation/private/StartUp.h>
+
+// The branch on the CPU costs nothing: it goes the same way always.
+#if defined(VEXOR_FUSED_ALWAYS)
+#    define VEXOR_ELEMENTARY_CALL(call) return elementary::fused::call
+#elif defined(VEXOR_FUSED_SOMETIMES)
+#    define VEXOR_ELEMENTARY_CALL(call)                                                                      \
+        return hasFusedMultiplyAdd ? elementary::fused::call : elementary::plain::call
+#else
+#    define VEXOR_ELEMENTARY_CALL(call) return elementary::plain::call
+#endif
 
 namespace vexor::detail {
 
-namespace elementary {
-
-#if defined(VEXOR_ELEMENTARY_FUSED_ALWAYS)
-bool HasFused()
-{
-    return true;
-}
-#elif defined(VEXOR_ELEMENTARY_FUSED)
-bool HasFused()
-{
-    __builtin_cpu_init();
-    return __builtin_cpu_supports("fma") != 0;
-}
-#endif
-
-namespace {
-
-#if defined(VEXOR_ELEMENTARY_FUSED_ALWAYS)
-FunctionSet const* const chosen = &fused::functions;
-#else
-FunctionSet const* chosen = &plain::functions; // set before any code runs
-#endif
-
-} // namespace
-
-void ChooseFunctions()
-{
-#if defined(VEXOR_ELEMENTARY_FUSED) && !defined(VEXOR_ELEMENTARY_FUSED_ALWAYS)
-    if (HasFused())
-        chosen = &fused::functions;
-#endif
-}
-
-} // namespace elementary
-
 double Sin(double x)
 {
-    return elementary::chosen->sin(x);
+    VEXOR_ELEMENTARY_CALL(Sin(x));
 }
 
 double Cos(double x)
 {
-    return elementary::chosen->cos(x);
+    VEXOR_ELEMENTARY_CALL(Cos(x));
 }
 
 SineAndCosine SinCos(double x)
 {
-    return elementary::chosen->sinCos(x);
+    VEXOR_ELEMENTARY_CALL(SinCos(x));
 }
 
 double Acos(double x)
 {
-    return elementary::chosen->acos(x);
+    VEXOR_ELEMENTARY_CALL(Acos(x));
 }
 
 double Atan2(double y, double x)
 {
-    return elementary::chosen->atan2(y, x);
+    VEXOR_ELEMENTARY_CALL(Atan2(y, x));
 }
 
 } // namespace vexor::detail

@@ -1,5 +1,6 @@
 #pragma once
 #include <vexor/foundation/Config.h>
+#include <vexor/foundation/detail/Elementary.h>
 
 #include <cmath>
 #if defined(__i386__) || defined(_M_IX86)
@@ -63,7 +64,7 @@ inline double ClampedArcCosine(double cosine)
         return 0.0;
     if (cosine <= -1.0)
         return pi;
-    return std::acos(cosine);
+    return Acos(cosine);
 }
 
 } // namespace vexor::detail
