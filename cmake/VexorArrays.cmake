@@ -20,4 +20,5 @@ set_target_properties(vexor_arrays PROPERTIES
     VISIBILITY_INLINES_HIDDEN ON)
 vexor_exact_floating_point(vexor_arrays)
 vexor_warnings(vexor_arrays)
+vexor_harden(vexor_arrays)
 vexor_export_own_symbols_only(vexor_arrays)

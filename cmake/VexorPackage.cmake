@@ -37,8 +37,27 @@ foreach(package component IN ZIP_LISTS packages components)
     endif()
 endforeach()
 
-install(DIRECTORY "${CMAKE_CURRENT_SOURCE_DIR}/docs/"
-    DESTINATION "${CMAKE_INSTALL_DATADIR}/doc/vexor-doc"
+# The documentation: the site that scripts/docs makes, the README with the pages that it links to, and the examples.
+set(doc_folder "${CMAKE_INSTALL_DATADIR}/doc/vexor-doc")
+set(VEXOR_SITE "${CMAKE_CURRENT_SOURCE_DIR}/build/docs/html" CACHE PATH "The documentation site for the package vexor-doc")
+mark_as_advanced(VEXOR_SITE)
+install(DIRECTORY "${VEXOR_SITE}/" DESTINATION "${doc_folder}/html" COMPONENT doc EXCLUDE_FROM_ALL OPTIONAL
+    PATTERN "jquery.js" EXCLUDE)
+install(CODE "
+    file(CREATE_LINK ../../../javascript/jquery/jquery.js
+        \"\$ENV{DESTDIR}\${CMAKE_INSTALL_PREFIX}/${doc_folder}/html/jquery.js\" SYMBOLIC)"
+    COMPONENT doc EXCLUDE_FROM_ALL)
+install(FILES README.md CHANGELOG.md CONTRIBUTING.md DESTINATION "${doc_folder}" COMPONENT doc EXCLUDE_FROM_ALL)
+install(DIRECTORY examples DESTINATION "${doc_folder}" COMPONENT doc EXCLUDE_FROM_ALL)
+file(WRITE "${debian_files}/vexor-doc"
+    "Document: vexor\nTitle: vexor: guides and reference\nAuthor: the vexor authors\n"
+    "Abstract: Geometric and linear-algebra value classes with documented rounding\n"
+    "Section: Programming/C++\n\nFormat: HTML\nIndex: /usr/share/doc/vexor-doc/html/index.html\n"
+    "Files: /usr/share/doc/vexor-doc/html/*.html\n")
+install(FILES "${debian_files}/vexor-doc" DESTINATION "${CMAKE_INSTALL_DATADIR}/doc-base"
+    COMPONENT doc EXCLUDE_FROM_ALL)
+install(DIRECTORY docs
+    DESTINATION "${doc_folder}"
     COMPONENT doc EXCLUDE_FROM_ALL
     FILES_MATCHING PATTERN "*.md" PATTERN "*.svg"
     PATTERN "__pycache__" EXCLUDE
@@ -62,11 +81,13 @@ set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
 set(CPACK_DEBIAN_RUNTIME_PACKAGE_NAME libvexor${PROJECT_VERSION_MAJOR})
 set(CPACK_DEBIAN_RUNTIME_PACKAGE_SECTION libs)
 set(CPACK_DEBIAN_RUNTIME_PACKAGE_SHLIBDEPS ON)
-# Written by hand: with CPack's own files come maintainer scripts that Debian no longer wants.
+# Which version brought which symbol: scripts/update-abi keeps these files, and scripts/package compares them.
+configure_file("cmake/debian/libvexor${PROJECT_VERSION_MAJOR}.symbols" "${debian_files}/symbols" COPYONLY)
 file(WRITE "${debian_files}/shlibs"
     "libvexor ${PROJECT_VERSION_MAJOR} libvexor${PROJECT_VERSION_MAJOR} (>= ${PROJECT_VERSION})\n")
 file(WRITE "${debian_files}/triggers" "activate-noawait ldconfig\n")
-set(CPACK_DEBIAN_RUNTIME_PACKAGE_CONTROL_EXTRA "${debian_files}/shlibs;${debian_files}/triggers")
+set(CPACK_DEBIAN_RUNTIME_PACKAGE_CONTROL_EXTRA "${debian_files}/shlibs;${debian_files}/symbols;${debian_files}/triggers")
+set(CPACK_POST_BUILD_SCRIPTS "${CMAKE_CURRENT_SOURCE_DIR}/cmake/VexorDebianScripts.cmake")
 set(CPACK_COMPONENT_RUNTIME_DESCRIPTION "Geometric and linear-algebra value classes (library)
  Vectors, points, small matrices with their own solvers, affine maps,
  rotations, and dense solvers through LAPACK, with every rounding point
@@ -79,8 +100,10 @@ set(CPACK_COMPONENT_DEV_DESCRIPTION "Geometric and linear-algebra value classes 
 set(CPACK_DEBIAN_DOC_PACKAGE_NAME vexor-doc)
 set(CPACK_DEBIAN_DOC_PACKAGE_SECTION doc)
 set(CPACK_DEBIAN_DOC_PACKAGE_ARCHITECTURE all)
+set(CPACK_DEBIAN_DOC_PACKAGE_DEPENDS libjs-jquery)
 set(CPACK_COMPONENT_DOC_DESCRIPTION "Geometric and linear-algebra value classes (documentation)
- Guides and reference of vexor.")
+ Guides, reference and examples of vexor: its site as HTML, the README with
+ the pages that it links to, and four example programs with their data.")
 set(CPACK_DEBIAN_ARRAYS_PACKAGE_NAME libvexor-arrays${PROJECT_VERSION_MAJOR})
 set(CPACK_DEBIAN_ARRAYS_PACKAGE_SECTION libs)
 # Named by hand: dpkg-shlibdeps knows installed packages only, and libvexor is not one yet.
@@ -88,9 +111,10 @@ set(CPACK_DEBIAN_ARRAYS_PACKAGE_SHLIBDEPS OFF)
 set(CPACK_DEBIAN_ARRAYS_PACKAGE_DEPENDS
     "libc6, libgcc-s1, libstdc++6 (>= 12), libvexor${PROJECT_VERSION_MAJOR} (= ${PROJECT_VERSION})")
 file(MAKE_DIRECTORY "${debian_files}/arrays")
+configure_file("cmake/debian/libvexor-arrays${PROJECT_VERSION_MAJOR}.symbols" "${debian_files}/arrays/symbols" COPYONLY)
 file(WRITE "${debian_files}/arrays/shlibs"
     "libvexor_arrays ${PROJECT_VERSION_MAJOR} libvexor-arrays${PROJECT_VERSION_MAJOR} (>= ${PROJECT_VERSION})\n")
-set(CPACK_DEBIAN_ARRAYS_PACKAGE_CONTROL_EXTRA "${debian_files}/arrays/shlibs;${debian_files}/triggers")
+set(CPACK_DEBIAN_ARRAYS_PACKAGE_CONTROL_EXTRA "${debian_files}/arrays/shlibs;${debian_files}/arrays/symbols;${debian_files}/triggers")
 set(CPACK_COMPONENT_ARRAYS_DESCRIPTION "Functions over arrays of vexor's classes (library)
  Sums, products, lengths, tests, maps, rotations and small solvers over
  arrays of vectors, points and matrices, with the bits of the loops over

@@ -23,6 +23,7 @@ NAVIGATION = [
         ("md_docs_guides_surprising_calls.html", "Calls that surprise"),
         ("md_docs_guides_coming_from_eigen_glm_imath.html", "From Eigen, GLM, Imath"),
         ("md_docs_guides_checked_builds.html", "Checked builds"),
+        ("md_docs_guides_extras.html", "Opt-in headers"),
         ("md_docs_guides_debuggers.html", "Debuggers"),
     ]),
     ("Figures", [

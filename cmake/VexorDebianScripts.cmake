@@ -1,0 +1,16 @@
+# Run by CPack when its packages are written: takes out the maintainer scripts that CPack adds for a library. They call
+# ldconfig; the package's trigger file does that, as Debian wants it.
+foreach(package ${CPACK_PACKAGE_FILES})
+    if(NOT package MATCHES "\\.deb$")
+        continue()
+    endif()
+    set(tree "${package}.tree")
+    file(REMOVE_RECURSE "${tree}")
+    execute_process(COMMAND dpkg-deb --raw-extract "${package}" "${tree}" COMMAND_ERROR_IS_FATAL ANY)
+    if(EXISTS "${tree}/DEBIAN/postinst")
+        file(REMOVE "${tree}/DEBIAN/postinst" "${tree}/DEBIAN/postrm")
+        execute_process(COMMAND dpkg-deb --root-owner-group --build "${tree}" "${package}"
+            OUTPUT_QUIET COMMAND_ERROR_IS_FATAL ANY)
+    endif()
+    file(REMOVE_RECURSE "${tree}")
+endforeach()
