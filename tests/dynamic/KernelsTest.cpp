@@ -3,13 +3,19 @@
 
 #include <support/Bits.h>
 
+#include <algorithm>
 #include <cmath>
 #include <cstdint>
+#include <cstdio>
 #include <cstring>
 #include <initializer_list>
 #include <random>
 #include <string>
 #include <vector>
+
+#if defined(__GNUC__) && defined(__x86_64__) && !defined(_WIN32)
+#    include <cpuid.h>
+#endif
 
 #if defined(__has_feature)
 #    if __has_feature(address_sanitizer)
@@ -39,6 +45,28 @@ std::vector<KernelSet const*> RunnableSets()
 #endif
     return sets;
 }
+
+#if defined(__GNUC__) && defined(__x86_64__) && !defined(_WIN32)
+/// What this CPU and its operating system offer, asked of the CPU itself: leaf 7 of CPUID, and the register
+/// states that the system saves.
+std::vector<std::string> SetsOfThisProcessor()
+{
+    std::vector<std::string> names = {"plain", "baseline"};
+    unsigned a = 0, b = 0, c = 0, d = 0;
+    if (!__get_cpuid(1, &a, &b, &c, &d) || !(c & (1u << 27)))
+        return names;
+    unsigned states = 0, high = 0;
+    __asm__("xgetbv" : "=a"(states), "=d"(high) : "c"(0));
+    if (!__get_cpuid_count(7, 0, &a, &b, &c, &d))
+        return names;
+    if ((states & 0x6) == 0x6 && (b & (1u << 5)))
+        names.push_back("AVX2");
+    unsigned const parts = (1u << 16) | (1u << 17) | (1u << 31); // F, DQ and VL
+    if ((states & 0xe6) == 0xe6 && (b & parts) == parts)
+        names.push_back("AVX-512");
+    return names;
+}
+#endif
 
 // ---- Operands ------------------------------------------------------------------------------------
 
@@ -280,6 +308,33 @@ constexpr int smallSizes = 40;
 } // namespace
 
 // ---- The product -------------------------------------------------------------------------------------
+
+// Which sets the tests below run. `scripts/test` shows the line.
+TEST(Kernels, RunEverySetOfThisProcessor)
+{
+    std::vector<std::string> ran;
+    for (KernelSet const* set : RunnableSets())
+        ran.push_back(set->name);
+    std::string line = "Kernel sets that ran:";
+    for (std::string const& name : ran)
+        line += " " + name;
+#if defined(__GNUC__) && defined(__x86_64__) && !defined(_WIN32)
+    std::vector<std::string> const expected = SetsOfThisProcessor();
+    line += "; left out, which this processor does not have:";
+    for (char const* name : {"AVX2", "AVX-512"})
+        if (std::find(expected.begin(), expected.end(), name) == expected.end())
+            line += std::string(" ") + name;
+    if (expected.size() == 4)
+        line += " none";
+    EXPECT_EQ(ran, expected);
+#else
+    EXPECT_EQ(ran.front(), "plain");
+#    if defined(__GNUC__)
+    EXPECT_EQ(ran.back(), "baseline");
+#    endif
+#endif
+    std::printf("%s\n", line.c_str());
+}
 
 TEST(Kernels, MultiplyColumnMajorAllSmallShapes)
 {

@@ -98,8 +98,10 @@
 #    endif
 #    if defined(VEXOR_UNSAFE_FLAGS)
 // A function with options of its own is not inlined into one without: this is exact, but slow.
+// clang-format off
 #        define VEXOR_EXACT_OPTIONS                                                                          \
             _Pragma("GCC optimize(\"fp-contract=off\", \"no-unsafe-math-optimizations\", \"no-associative-math\", \"no-reciprocal-math\", \"no-finite-math-only\", \"signed-zeros\", \"trapping-math\")")
+// clang-format on
 #        undef VEXOR_UNSAFE_FLAGS
 #    else
 #        define VEXOR_EXACT_OPTIONS
