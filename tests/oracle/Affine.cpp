@@ -70,9 +70,8 @@ Vec<Flt, N> TwiceRounded(Aff<N> const& m, Vec<Flt, N> const& x)
     return Rounded(Widened(Rounded(product)) + m.shift);
 }
 
-/// What both maps have.
 template <class A, class M, class V, class P, class PF, int N>
-void EnterMap(std::string const& name, std::string const& d)
+void EnterInversesAndPoints(std::string const& name, std::string const& d)
 {
     using Values = Aff<N>;
     auto const inverted = [](Values const& m) {
@@ -141,6 +140,13 @@ void EnterMap(std::string const& name, std::string const& d)
             }
             return m.linear * p + m.shift;
         });
+}
+
+template <class A, class M, class V, class P, class PF, int N>
+void EnterVectorsAndElements(std::string const& name, std::string const& d)
+{
+    using Values = Aff<N>;
+    auto const draw = [](Source& source) { return std::tuple(DrawnMap<A, M, V, N>(source)); };
     Add(
         "operator*(" + name + ", Vec" + d + "Dbl)", DrawMapped<A, M, V, N, V>,
         [](A const& a, V const& v) { return a * v; },
@@ -161,6 +167,14 @@ void EnterMap(std::string const& name, std::string const& d)
             return std::tuple(m.linear(0, 0), m.linear(1, 0), m.shift[0], m.shift[1], m.shift[N - 1],
                               m.linear(1, N - 1));
         });
+}
+
+/// What both maps have.
+template <class A, class M, class V, class P, class PF, int N>
+void EnterMap(std::string const& name, std::string const& d)
+{
+    EnterInversesAndPoints<A, M, V, P, PF, N>(name, d);
+    EnterVectorsAndElements<A, M, V, P, PF, N>(name, d);
 }
 
 void EnterAffMat2Dbl()
@@ -230,11 +244,9 @@ Aff<3> RotationAbout(V3 const& p, V3 const& axis, Dbl const& angle)
     return (last * middle) * first;
 }
 
-void EnterAffMat3Dbl()
+void EnterMapArithmetic()
 {
     using A = AffMat3Dbl;
-    EnterMap<A, Mat3Dbl, Vec3Dbl, Pnt3Dbl, Pnt3Flt, 3>("AffMat3Dbl", "3");
-    auto const one = [](Source& source) { return std::tuple(DrawnMap<A, Mat3Dbl, Vec3Dbl, 3>(source)); };
     auto const two = DrawMaps<A, Mat3Dbl, Vec3Dbl, 3>;
     auto const scaled = [](Source& source) {
         A const a = DrawnMap<A, Mat3Dbl, Vec3Dbl, 3>(source);
@@ -301,6 +313,12 @@ void EnterAffMat3Dbl()
                 return Rounded(Widened(Rounded(m.linear * Widened(v))) + m.shift);
             return Rounded(m.linear * Widened(v));
         });
+}
+
+void EnterTranslationsAndTurns()
+{
+    using A = AffMat3Dbl;
+    auto const one = [](Source& source) { return std::tuple(DrawnMap<A, Mat3Dbl, Vec3Dbl, 3>(source)); };
     Add(
         "AffMat3Dbl::GetMatrixData, SetMatrixData", one,
         [](A const& m) {
@@ -350,6 +368,11 @@ void EnterAffMat3Dbl()
             return m;
         },
         RotationAbout);
+}
+
+void EnterTurnBetweenVectors()
+{
+    using A = AffMat3Dbl;
     Add(
         "AffMat3Dbl::SetRotation(two vectors)",
         [](Source& source) {
@@ -385,6 +408,15 @@ void EnterAffMat3Dbl()
             Sound const sound;
             return RotationAbout(p, axis, CounterClockwiseAngle(f, g, axis));
         });
+}
+
+void EnterAffMat3Dbl()
+{
+    using A = AffMat3Dbl;
+    EnterMap<A, Mat3Dbl, Vec3Dbl, Pnt3Dbl, Pnt3Flt, 3>("AffMat3Dbl", "3");
+    EnterMapArithmetic();
+    EnterTranslationsAndTurns();
+    EnterTurnBetweenVectors();
 }
 
 } // namespace

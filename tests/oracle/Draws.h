@@ -109,6 +109,35 @@ V SquaresAtTie(Source& source)
     return best;
 }
 
+/// At a right angle to a, or `depth` away from it, in a plane of coordinates or, at times, in space.
+template <class V>
+V NearlyPerpendicular(Source& source, V const& a, double depth)
+{
+    using T = ElementOf<V>;
+    constexpr int n = sizeOf<V>;
+    V b;
+    double const factor = source.Ordinary<double>();
+    int const i = source.Below(n), j = (i + 1) % n;
+    for (int k = 0; k < n; ++k)
+        b[k] = T(0);
+    if (n > 2 && source.Below(2)) {
+        double const x = source.Ordinary<double>();
+        b[(i + 2) % n] = Rounded<T>(x);
+        double const square = static_cast<double>(a[i]) * static_cast<double>(a[i])
+                              + static_cast<double>(a[j]) * static_cast<double>(a[j]);
+        double const along = -x * static_cast<double>(a[(i + 2) % n]) / square;
+        b[i] = Rounded<T>(along * static_cast<double>(a[i]));
+        b[j] = Rounded<T>(along * static_cast<double>(a[j]));
+    } else {
+        b[i] = Rounded<T>(-static_cast<double>(a[j]) * factor);
+        b[j] = Rounded<T>(static_cast<double>(a[i]) * factor);
+    }
+    if (source.Below(2))
+        for (int k = 0; k < n; ++k)
+            b[k] = Rounded<T>(static_cast<double>(b[k]) + depth * static_cast<double>(a[k]));
+    return b;
+}
+
 /// Two operands that stand in some relation: equal, opposite, scaled, nearly parallel, nearly perpendicular, at a
 /// tie, with shared components, or none.
 template <class V>
@@ -152,28 +181,9 @@ std::pair<V, V> Related(Source& source)
     }
     case 8:
     case 9:
-    case 10: {
-        double const factor = source.Ordinary<double>();
-        int const i = source.Below(n), j = (i + 1) % n;
-        for (int k = 0; k < n; ++k)
-            b[k] = T(0);
-        if (n > 2 && source.Below(2)) {
-            double const x = source.Ordinary<double>();
-            b[(i + 2) % n] = Rounded<T>(x);
-            double const square = static_cast<double>(a[i]) * static_cast<double>(a[i])
-                                  + static_cast<double>(a[j]) * static_cast<double>(a[j]);
-            double const along = -x * static_cast<double>(a[(i + 2) % n]) / square;
-            b[i] = Rounded<T>(along * static_cast<double>(a[i]));
-            b[j] = Rounded<T>(along * static_cast<double>(a[j]));
-        } else {
-            b[i] = Rounded<T>(-static_cast<double>(a[j]) * factor);
-            b[j] = Rounded<T>(static_cast<double>(a[i]) * factor);
-        }
-        if (source.Below(2))
-            for (int k = 0; k < n; ++k)
-                b[k] = Rounded<T>(static_cast<double>(b[k]) + depth * static_cast<double>(a[k]));
+    case 10:
+        b = NearlyPerpendicular(source, a, depth);
         break;
-    }
     case 11:
         a = AtTie<V>(source);
         for (int i = 0; i < n; ++i)

@@ -300,7 +300,9 @@ void Decompose(Block& a, std::vector<double>& values)
 
 } // namespace
 
-void EnterDrivers()
+namespace {
+
+void EnterSystems()
 {
     auto const solve = [](MatDbl& m, auto& b) { m.Solve(b); };
     auto const reSolve = [](MatDbl& m, auto& b) { m.ReSolve(b); };
@@ -313,7 +315,6 @@ void EnterDrivers()
     EnterSolves("MatDbl::ReSolve, Solve", reSolve, solve, &Solver::ReSolve, &Solver::Solve);
     EnterSolves("MatDbl::Solve, SolveLinearLeastSquares", solve, leastSquares, &Solver::Solve,
                 &Solver::LeastSquares);
-
     auto const drawLeast = [](Source& source) {
         int const rows = DrawnSize(source);
         Block const a = DrawnSystem(source, rows, DrawnSize(source));
@@ -347,7 +348,6 @@ void EnterDrivers()
             Raise const raised = RaisedBy([&] { solver.LeastSquares(x); });
             return std::tuple(raised, solver.a, x);
         });
-
     auto const drawSquare = [](Source& source) {
         int const n = DrawnSize(source);
         return std::tuple(DrawnSystem(source, n, source.OneIn(20) ? DrawnSize(source) : n));
@@ -374,7 +374,10 @@ void EnterDrivers()
             return std::tuple(Block(m), RaisedBy([&] { m.ReSolve(side); }));
         },
         [inverse](Block const& m) { return std::tuple(inverse(m), Raise::ComputationFailed); });
+}
 
+void EnterSingularValues()
+{
     Add(
         "MatDbl::Svd",
         [](Source& source) {
@@ -430,6 +433,10 @@ void EnterDrivers()
                 }
             return std::tuple(raised, result, rows);
         });
+}
+
+void EnterEigenvalues()
+{
     Add(
         "MatDbl::EigenSym",
         [](Source& source) {
@@ -486,6 +493,15 @@ void EnterDrivers()
             });
             return std::tuple(raised, size, selected, raised == Raise::ComputationFailed ? Block(1, 1) : a);
         });
+}
+
+} // namespace
+
+void EnterDrivers()
+{
+    EnterSystems();
+    EnterSingularValues();
+    EnterEigenvalues();
 }
 
 } // namespace oracle

@@ -104,7 +104,9 @@ auto DrawSquareGrid(Source& source)
 
 } // namespace
 
-void EnterDynamicMatrices()
+namespace {
+
+void EnterArithmetic()
 {
     auto const times = [](DynMat const& m, Dbl const& s) {
         return Each(m.rows, m.columns, [&](int r, int c) { return m(r, c) * s; });
@@ -127,9 +129,6 @@ void EnterDynamicMatrices()
     auto const negated = [](DynMat const& m) {
         bool const fromZero = Slip("from zero");
         return Each(m.rows, m.columns, [&](int r, int c) { return fromZero ? 0.0 - m(r, c) : -m(r, c); });
-    };
-    auto const transposed = [](DynMat const& m) {
-        return Each(m.columns, m.rows, [&](int r, int c) { return m(c, r); });
     };
     auto const kept = [](auto rule) {
         return [rule](DynMat const& a, auto const&... rest) {
@@ -169,6 +168,29 @@ void EnterDynamicMatrices()
     Add(
         "MatDbl::GetNegatedCopy", DrawGrid, [](G const& g) { return Made(g).GetNegatedCopy(); }, negated);
     Add(
+        "operator*(MatDbl, scalar)", DrawScaledGrid, [](G const& g, double s) { return Made(g) * s; }, times);
+    Add(
+        "operator*(scalar, MatDbl)", DrawScaledGrid, [](G const& g, double s) { return s * Made(g); }, times);
+    Add(
+        "operator/(MatDbl, scalar)", DrawScaledGrid, [](G const& g, double s) { return Made(g) / s; },
+        dividedBy);
+    Add(
+        "operator-(MatDbl)", DrawGrid, [](G const& g) { return -Made(g); }, negated);
+    Add(
+        "operator+(MatDbl, MatDbl)", DrawGrids, [](G const& a, G const& b) { return Made(a) + Made(b); },
+        plus);
+    Add(
+        "operator-(MatDbl, MatDbl)", DrawGrids, [](G const& a, G const& b) { return Made(a) - Made(b); },
+        minus);
+}
+
+void EnterTransposesAndComparison()
+{
+    auto const transposed = [](DynMat const& m) {
+        return Each(m.columns, m.rows, [&](int r, int c) { return m(c, r); });
+    };
+    using G = Grid;
+    Add(
         "MatDbl::Transpose", DrawGrid,
         [](G const& g) {
             MatDbl m = Made(g);
@@ -198,21 +220,6 @@ void EnterDynamicMatrices()
         "MatDbl::GetTransposedCopy", DrawGrid, [](G const& g) { return Made(g).GetTransposedCopy(); },
         transposed);
     Add(
-        "operator*(MatDbl, scalar)", DrawScaledGrid, [](G const& g, double s) { return Made(g) * s; }, times);
-    Add(
-        "operator*(scalar, MatDbl)", DrawScaledGrid, [](G const& g, double s) { return s * Made(g); }, times);
-    Add(
-        "operator/(MatDbl, scalar)", DrawScaledGrid, [](G const& g, double s) { return Made(g) / s; },
-        dividedBy);
-    Add(
-        "operator-(MatDbl)", DrawGrid, [](G const& g) { return -Made(g); }, negated);
-    Add(
-        "operator+(MatDbl, MatDbl)", DrawGrids, [](G const& a, G const& b) { return Made(a) + Made(b); },
-        plus);
-    Add(
-        "operator-(MatDbl, MatDbl)", DrawGrids, [](G const& a, G const& b) { return Made(a) - Made(b); },
-        minus);
-    Add(
         "MatDbl::operator==, !=", DrawGrids,
         [](G const& a, G const& b) {
             MatDbl first = Made(a), second = Made(b);
@@ -227,6 +234,20 @@ void EnterDynamicMatrices()
                         equal = 0;
             return std::tuple(equal, 1 - equal);
         });
+    Add(
+        "MatDbl(Mat3Dbl)", [](Source& source) { return std::tuple(DrawnGrid(source, 3, 3)); },
+        [](G const& g) {
+            Mat3Dbl m(0.0);
+            for (int i = 0; i < 9; ++i)
+                m(i / 3, i % 3) = g.e[i / 3][i % 3];
+            return MatDbl(m);
+        },
+        [transposed](DynMat const& m) { return Slip("without the transposition") ? m : transposed(m); });
+}
+
+void EnterProductsAndSums()
+{
+    using G = Grid;
     Add(
         "operator*(MatDbl, MatDbl)", DrawFactors, [](G const& a, G const& b) { return Made(a) * Made(b); },
         [](DynMat const& a, DynMat const& b) {
@@ -243,25 +264,6 @@ void EnterDynamicMatrices()
                 }
                 return pairs ? sum + odd : sum;
             });
-        });
-    Add(
-        "operator*(MatDbl, VecDbl)", DrawMatrixAndVector<double>,
-        [](G const& g, Array<double> const& v) { return Made(g) * Made(v); },
-        [](DynMat const& m, Dyn<Dbl> const& v) {
-            if (m.columns != v.size)
-                throw Raised{Raise::DimensionMismatch};
-            bool const backwards = Slip("from the last on"), plain = Slip("the start of the sum"),
-                       fused = Slip("fused");
-            Dyn<Dbl> y;
-            y.size = m.rows;
-            for (int r = 0; r < m.rows; ++r) {
-                y[r] = plain ? -0.0 : 0.0;
-                for (int i = 0; i < m.columns; ++i) {
-                    int const k = backwards ? m.columns - 1 - i : i;
-                    y[r] = fused ? Fused(m(r, k), v[k], y[r]) : y[r] + m(r, k) * v[k];
-                }
-            }
-            return y;
         });
     Add(
         "operator*(MatDbl, VecFlt)", DrawMatrixAndVector<float>,
@@ -316,6 +318,30 @@ void EnterDynamicMatrices()
                 result[i] = reciprocal ? result[i] * (1.0 / Dbl(count)) : result[i] / count;
             return result;
         });
+}
+
+void EnterElements()
+{
+    using G = Grid;
+    Add(
+        "operator*(MatDbl, VecDbl)", DrawMatrixAndVector<double>,
+        [](G const& g, Array<double> const& v) { return Made(g) * Made(v); },
+        [](DynMat const& m, Dyn<Dbl> const& v) {
+            if (m.columns != v.size)
+                throw Raised{Raise::DimensionMismatch};
+            bool const backwards = Slip("from the last on"), plain = Slip("the start of the sum"),
+                       fused = Slip("fused");
+            Dyn<Dbl> y;
+            y.size = m.rows;
+            for (int r = 0; r < m.rows; ++r) {
+                y[r] = plain ? -0.0 : 0.0;
+                for (int i = 0; i < m.columns; ++i) {
+                    int const k = backwards ? m.columns - 1 - i : i;
+                    y[r] = fused ? Fused(m(r, k), v[k], y[r]) : y[r] + m(r, k) * v[k];
+                }
+            }
+            return y;
+        });
     Add(
         "MatDbl::Identity", DrawGrid,
         [](G const& g) {
@@ -364,6 +390,11 @@ void EnterDynamicMatrices()
             }
             return std::tuple(diagonal, turned, filled);
         });
+}
+
+void EnterShapesAndConversions()
+{
+    using G = Grid;
     Add(
         "MatDbl::ReSize (same number of elements)",
         [](Source& source) {
@@ -386,15 +417,6 @@ void EnterDynamicMatrices()
                 return rowwise ? m(place / m.columns, place % m.columns) : m(place % m.rows, place / m.rows);
             });
         });
-    Add(
-        "MatDbl(Mat3Dbl)", [](Source& source) { return std::tuple(DrawnGrid(source, 3, 3)); },
-        [](G const& g) {
-            Mat3Dbl m(0.0);
-            for (int i = 0; i < 9; ++i)
-                m(i / 3, i % 3) = g.e[i / 3][i % 3];
-            return MatDbl(m);
-        },
-        [transposed](DynMat const& m) { return Slip("without the transposition") ? m : transposed(m); });
     Add(
         "Mat3Dbl(MatDbl)", DrawGrid, [](G const& g) { return Mat3Dbl(Made(g)); },
         [](DynMat const& g) {
@@ -429,6 +451,17 @@ void EnterDynamicMatrices()
                 return zero ? Dbl(0.0) : Dbl(a.size);
             });
         });
+}
+
+} // namespace
+
+void EnterDynamicMatrices()
+{
+    EnterArithmetic();
+    EnterTransposesAndComparison();
+    EnterProductsAndSums();
+    EnterElements();
+    EnterShapesAndConversions();
 }
 
 } // namespace oracle

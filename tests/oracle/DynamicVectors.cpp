@@ -172,15 +172,72 @@ int ExtremeIndex(Extreme kind, Dyn<E> const& a)
     return index;
 }
 
+/// The sum of the products, rounded after each, as far as both reach.
+template <class T>
+T RunningSum(Array<T> const& a, Array<T> const& b)
+{
+    T sum = T(0);
+    for (int i = 0; i < a.size && i < b.size; ++i)
+        sum =
+            Rounded<T>(static_cast<double>(sum) + static_cast<double>(a.e[i]) * static_cast<double>(b.e[i]));
+    return sum;
+}
+
+/// Operands and tolerances for a test of direction, at its boundary at times.
+template <class T>
+auto DrawDirection(Direction kind, bool unit, bool equality)
+{
+    return [kind, unit, equality](Source& source) {
+        auto [a, b] = DrawnArrays<T>(source);
+        if (equality && source.Below(2)) {
+            double const depth = std::pow(10.0, -3.0 - 10.0 * source.Unit());
+            b = a;
+            bool const along = source.Below(2) != 0;
+            double const size = std::sqrt(static_cast<double>(RunningSum(a, a)));
+            for (int i = 0; i < a.size; ++i)
+                b.e[i] = Rounded<T>(along ? static_cast<double>(a.e[i]) * (1.0 + depth)
+                                          : static_cast<double>(a.e[i]) + depth * size * source.Signed());
+        }
+        if (unit && source.Below(4))
+            for (Array<T>* v : {&a, &b}) {
+                double const size = std::sqrt(static_cast<double>(RunningSum(*v, *v)));
+                for (int i = 0; i < v->size; ++i)
+                    v->e[i] = Rounded<T>(static_cast<double>(v->e[i]) / size);
+            }
+        double const A2 = static_cast<double>(RunningSum(a, a)), B2 = static_cast<double>(RunningSum(b, b));
+        double const d = static_cast<double>(RunningSum(a, b));
+        double const q = unit ? d * d : d * d / A2 / B2;
+        double const value = kind == Direction::Perpendicular ? q : unit ? std::fabs(1.0 - q) : 1.0 - q;
+        source.SetGlobal(globalTolerance.sin2Angle, value);
+        T length = T(-1);
+        if (equality) {
+            Array<T> e = a;
+            for (int i = 0; i < a.size; ++i)
+                e.e[i] = Rounded<T>(static_cast<double>(a.e[i]) - static_cast<double>(b.e[i]));
+            double const distance = static_cast<double>(RunningSum(e, e));
+            if (source.Below(2))
+                source.SetGlobal(globalTolerance.lengthSquared, source.Below(2)   ? distance
+                                                                : source.Below(2) ? A2
+                                                                                  : B2);
+            length = source.Tolerance(Rounded<T>(distance));
+        } else {
+            if (source.Below(2))
+                source.SetGlobal(globalTolerance.lengthSquared, source.Below(2) ? A2 : B2);
+            if (source.OneIn(3))
+                length = source.Tolerance(Rounded<T>(source.Below(2) ? A2 : B2));
+        }
+        T const angular = equality && source.OneIn(3) ? T(1) : source.Tolerance(Rounded<T>(value));
+        return std::tuple(a, b, angular, length);
+    };
+}
+
 template <class V, class T, class E>
-void EnterDynamicVector(std::string const& name)
+void EnterDynamicScaling(std::string const& name)
 {
     using A = Array<T>;
     using Values = Dyn<E>;
     auto const one = DrawArray<T>;
-    auto const two = DrawArrays<T>;
     auto const scaled = DrawScaledArray<T>;
-
     auto const times = [](Values const& a, E const& s) {
         return Each<E>(a.size, [&](int i) { return a[i] * s; });
     };
@@ -188,6 +245,51 @@ void EnterDynamicVector(std::string const& name)
         bool const reciprocal = Slip("by the reciprocal");
         return Each<E>(a.size, [&](int i) { return reciprocal ? a[i] * To<E>(1.0 / s) : a[i] / s; });
     };
+    Add(
+        name + "::operator*=", scaled,
+        [](A const& a, T s) {
+            V v = Made(a);
+            return V(v *= s);
+        },
+        times);
+    Add(
+        name + "::operator/=", scaled,
+        [](A const& a, T s) {
+            V v = Made(a);
+            return V(v /= s);
+        },
+        dividedBy);
+    Add(
+        "operator*(" + name + ", scalar)", scaled, [](A const& a, T s) { return Made(a) * s; }, times);
+    Add(
+        "operator*(scalar, " + name + ")", scaled, [](A const& a, T s) { return s * Made(a); }, times);
+    Add(
+        "operator/(" + name + ", scalar)", scaled, [](A const& a, T s) { return Made(a) / s; }, dividedBy);
+    Add(
+        name + "::LengthSquared", one, [](A const& a) { return Made(a).LengthSquared(); },
+        [](Values const& a) {
+            // A sum of squares shows neither the start nor, at times, the rounding of a product.
+            bool const backwards = Slip("from the last on"),
+                       late = isSingle<E> && Slip("rounded at the end only"),
+                       fused = !isSingle<E> && Slip("fused");
+            Dbl sum = 0.0;
+            for (int k = 0; k < a.size; ++k) {
+                int const i = backwards ? a.size - 1 - k : k;
+                sum = fused ? Fused(a[i], a[i], sum) : sum + a[i] * a[i];
+                if (!late)
+                    sum = To<E>(sum);
+            }
+            return To<E>(sum);
+        });
+}
+
+template <class V, class T, class E>
+void EnterDynamicSums(std::string const& name)
+{
+    using A = Array<T>;
+    using Values = Dyn<E>;
+    auto const one = DrawArray<T>;
+    auto const two = DrawArrays<T>;
     auto const plus = [](Values const& a, Values const& b) {
         DemandSameSize(a, b);
         return Each<E>(a.size, [&](int i) { return a[i] + b[i]; });
@@ -210,20 +312,6 @@ void EnterDynamicVector(std::string const& name)
         };
     };
     Add(
-        name + "::operator*=", scaled,
-        [](A const& a, T s) {
-            V v = Made(a);
-            return V(v *= s);
-        },
-        times);
-    Add(
-        name + "::operator/=", scaled,
-        [](A const& a, T s) {
-            V v = Made(a);
-            return V(v /= s);
-        },
-        dividedBy);
-    Add(
         name + "::operator+=", two,
         [](A const& a, A const& b) { return Kept(Made(a), [&](V& v) { v += Made(b); }); }, kept(plus));
     Add(
@@ -238,12 +326,6 @@ void EnterDynamicVector(std::string const& name)
         negated);
     Add(
         name + "::GetNegatedCopy", one, [](A const& a) { return Made(a).GetNegatedCopy(); }, negated);
-    Add(
-        "operator*(" + name + ", scalar)", scaled, [](A const& a, T s) { return Made(a) * s; }, times);
-    Add(
-        "operator*(scalar, " + name + ")", scaled, [](A const& a, T s) { return s * Made(a); }, times);
-    Add(
-        "operator/(" + name + ", scalar)", scaled, [](A const& a, T s) { return Made(a) / s; }, dividedBy);
     Add(
         "operator-(" + name + ")", one, [](A const& a) { return -Made(a); }, negated);
     Add(
@@ -266,6 +348,18 @@ void EnterDynamicVector(std::string const& name)
             return Each<E>(a.size,
                            [&](int i) { return reciprocal ? a[i] * To<E>(1.0 / b[i]) : a[i] / b[i]; });
         });
+    Add(
+        name + "::Normalize", one, [](A const& a) { return Kept(Made(a), [](V& v) { v.Normalize(); }); },
+        kept(Normalized<E>));
+}
+
+template <class V, class T, class E>
+void EnterDynamicLengths(std::string const& name)
+{
+    using A = Array<T>;
+    using Values = Dyn<E>;
+    auto const one = DrawArray<T>;
+    auto const two = DrawArrays<T>;
     // The sizes are not compared: a longer argument is read as far as this vector goes.
     Add(
         name + "::Dot",
@@ -282,22 +376,6 @@ void EnterDynamicVector(std::string const& name)
             return Products(a, b);
         });
     Add(
-        name + "::LengthSquared", one, [](A const& a) { return Made(a).LengthSquared(); },
-        [](Values const& a) {
-            // A sum of squares shows neither the start nor, at times, the rounding of a product.
-            bool const backwards = Slip("from the last on"),
-                       late = isSingle<E> && Slip("rounded at the end only"),
-                       fused = !isSingle<E> && Slip("fused");
-            Dbl sum = 0.0;
-            for (int k = 0; k < a.size; ++k) {
-                int const i = backwards ? a.size - 1 - k : k;
-                sum = fused ? Fused(a[i], a[i], sum) : sum + a[i] * a[i];
-                if (!late)
-                    sum = To<E>(sum);
-            }
-            return To<E>(sum);
-        });
-    Add(
         name + "::Length", one, [](A const& a) { return Made(a).Length(); },
         [](Values const& a) {
             if (Slip("over the whole range")) {
@@ -308,9 +386,6 @@ void EnterDynamicVector(std::string const& name)
             }
             return Length(a);
         });
-    Add(
-        name + "::Normalize", one, [](A const& a) { return Kept(Made(a), [](V& v) { v.Normalize(); }); },
-        kept(Normalized<E>));
     Add(
         name + "::GetNormalizedCopy", one, [](A const& a) { return Made(a).GetNormalizedCopy(); },
         Normalized<E>);
@@ -342,6 +417,14 @@ void EnterDynamicVector(std::string const& name)
                 c = To<E>(c);
             return To<E>(Slip("no clamp") ? Acos(c) : ClampedAcos(c));
         });
+}
+
+template <class V, class T, class E>
+void EnterDynamicArea(std::string const& name)
+{
+    using A = Array<T>;
+    using Values = Dyn<E>;
+    auto const two = DrawArrays<T>;
     Add(
         name + "::GetAreaFormedByTriangleWith", two,
         [](A const& a, A const& b) { return Made(a).GetAreaFormedByTriangleWith(Made(b)); },
@@ -357,7 +440,13 @@ void EnterDynamicVector(std::string const& name)
                 difference = 0.0;
             return To<E>(0.5 * To<E>(Sqrt(difference)));
         });
+}
 
+template <class V, class T, class E>
+void EnterDynamicExtremes(std::string const& name)
+{
+    using A = Array<T>;
+    using Values = Dyn<E>;
     // Extremes. An index that nothing sets is left open.
     auto const index = [](Extreme kind) {
         return [kind](Values const& a) {
@@ -431,7 +520,13 @@ void EnterDynamicVector(std::string const& name)
     Add(
         name + "::MinAbsValueIdx", drawExtremes, [](A const& a) { return Made(a).MinAbsValueIdx(); },
         index(Extreme::MinAbs));
+}
 
+template <class V, class T, class E>
+void EnterDynamicTests(std::string const& name)
+{
+    using A = Array<T>;
+    using Values = Dyn<E>;
     // Tests.
     auto const drawEqual = [](Source& source) {
         auto [a, b] = DrawnArrays<T>(source);
@@ -467,21 +562,14 @@ void EnterDynamicVector(std::string const& name)
         [](Values const& a) {
             return int(Slip("under the global tolerance") ? Sum(a, a) <= ResolvedLength(E(-1)) : Null(a));
         });
-    auto const square = [](A const& a, A const& b) {
-        T sum = T(0);
-        for (int i = 0; i < a.size && i < b.size; ++i)
-            sum = Rounded<T>(static_cast<double>(sum)
-                             + static_cast<double>(a.e[i]) * static_cast<double>(b.e[i]));
-        return sum;
-    };
     Add(
         name + "::IsZeroLength",
-        [square](Source& source) {
+        [](Source& source) {
             A a = DrawnArray<T>(source);
             T const small = source.OneIn(3) ? static_cast<T>(std::ldexp(1.0, -15 - source.Below(5))) : T(1);
             for (int i = 0; i < a.size; ++i)
                 a.e[i] *= small;
-            T const sum = square(a, a);
+            T const sum = RunningSum(a, a);
             source.SetGlobal(globalTolerance.lengthSquared, static_cast<double>(sum));
             return std::tuple(a, source.Tolerance(sum));
         },
@@ -493,87 +581,62 @@ void EnterDynamicVector(std::string const& name)
                 return int(Sum(a, a) <= ResolvedLength(E(-1)));
             return int(Slip("strict") ? Sum(a, a) < ResolvedLength(l) : Sum(a, a) <= ResolvedLength(l));
         });
-    auto const drawDirection = [square](Direction kind, bool unit, bool equality) {
-        return [square, kind, unit, equality](Source& source) {
-            auto [a, b] = DrawnArrays<T>(source);
-            if (equality && source.Below(2)) {
-                double const depth = std::pow(10.0, -3.0 - 10.0 * source.Unit());
-                b = a;
-                bool const along = source.Below(2) != 0;
-                double const size = std::sqrt(static_cast<double>(square(a, a)));
-                for (int i = 0; i < a.size; ++i)
-                    b.e[i] = Rounded<T>(along ? static_cast<double>(a.e[i]) * (1.0 + depth)
-                                              : static_cast<double>(a.e[i]) + depth * size * source.Signed());
-            }
-            if (unit && source.Below(4))
-                for (A* v : {&a, &b}) {
-                    double const size = std::sqrt(static_cast<double>(square(*v, *v)));
-                    for (int i = 0; i < v->size; ++i)
-                        v->e[i] = Rounded<T>(static_cast<double>(v->e[i]) / size);
-                }
-            double const A2 = static_cast<double>(square(a, a)), B2 = static_cast<double>(square(b, b));
-            double const d = static_cast<double>(square(a, b));
-            double const q = unit ? d * d : d * d / A2 / B2;
-            double const value = kind == Direction::Perpendicular ? q : unit ? std::fabs(1.0 - q) : 1.0 - q;
-            source.SetGlobal(globalTolerance.sin2Angle, value);
-            T length = T(-1);
-            if (equality) {
-                A e = a;
-                for (int i = 0; i < a.size; ++i)
-                    e.e[i] = Rounded<T>(static_cast<double>(a.e[i]) - static_cast<double>(b.e[i]));
-                double const distance = static_cast<double>(square(e, e));
-                if (source.Below(2))
-                    source.SetGlobal(globalTolerance.lengthSquared, source.Below(2)   ? distance
-                                                                    : source.Below(2) ? A2
-                                                                                      : B2);
-                length = source.Tolerance(Rounded<T>(distance));
-            } else {
-                if (source.Below(2))
-                    source.SetGlobal(globalTolerance.lengthSquared, source.Below(2) ? A2 : B2);
-                if (source.OneIn(3))
-                    length = source.Tolerance(Rounded<T>(source.Below(2) ? A2 : B2));
-            }
-            T const angular = equality && source.OneIn(3) ? T(1) : source.Tolerance(Rounded<T>(value));
-            return std::tuple(a, b, angular, length);
-        };
-    };
     auto const general = [](Direction kind) {
         return [kind](Values const& a, Values const& b, E const& s, E const& l) {
             return DirectionOf(kind, a, b, s, l);
         };
     };
+    Add(
+        name + "::IsParallelTo", DrawDirection<T>(Direction::Parallel, false, false),
+        [](A const& a, A const& b, T s, T l) { return Made(a).IsParallelTo(Made(b), s, l); },
+        general(Direction::Parallel));
+    Add(
+        name + "::IsCodirectionalTo", DrawDirection<T>(Direction::Codirectional, false, false),
+        [](A const& a, A const& b, T s, T l) { return Made(a).IsCodirectionalTo(Made(b), s, l); },
+        general(Direction::Codirectional));
+    Add(
+        name + "::IsPerpendicularTo", DrawDirection<T>(Direction::Perpendicular, false, false),
+        [](A const& a, A const& b, T s, T l) { return Made(a).IsPerpendicularTo(Made(b), s, l); },
+        general(Direction::Perpendicular));
+}
+
+template <class V, class T, class E>
+void EnterDynamicUnitTests(std::string const& name)
+{
+    using A = Array<T>;
+    using Values = Dyn<E>;
     auto const unit = [](Direction kind) {
         return [kind](Values const& a, Values const& b, E const& s, E const&) {
             return UnitDirectionOf(kind, a, b, s);
         };
     };
     Add(
-        name + "::IsParallelTo", drawDirection(Direction::Parallel, false, false),
-        [](A const& a, A const& b, T s, T l) { return Made(a).IsParallelTo(Made(b), s, l); },
-        general(Direction::Parallel));
-    Add(
-        name + "::IsCodirectionalTo", drawDirection(Direction::Codirectional, false, false),
-        [](A const& a, A const& b, T s, T l) { return Made(a).IsCodirectionalTo(Made(b), s, l); },
-        general(Direction::Codirectional));
-    Add(
-        name + "::IsPerpendicularTo", drawDirection(Direction::Perpendicular, false, false),
-        [](A const& a, A const& b, T s, T l) { return Made(a).IsPerpendicularTo(Made(b), s, l); },
-        general(Direction::Perpendicular));
-    Add(
-        name + "::IsUnitParallelTo", drawDirection(Direction::Parallel, true, false),
+        name + "::IsUnitParallelTo", DrawDirection<T>(Direction::Parallel, true, false),
         [](A const& a, A const& b, T s, T) { return Made(a).IsUnitParallelTo(Made(b), s); },
         unit(Direction::Parallel));
     Add(
-        name + "::IsUnitCodirectionalTo", drawDirection(Direction::Codirectional, true, false),
+        name + "::IsUnitCodirectionalTo", DrawDirection<T>(Direction::Codirectional, true, false),
         [](A const& a, A const& b, T s, T) { return Made(a).IsUnitCodirectionalTo(Made(b), s); },
         unit(Direction::Codirectional));
     Add(
-        name + "::IsUnitPerpendicularTo", drawDirection(Direction::Perpendicular, true, false),
+        name + "::IsUnitPerpendicularTo", DrawDirection<T>(Direction::Perpendicular, true, false),
         [](A const& a, A const& b, T s, T) { return Made(a).IsUnitPerpendicularTo(Made(b), s); },
         unit(Direction::Perpendicular));
     Add(
-        name + "::IsEqualTo", drawDirection(Direction::Codirectional, false, true),
+        name + "::IsEqualTo", DrawDirection<T>(Direction::Codirectional, false, true),
         [](A const& a, A const& b, T s, T l) { return Made(a).IsEqualTo(Made(b), s, l); }, EqualOf<E>);
+}
+
+template <class V, class T, class E>
+void EnterDynamicVector(std::string const& name)
+{
+    EnterDynamicScaling<V, T, E>(name);
+    EnterDynamicSums<V, T, E>(name);
+    EnterDynamicLengths<V, T, E>(name);
+    EnterDynamicArea<V, T, E>(name);
+    EnterDynamicExtremes<V, T, E>(name);
+    EnterDynamicTests<V, T, E>(name);
+    EnterDynamicUnitTests<V, T, E>(name);
 }
 
 } // namespace

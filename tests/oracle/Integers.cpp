@@ -101,7 +101,7 @@ double Nearest(std::int64_t value, int bits)
     return result;
 }
 
-void EnterUInt64()
+void EnterUInt64Values()
 {
     using I = std::int64_t;
     Add(
@@ -159,6 +159,11 @@ void EnterUInt64()
                        ? Wrapped(Large(static_cast<std::uint32_t>(a)) * static_cast<std::uint32_t>(b))
                        : Wrapped(Large(a) * Large(b));
         });
+}
+
+void EnterUInt64Changes()
+{
+    using I = std::int64_t;
     Add(
         "UInt64::operator/",
         [](Source& source) {
@@ -234,6 +239,12 @@ void EnterUInt64()
         });
 }
 
+void EnterUInt64()
+{
+    EnterUInt64Values();
+    EnterUInt64Changes();
+}
+
 // ---- The integer vector of the plane -------------------------------------------------------------------
 
 using Pair = IntPair;
@@ -273,7 +284,7 @@ std::int64_t Size(std::int64_t value)
     return value < 0 ? Wrapped32(-value) : value;
 }
 
-void EnterVec2Int()
+void EnterVec2IntArithmetic()
 {
     using V = Vec2Int;
     auto const times = [](Pair const& a, int s) { return Pair{a.x * s, a.y * s}; };
@@ -342,6 +353,12 @@ void EnterVec2Int()
                 return std::tuple(int(a.x < b.x && a.y < b.y), int(a.x > b.x && a.y > b.y));
             return std::tuple(int(a.x <= b.x && a.y <= b.y), int(a.x >= b.x && a.y >= b.y));
         });
+}
+
+void EnterVec2IntExtremes()
+{
+    using V = Vec2Int;
+    auto const one = DrawIntVector;
     Add(
         "Vec2Int extremes", one,
         [](V const& a) {
@@ -358,6 +375,12 @@ void EnterVec2Int()
                               int(first ? a.x < a.y : a.x <= a.y), int(first ? a.x > a.y : a.x >= a.y),
                               int(first ? x < y : x <= y), int(first ? x > y : x >= y));
         });
+}
+
+void EnterVec2Int()
+{
+    EnterVec2IntArithmetic();
+    EnterVec2IntExtremes();
 }
 
 } // namespace

@@ -16,9 +16,8 @@ Mat<N> EachElement(Rule rule)
     return result;
 }
 
-/// Storage, element by element arithmetic and comparison.
-template <class M, class V, int N>
-void EnterMatrix(std::string const& name, std::string const& vector)
+template <class M, int N>
+void EnterElementwise(std::string const& name)
 {
     using Values = Mat<N>;
     auto const times = [](Values const& m, Dbl const& s) {
@@ -50,7 +49,6 @@ void EnterMatrix(std::string const& name, std::string const& vector)
     auto const one = DrawMatrix<M, N>;
     auto const two = DrawMatrices<M, N>;
     auto const scaled = DrawScaledMatrix<M, N>;
-
     Add(
         name + "::operator*=", scaled, [](M m, double s) { return M(m *= s); }, times);
     Add(
@@ -82,6 +80,12 @@ void EnterMatrix(std::string const& name, std::string const& vector)
         "operator+(" + name + ", " + name + ")", two, [](M const& a, M const& b) { return a + b; }, plus);
     Add(
         "operator-(" + name + ", " + name + ")", two, [](M const& a, M const& b) { return a - b; }, minus);
+}
+
+template <class M, class V, int N>
+void EnterProducts(std::string const& name, std::string const& vector)
+{
+    using Values = Mat<N>;
     Add(
         "operator*(" + name + ", " + name + ")",
         [](Source& source) {
@@ -141,6 +145,14 @@ void EnterMatrix(std::string const& name, std::string const& vector)
             }
             return m * v;
         });
+}
+
+/// Storage, element by element arithmetic and comparison.
+template <class M, class V, int N>
+void EnterMatrix(std::string const& name, std::string const& vector)
+{
+    EnterElementwise<M, N>(name);
+    EnterProducts<M, V, N>(name, vector);
 }
 
 template <class M, class VF, int N>

@@ -84,12 +84,11 @@ int Coincide(Vec<E, N> const& a, Vec<E, N> const& b, Dbl const& tolerance, bool 
 }
 
 template <class P, class E>
-void EnterPoint(std::string const& name)
+void EnterPointArithmetic(std::string const& name)
 {
     constexpr int N = sizeOf<P>;
     using T = ElementOf<P>;
     using Values = Vec<E, N>;
-
     auto const times = [](Values const& a, E const& s) {
         return Each<E, N>([&](int i) { return a[i] * s; });
     };
@@ -107,10 +106,6 @@ void EnterPoint(std::string const& name)
         bool const turned = Slip("the other way round");
         return Each<E, N>([&](int i) { return turned ? b[i] - a[i] : a[i] - b[i]; });
     };
-    auto const drawEither = [](Source& source) {
-        return source.Below(2) ? DrawTiedPair<P>(source) : DrawPair<P>(source);
-    };
-
     Add(
         "operator*(" + name + ", scalar)", DrawScaled<P, T>, [](P const& a, T s) { return a * s; }, times);
     Add(
@@ -133,6 +128,16 @@ void EnterPoint(std::string const& name)
     Add(
         name + "::DistanceTo", DrawPair<P>, [](P const& a, P const& b) { return a.DistanceTo(b); },
         Distance<E, N>);
+}
+
+template <class P, class E>
+void EnterPointComparison(std::string const& name)
+{
+    constexpr int N = sizeOf<P>;
+    using Values = Vec<E, N>;
+    auto const drawEither = [](Source& source) {
+        return source.Below(2) ? DrawTiedPair<P>(source) : DrawPair<P>(source);
+    };
     Add(
         name + "::operator==", drawEither, [](P const& a, P const& b) { return a == b; },
         [](Values const& a, Values const& b) {
@@ -169,6 +174,13 @@ void EnterPoint(std::string const& name)
                     return 0;
             return 1;
         });
+}
+
+template <class P, class E>
+void EnterPoint(std::string const& name)
+{
+    EnterPointArithmetic<P, E>(name);
+    EnterPointComparison<P, E>(name);
 }
 
 template <class P, class E>

@@ -312,7 +312,7 @@ Mat3Dbl DrawnRotation(Source& source)
     return m;
 }
 
-void EnterAlgebra()
+void EnterProductsAndAngles()
 {
     Add(
         "Quaternion::Normalize", DrawQuaternion, [](Q q) { return Q(q.Normalize()); }, NormalizedQuat);
@@ -373,6 +373,10 @@ void EnterAlgebra()
                 return Abs(r);
             return r > 0.0 ? r : -r;
         });
+}
+
+void EnterComparison()
+{
     auto const drawEither = [](Source& source) {
         return source.Below(2) ? DrawTiedPair<Q>(source) : DrawQuaternions(source);
     };
@@ -428,7 +432,13 @@ void EnterAlgebra()
         [](Quat const& q) { return std::tuple(q[0], q[1], q[2], q[3], q[3], q[3], q[3], VectorPart(q)); });
 }
 
-void EnterConversions()
+void EnterAlgebra()
+{
+    EnterProductsAndAngles();
+    EnterComparison();
+}
+
+void EnterAxisAndAngle()
 {
     auto const axisRule = [](Quat const& q, V3 const& axis, Dbl const& angle, int flag) {
         Raise raised = Raise::None;
@@ -500,6 +510,10 @@ void EnterConversions()
             q[3] = Slip("the root of 1 − g²") ? Sqrt(1.0 - g * g) : k;
             return std::tuple(raised, q);
         });
+}
+
+void EnterMatricesAndEulerAngles()
+{
     Add(
         "Quaternion::SetFromMatrix", [](Source& source) { return std::tuple(DrawnRotation(source)); },
         [](Mat3Dbl const& m) {
@@ -573,6 +587,10 @@ void EnterConversions()
             Sound const sound;
             return NormalizedQuat(product);
         });
+}
+
+void EnterAxes()
+{
     Add(
         "Quaternion::GetAxis",
         [](Source& source) {
@@ -617,6 +635,13 @@ void EnterConversions()
             return std::tuple(Turned(inverse, basis(0)), Turned(inverse, basis(1)),
                               Turned(inverse, basis(2)));
         });
+}
+
+void EnterConversions()
+{
+    EnterAxisAndAngle();
+    EnterMatricesAndEulerAngles();
+    EnterAxes();
 }
 
 } // namespace

@@ -459,7 +459,9 @@ Mat<3> InverseOf(Mat<3> m)
     return result;
 }
 
-void EnterSmallSolver()
+namespace {
+
+void EnterFactorisation()
 {
     Add(
         "small_decompose", DrawSquare,
@@ -506,7 +508,6 @@ void EnterSmallSolver()
                     entry = 0;
             return std::tuple(status, values);
         });
-
     Add(
         "Mat3Dbl::Solve, ReSolve", DrawSystem,
         [](Mat3Dbl m, Vec3Dbl b, Vec3Dbl c, Vec3Dbl d) {
@@ -527,6 +528,10 @@ void EnterSmallSolver()
             }
             return std::tuple(raised, ElementsOf3(f), b, c, d);
         });
+}
+
+void EnterInversesAndEigenvalues()
+{
     Add(
         "Mat3Dbl::Solve, ReSolve(array)",
         [](Source& source) {
@@ -585,6 +590,10 @@ void EnterSmallSolver()
             return std::tuple(raised, values, m);
         },
         EigenRule);
+}
+
+void EnterEigenvector()
+{
     Add(
         "Mat3Dbl::GetEigenVectorGivenEigenValue",
         [](Source& source) {
@@ -616,6 +625,15 @@ void EnterSmallSolver()
             return std::tuple(vector, m);
         },
         [](Mat<3> const& m, Dbl const& x) { return std::tuple(EigenVector(m, x), m); });
+}
+
+} // namespace
+
+void EnterSmallSolver()
+{
+    EnterFactorisation();
+    EnterInversesAndEigenvalues();
+    EnterEigenvector();
 }
 
 } // namespace oracle

@@ -209,12 +209,11 @@ void EnterExtremesOfThree(std::string const& name)
 // ---- What every fixed-size vector has ----------------------------------------------------------------
 
 template <class V, class E>
-void EnterVector(std::string const& name)
+void EnterVectorArithmetic(std::string const& name)
 {
     constexpr int N = sizeOf<V>;
     using T = ElementOf<V>;
     using Values = Vec<E, N>;
-
     auto each = [](auto rule) {
         return [rule](Values const& a, auto const& b) {
             Values result;
@@ -247,13 +246,6 @@ void EnterVector(std::string const& name)
     auto const minus = each([](E const& a, Values const& b, int i) {
         return Slip("the other way round") ? To<E>(b[i] - a) : To<E>(a - b[i]);
     });
-    auto const negated = [](Values const& a) {
-        Values result;
-        for (int i = 0; i < N; ++i)
-            result[i] = To<E>(Slip("from zero") ? 0.0 - a[i] : -Dbl(a[i]));
-        return result;
-    };
-
     Add(
         name + "::operator*=", DrawScaled<V, T>, [](V v, T s) { return V(v *= s); }, times);
     Add(
@@ -262,10 +254,6 @@ void EnterVector(std::string const& name)
         name + "::operator+=", DrawPair<V>, [](V a, V const& b) { return V(a += b); }, plus);
     Add(
         name + "::operator-=", DrawPair<V>, [](V a, V const& b) { return V(a -= b); }, minus);
-    Add(
-        name + "::Negate", DrawOne<V>, [](V a) { return V(a.Negate()); }, negated);
-    Add(
-        name + "::GetNegatedCopy", DrawOne<V>, [](V const& a) { return a.GetNegatedCopy(); }, negated);
     Add(
         "operator*(" + name + ", scalar)", DrawScaled<V, T>, [](V const& v, T s) { return v * s; }, times);
     Add(
@@ -280,8 +268,34 @@ void EnterVector(std::string const& name)
         "operator-(" + name + ", " + name + ")", DrawPair<V>, [](V const& a, V const& b) { return a - b; },
         minus);
     Add(
-        "operator-(" + name + ")", DrawOne<V>, [](V const& a) { return -a; }, negated);
+        name + "::ElemMult", DrawPair<V>, [](V const& a, V const& b) { return a.ElemMult(b); },
+        each([](E const& a, Values const& b, int i) { return To<E>(a * b[i]); }));
+    Add(
+        name + "::ElemDiv", DrawPair<V>, [](V const& a, V const& b) { return a.ElemDiv(b); },
+        each([](E const& a, Values const& b, int i) {
+            if (Slip("by the reciprocal"))
+                return To<E>(a * To<E>(1.0 / b[i]));
+            return Slip("the other way round") ? To<E>(b[i] / a) : To<E>(a / b[i]);
+        }));
+}
 
+template <class V, class E>
+void EnterVectorProducts(std::string const& name)
+{
+    constexpr int N = sizeOf<V>;
+    using Values = Vec<E, N>;
+    auto const negated = [](Values const& a) {
+        Values result;
+        for (int i = 0; i < N; ++i)
+            result[i] = To<E>(Slip("from zero") ? 0.0 - a[i] : -Dbl(a[i]));
+        return result;
+    };
+    Add(
+        name + "::Negate", DrawOne<V>, [](V a) { return V(a.Negate()); }, negated);
+    Add(
+        name + "::GetNegatedCopy", DrawOne<V>, [](V const& a) { return a.GetNegatedCopy(); }, negated);
+    Add(
+        "operator-(" + name + ")", DrawOne<V>, [](V const& a) { return -a; }, negated);
     Add(
         name + "::Dot", DrawPair<V>, [](V const& a, V const& b) { return a.Dot(b); },
         [](Values const& a, Values const& b) {
@@ -303,18 +317,6 @@ void EnterVector(std::string const& name)
                 return To<E>(Single(first + second) + a[N - 1] * b[N - 1]);
             return N == 2 ? To<E>(first + second) : To<E>((first + second) + a[N - 1] * b[N - 1]);
         });
-
-    Add(
-        name + "::ElemMult", DrawPair<V>, [](V const& a, V const& b) { return a.ElemMult(b); },
-        each([](E const& a, Values const& b, int i) { return To<E>(a * b[i]); }));
-    Add(
-        name + "::ElemDiv", DrawPair<V>, [](V const& a, V const& b) { return a.ElemDiv(b); },
-        each([](E const& a, Values const& b, int i) {
-            if (Slip("by the reciprocal"))
-                return To<E>(a * To<E>(1.0 / b[i]));
-            return Slip("the other way round") ? To<E>(b[i] / a) : To<E>(a / b[i]);
-        }));
-
     Add(
         name + "::LengthSquared", DrawOne<V>, [](V const& a) { return a.LengthSquared(); },
         [](Values const& a) {
@@ -333,6 +335,14 @@ void EnterVector(std::string const& name)
                 return To<E>(Sqrt(ProductSum(a, a)));
             return LengthOf(a);
         });
+}
+
+template <class V, class E>
+void EnterVectorNormalisation(std::string const& name)
+{
+    constexpr int N = sizeOf<V>;
+    using T = ElementOf<V>;
+    using Values = Vec<E, N>;
     auto const normalized = [](Values const& a) {
         if (!isSingle<E> && Slip("in the range of a double")) {
             Values result = a;
@@ -368,11 +378,6 @@ void EnterVector(std::string const& name)
     Add(
         name + "::GetNormalizedCopy", DrawOne<V>, [](V const& a) { return a.GetNormalizedCopy(); },
         normalized);
-
-    // Tests and order.
-    auto const drawEither = [](Source& source) {
-        return source.Below(2) ? DrawTiedPair<V>(source) : DrawPair<V>(source);
-    };
     Add(
         name + "::IsNull",
         [](Source& source) {
@@ -391,6 +396,18 @@ void EnterVector(std::string const& name)
                     null = 0;
             return null;
         });
+}
+
+template <class V, class E>
+void EnterVectorComparison(std::string const& name)
+{
+    constexpr int N = sizeOf<V>;
+    using T = ElementOf<V>;
+    using Values = Vec<E, N>;
+    // Tests and order.
+    auto const drawEither = [](Source& source) {
+        return source.Below(2) ? DrawTiedPair<V>(source) : DrawPair<V>(source);
+    };
     Add(
         name + "::IsZeroLength",
         [](Source& source) {
@@ -456,7 +473,14 @@ void EnterVector(std::string const& name)
                     greater = 0;
             return greater;
         });
+}
 
+template <class V, class E>
+void EnterVectorDirections(std::string const& name)
+{
+    constexpr int N = sizeOf<V>;
+    using T = ElementOf<V>;
+    using Values = Vec<E, N>;
     // Direction.
     auto const drawDirection = [](bool perpendicular) {
         return [perpendicular](Source& source) {
@@ -524,6 +548,14 @@ void EnterVector(std::string const& name)
         [](Values const& a, Values const& b, E const& s) {
             return UnitDirectionOf(Direction::Perpendicular, a, b, s);
         });
+}
+
+template <class V, class E>
+void EnterVectorAngles(std::string const& name)
+{
+    constexpr int N = sizeOf<V>;
+    using T = ElementOf<V>;
+    using Values = Vec<E, N>;
     Add(
         name + "::IsEqualTo",
         [](Source& source) {
@@ -558,7 +590,6 @@ void EnterVector(std::string const& name)
             return std::tuple(a, b, angular, source.Tolerance(Rounded<T>(distance)));
         },
         [](V const& a, V const& b, T s, T l) { return a.IsEqualTo(b, s, l); }, EqualOf<E, N>);
-
     Add(
         name + "::GetAngleWith", DrawPair<V>, [](V const& a, V const& b) { return a.GetAngleWith(b); },
         AngleOf<E, N>);
@@ -575,6 +606,17 @@ void EnterVector(std::string const& name)
                                                             : along * u[i]);
             return result;
         });
+}
+
+template <class V, class E>
+void EnterVector(std::string const& name)
+{
+    EnterVectorArithmetic<V, E>(name);
+    EnterVectorProducts<V, E>(name);
+    EnterVectorNormalisation<V, E>(name);
+    EnterVectorComparison<V, E>(name);
+    EnterVectorDirections<V, E>(name);
+    EnterVectorAngles<V, E>(name);
 }
 
 // ---- Three components ----------------------------------------------------------------------------------
@@ -686,13 +728,9 @@ auto DrawTurn(Source& source)
     return std::tuple(a, source.Below(5) ? Unitised(axis) : axis, source.Angle());
 }
 
-void EnterVec3Dbl()
+void EnterPerpendiculars()
 {
     using V = Vec3Dbl;
-    EnterVector<V, Dbl>("Vec3Dbl");
-    EnterVectorOfThree<V, Dbl>("Vec3Dbl");
-    EnterOrder();
-
     Add(
         "Vec3Dbl::GetPerpendicular",
         [](Source& source) {
@@ -753,12 +791,15 @@ void EnterVec3Dbl()
     Add(
         "Vec3Dbl::Rotate", DrawTurn,
         [](V a, V const& axis, double angle) { return V(a.Rotate(axis, angle)); }, RotatedOf);
-
     Add(
         "Vec3Dbl(Vec3Flt)", DrawOne<Vec3Flt>, [](Vec3Flt const& a) { return Vec3Dbl(a); },
         [](F3 const& a) {
             return V3{{a[0], a[1], a[2]}};
         });
+}
+
+void EnterWidening()
+{
     Add(
         "Vec3Dbl::operator=(Vec3Flt)", DrawOne<Vec3Flt>,
         [](Vec3Flt const& a) {
@@ -769,6 +810,16 @@ void EnterVec3Dbl()
         [](F3 const& a) {
             return V3{{a[0], a[1], a[2]}};
         });
+}
+
+void EnterVec3Dbl()
+{
+    using V = Vec3Dbl;
+    EnterVector<V, Dbl>("Vec3Dbl");
+    EnterVectorOfThree<V, Dbl>("Vec3Dbl");
+    EnterOrder();
+    EnterPerpendiculars();
+    EnterWidening();
 }
 
 /// Doubles at and around what a float can hold.

@@ -21,16 +21,16 @@ template <class Object, class Number, class = void>
 constexpr bool givesTwo = false;
 template <class Object, class Number>
 constexpr bool givesTwo<Object, Number,
-                        std::void_t<decltype(std::declval<Object>().GetValue(std::declval<Number&>(),
-                                                                             std::declval<Number&>()))>> = true;
+                        std::void_t<decltype(std::declval<Object>().GetValue(
+                            std::declval<Number&>(), std::declval<Number&>()))>> = true;
 
 template <class Object, class Number, class = void>
 constexpr bool givesThree = false;
 template <class Object, class Number>
-constexpr bool
-    givesThree<Object, Number,
-               std::void_t<decltype(std::declval<Object>().GetValue(
-                   std::declval<Number&>(), std::declval<Number&>(), std::declval<Number&>()))>> = true;
+constexpr bool givesThree<Object, Number,
+                          std::void_t<decltype(std::declval<Object>().GetValue(
+                              std::declval<Number&>(), std::declval<Number&>(), std::declval<Number&>()))>> =
+    true;
 
 } // namespace vexor_test
 
@@ -88,14 +88,14 @@ public:
     }
 
     /// 7/3, 20/3 and 17/3, rounded. Of each, the product with the rounded 1/3 is the neighbour given below.
-    static constexpr Triple quotients = isDouble ? Triple{Number(0x1.2aaaaaaaaaaabp+1), Number(0x1.aaaaaaaaaaaabp+2),
-                                                        Number(0x1.6aaaaaaaaaaabp+2)}
-                                                : Triple{Number(0x1.2aaaaap+1f), Number(0x1.aaaaaap+2f),
-                                                        Number(0x1.6aaaaap+2f)};
-    static constexpr Triple products = isDouble ? Triple{Number(0x1.2aaaaaaaaaaaap+1), Number(0x1.aaaaaaaaaaaaap+2),
-                                                       Number(0x1.6aaaaaaaaaaaap+2)}
-                                               : Triple{Number(0x1.2aaaacp+1f), Number(0x1.aaaaacp+2f),
-                                                       Number(0x1.6aaaacp+2f)};
+    static constexpr Triple quotients =
+        isDouble
+            ? Triple{Number(0x1.2aaaaaaaaaaabp+1), Number(0x1.aaaaaaaaaaaabp+2), Number(0x1.6aaaaaaaaaaabp+2)}
+            : Triple{Number(0x1.2aaaaap+1f), Number(0x1.aaaaaap+2f), Number(0x1.6aaaaap+2f)};
+    static constexpr Triple products =
+        isDouble
+            ? Triple{Number(0x1.2aaaaaaaaaaaap+1), Number(0x1.aaaaaaaaaaaaap+2), Number(0x1.6aaaaaaaaaaaap+2)}
+            : Triple{Number(0x1.2aaaacp+1f), Number(0x1.aaaaacp+2f), Number(0x1.6aaaacp+2f)};
 };
 
 TYPED_TEST_SUITE_P(ComponentRules);
@@ -104,10 +104,10 @@ TYPED_TEST_SUITE_P(ComponentRules);
     using F [[maybe_unused]] = TestFixture;                                                                  \
     using C [[maybe_unused]] = TypeParam;                                                                    \
     using N [[maybe_unused]] = typename F::Number;                                                           \
-    using Three [[maybe_unused]] = typename F::Triple;                                                        \
-    [[maybe_unused]] constexpr N nan = F::notANumber;                                                               \
+    using Three [[maybe_unused]] = typename F::Triple;                                                       \
+    [[maybe_unused]] constexpr N nan = F::notANumber;                                                        \
     [[maybe_unused]] constexpr N infinity = F::infinite;                                                     \
-    [[maybe_unused]] constexpr int size = static_cast<int>(F::count);                                         \
+    [[maybe_unused]] constexpr int size = static_cast<int>(F::count);                                        \
     using vexor_test::Above;                                                                                 \
     using vexor_test::Below;                                                                                 \
     using vexor_test::Opaque
@@ -255,7 +255,8 @@ TYPED_TEST_P(ComponentRules, MultiplyAssign)
     F::ExpectBits(scaled, {4, -6, -10});
     scaled *= scaled.y;
     F::ExpectBits(scaled, {-24, 36, 60});
-    F::ExpectEach({F::nearOne, 0, 1}, {F::itsSquare, 0, F::nearOne}, [](C v) { return v *= Opaque(F::nearOne); });
+    F::ExpectEach({F::nearOne, 0, 1}, {F::itsSquare, 0, F::nearOne},
+                  [](C v) { return v *= Opaque(F::nearOne); });
 }
 
 TYPED_TEST_P(ComponentRules, MultiplyByScalar)
@@ -293,7 +294,8 @@ TYPED_TEST_P(ComponentRules, DivideByScalarMultipliesByTheReciprocal)
     F::ExpectEach({0, 1, -1}, {nan, infinity, -infinity}, [](C const& v) { return v / Opaque(N(0)); });
     // 1/s overflows where the quotient would not.
     N const tiny = F::isDouble ? N(0x1p-1050) : N(0x1p-140);
-    F::ExpectEach({tiny, 0, -tiny}, {infinity, nan, -infinity}, [tiny](C const& v) { return v / Opaque(tiny); });
+    F::ExpectEach({tiny, 0, -tiny}, {infinity, nan, -infinity},
+                  [tiny](C const& v) { return v / Opaque(tiny); });
 }
 
 // ---- Comparison ------------------------------------------------------------------------------------
@@ -302,7 +304,8 @@ TYPED_TEST_P(ComponentRules, EqualAndUnequal)
 {
     COMPONENT_RULES_TYPES;
     C const same = F::Make({1, 2, 3});
-    static_assert(std::is_same_v<decltype(same == same), int> && std::is_same_v<decltype(same != same), int>, "");
+    static_assert(std::is_same_v<decltype(same == same), int> && std::is_same_v<decltype(same != same), int>,
+                  "");
     EXPECT_EQ(same == F::Make({1, 2, 3}), 1);
     EXPECT_EQ(same != F::Make({1, 2, 3}), 0);
     EXPECT_EQ(C(N(0)) == C(N(-0.0)), 1);
@@ -355,7 +358,7 @@ TYPED_TEST_P(ComponentRules, IsLessThanAndIsGreaterThanAreNotStrict)
     EXPECT_EQ(C(N(-0.0)).IsGreaterThan(C(N(0))), 1);
 }
 
-REGISTER_TYPED_TEST_SUITE_P(ComponentRules, Layout, DefaultConstructor, Constructors, Assignment, SetValue, GetValue,
-                            Index, MultiplyAssign, MultiplyByScalar, DivideAssignTrulyDivides,
+REGISTER_TYPED_TEST_SUITE_P(ComponentRules, Layout, DefaultConstructor, Constructors, Assignment, SetValue,
+                            GetValue, Index, MultiplyAssign, MultiplyByScalar, DivideAssignTrulyDivides,
                             DivideByScalarMultipliesByTheReciprocal, EqualAndUnequal,
                             IsLessThanAndIsGreaterThanAreNotStrict);
