@@ -12,7 +12,7 @@ public:
     float length;        ///< In the caller's unit of length.
     float lengthSquared; ///< Square of the length.
 
-    /// An angle of 1e-7 and a length of 1e-5.
+    /// An angle of 1e-7 and a length of 1e-5: constants, the same in every rounding mode.
     VEXOR_API VexorTolerance();
     /// Copies.
     VexorTolerance(VexorTolerance const&) = default;

@@ -2,7 +2,6 @@
 #include <vexor/dynamic/VecDbl.h>
 #include <vexor/foundation/detail/Elementary.h>
 #include <vexor/foundation/detail/Scalar.h>
-#include <vexor/foundation/private/StartUp.h>
 #include <vexor/matrices/Mat3Dbl.h>
 #include <vexor/matrices/private/Crout.h>
 #include <vexor/matrices/private/FactorMark.h>

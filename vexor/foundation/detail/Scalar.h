@@ -32,6 +32,8 @@ inline Number Choose(bool condition, Number yes, Number no)
 // With an L, and exact as a long double: -fsingle-precision-constant makes singles of all other constants.
 inline constexpr double pi = 0x1.921fb54442d18p+1L;
 inline constexpr double twoPi = 0x1.921fb54442d18p+2L;
+/// The double nearest the square root of 3, for the closed-form eigenvalues of a 3×3 matrix.
+inline constexpr double squareRootOfThree = 0x1.bb67ae8584caap+0L;
 static_assert(sizeof(1.0) != sizeof(double) || (pi == 3.141592653589793 && twoPi == 6.283185307179586));
 
 /// The absolute value as the library forms it: v if v > 0, else −v. So a zero has the magnitude −0.0,
