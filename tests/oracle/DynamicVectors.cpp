@@ -93,7 +93,7 @@ int DirectionOf(Direction kind, Dyn<E> const& a, Dyn<E> const& b, E const& angul
                 bool ownLength = true)
 {
     DemandSameSize(a, b);
-    Dbl const limit = ResolvedLength(length);
+    Dbl const limit = DirectionLimit(length);
     E const A = Sum(a, a), B = Sum(b, b);
     if (Slip("strict length test of the object") ? A < limit : A <= limit)
         return 0;
@@ -102,7 +102,7 @@ int DirectionOf(Direction kind, Dyn<E> const& a, Dyn<E> const& b, E const& angul
     E const d = Sum(a, b);
     if (kind == Direction::Codirectional && !(d > 0.0))
         return 0;
-    Dbl q = d * d / A / B;
+    Dbl q = SquaredCosine(d, A, B);
     if (!isSingle<E> || kind == Direction::Parallel) { // else the rounding to float hides the order
         if (Slip("d² is divided by A·B"))
             q = d * d / (A * B);

@@ -29,8 +29,8 @@ int DirectionOf(Direction kind, Vec<E, N> const& a, Vec<E, N> const& b, E const&
                 bool ownLength = true)
 {
     Dbl const limit = ownLength && Slip("length argument of 0 selects the global") && Dbl(length) <= 0.0
-                          ? ResolvedLength(E(-1))
-                          : ResolvedLength(length);
+                          ? DirectionLimit(E(-1))
+                          : DirectionLimit(length);
     Dbl const A = Stored<E>(ProductSum(a, a), "A is not rounded");
     if (Slip("strict length test of the object") ? A < limit : A <= limit)
         return 0;
@@ -43,7 +43,7 @@ int DirectionOf(Direction kind, Vec<E, N> const& a, Vec<E, N> const& b, E const&
     Dbl const d = Stored<E>(ProductSum(a, b), "d is not rounded");
     if (kind == Direction::Codirectional && !(d > 0.0))
         return 0;
-    Dbl q = ((d * d) / A) / B;
+    Dbl q = SquaredCosine(d, A, B);
     if (!isSingle<
             E> || (ownLength && kind != Direction::Perpendicular)) { // else the rounding to float hides it
         if (Slip("d² is divided by A·B"))

@@ -128,6 +128,21 @@ Dbl ResolvedLength(E const& argument)
     return argument < 0.0 ? Dbl(static_cast<double>(globalTolerance.lengthSquared)) : Dbl(argument);
 }
 
+/// The squared length up to which a vector has no direction. One of 0 never has, whatever the tolerance.
+template <class E>
+Dbl DirectionLimit(E const& argument)
+{
+    Dbl const limit = ResolvedLength(argument);
+    return limit > 0.0 ? limit : Dbl(0.0);
+}
+
+/// ((d·d) / A) / B. The smallest double goes to each divisor; it changes none from 2^-1020 on.
+inline Dbl SquaredCosine(Dbl const& d, Dbl const& a, Dbl const& b)
+{
+    Dbl const least(0x1p-1074);
+    return ((d * d) / (a + least)) / (b + least);
+}
+
 template <class E>
 Dbl ResolvedAngle(E const& argument)
 {

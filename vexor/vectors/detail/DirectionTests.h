@@ -3,6 +3,8 @@
 #include <vexor/foundation/detail/Scalar.h>
 #include <vexor/foundation/detail/Tolerance.h>
 
+#include <limits>
+
 // What all six floating vector classes share of their geometry, over the element type. Each class
 // hands in its own dot product d and squared lengths A and B, already rounded as that class rounds
 // them; from there on everything is computed in double and rounded at the points named here, which
@@ -14,20 +16,28 @@ VEXOR_EXACT_BEGIN
 
 namespace vexor::detail {
 
-/// 1 unless one of the two squared lengths counts as zero. A NaN counts as longer.
+/// 1 unless one of the two squared lengths counts as zero. A squared length of 0 always does, also where the
+/// tolerance is NaN. With a NaN among the two the answer means nothing; the squared cosine is NaN then.
 template <class Element>
 inline int AreBothLonger(Element a, Element b, Element lengthArgument)
 {
-    Element const tolerance = LengthTolerance(lengthArgument);
-    return int(!(a <= tolerance)) & int(!(b <= tolerance));
+    Element const argument = LengthTolerance(lengthArgument);
+    Element const tolerance = argument > Element(0) ? argument : Element(0);
+    Element const smaller = a < b ? a : b;
+    return !(smaller <= tolerance);
 }
 
 /// The squared cosine ((d·d) / A) / B, in double and without a root.
+///
+/// 0 / 0 would raise FE_INVALID, for vectors that count as zero anyway. So the smallest double is added to each
+/// divisor, which changes none from 2^-1020 on. Replacing a zero by a selection instead takes 5 to 20 % longer
+/// in a loop over vectors, and a branch keeps the loop from vectorising.
 template <class Element>
 inline double SquaredCosine(Element d, Element a, Element b)
 {
+    constexpr double least = std::numeric_limits<double>::denorm_min();
     double const dot = d;
-    return ((dot * dot) / a) / b;
+    return ((dot * dot) / (a + least)) / (b + least);
 }
 
 /// 1 − cos² within the tolerance. It is not clamped: rounding may take it below 0, which passes.
