@@ -30,15 +30,15 @@ extern "C" int LLVMFuzzerTestOneInput(std::uint8_t const* data, std::size_t size
     Source drawn = source;
     operation.Run(drawn, &library, &rule, nullptr);
     if (library != rule) {
-        std::string operands;
+        Outcome operands;
         drawn = source;
         operation.Run(drawn, nullptr, nullptr, &operands);
-        std::fprintf(stderr,
-                     "%s\n  operands %s\n  global   sin2Angle %a, lengthSquared %a\n  library  %s\n"
-                     "  rule     %s\n",
-                     operation.name.c_str(), operands.c_str(), static_cast<double>(globalTolerance.sin2Angle),
-                     static_cast<double>(globalTolerance.lengthSquared), library.Text().c_str(),
-                     rule.Text().c_str());
+        std::fprintf(
+            stderr,
+            "%s\n  operands %s\n  global   sin2Angle %a, lengthSquared %a\n  library  %s\n"
+            "  rule     %s\n",
+            operation.name.c_str(), operands.Text().c_str(), static_cast<double>(globalTolerance.sin2Angle),
+            static_cast<double>(globalTolerance.lengthSquared), library.Text().c_str(), rule.Text().c_str());
         std::abort();
     }
     return 0;

@@ -56,9 +56,25 @@ E Sum(Dyn<E> const& a, Dyn<E> const& b)
     return Products(a, b);
 }
 
+/// From 0 in index order, with an exponent without bounds.
+Wide WideSum(Dyn<Dbl> const& a, Dyn<Dbl> const& b)
+{
+    Wide sum(0.0);
+    for (int i = 0; i < a.size; ++i)
+        sum = sum + Wide(a[i]) * Wide(b[i]);
+    return sum;
+}
+
+Wide WideLength(Dyn<Dbl> const& a)
+{
+    return Sqrt(WideSum(a, a));
+}
+
 template <class E>
 E Length(Dyn<E> const& a)
 {
+    if constexpr (!isSingle<E>)
+        return Narrow(WideLength(a));
     return To<E>(Sqrt(Sum(a, a)));
 }
 
@@ -78,7 +94,13 @@ Dyn<E> Normalized(Dyn<E> const& a)
         throw Raised{Raise::NullVector};
     if (Slip("the null test has a tolerance") && Sum(a, a) <= ResolvedLength(E(-1)))
         throw Raised{Raise::NullVector};
-    E const length = Length(a);
+    if constexpr (!isSingle<E>) {
+        if (!Slip("by the reciprocal") && !Slip("in the range of a double")) {
+            Wide const length = WideLength(a);
+            return Each<E>(a.size, [&](int i) { return Quotient(a[i], length); });
+        }
+    }
+    E const length = isSingle<E> ? Length(a) : To<E>(Sqrt(Sum(a, a)));
     bool const reciprocal = Slip("by the reciprocal"),
                kept = isSingle<E> && Slip("the length is not rounded");
     return Each<E>(a.size, [&](int i) {
@@ -378,12 +400,8 @@ void EnterDynamicLengths(std::string const& name)
     Add(
         name + "::Length", one, [](A const& a) { return Made(a).Length(); },
         [](Values const& a) {
-            if (Slip("over the whole range")) {
-                Wide sum(0.0);
-                for (int i = 0; i < a.size; ++i)
-                    sum = sum + Wide(a[i]) * Wide(a[i]);
-                return To<E>(Narrow(Sqrt(sum)));
-            }
+            if (!isSingle<E> && Slip("in the range of a double"))
+                return To<E>(Sqrt(Sum(a, a)));
             return Length(a);
         });
     Add(
@@ -394,6 +412,17 @@ void EnterDynamicLengths(std::string const& name)
         [](A const& a, A const& b) { return Made(a).GetProjectionOnTo(Made(b)); },
         [](Values const& a, Values const& b) {
             DemandSameSize(a, b);
+            if constexpr (!isSingle<E>) {
+                if (!Slip("in the range of a double") && !Slip("(a · b) / (b · b) times b")) {
+                    if (Null(b))
+                        throw Raised{Raise::NullVector};
+                    Wide const length = WideLength(b);
+                    Wide along(0.0);
+                    for (int i = 0; i < a.size; ++i)
+                        along = along + Wide(a[i]) * (Wide(b[i]) / length);
+                    return Each<E>(a.size, [&](int i) { return Product(along, Wide(b[i]) / length); });
+                }
+            }
             Values const n = [&] {
                 Sound const sound;
                 return Normalized(b);
@@ -407,11 +436,21 @@ void EnterDynamicLengths(std::string const& name)
         name + "::GetAngleWith", two, [](A const& a, A const& b) { return Made(a).GetAngleWith(Made(b)); },
         [](Values const& a, Values const& b) {
             DemandSameSize(a, b);
+            if constexpr (!isSingle<E>) {
+                if (Null(a) || Null(b))
+                    return E(0);
+                if (!Slip("in the range of a double")) {
+                    Wide const d = WideSum(a, b), first = WideLength(a), second = WideLength(b);
+                    Wide const c = Slip("divided by the product of the lengths") ? d / (first * second)
+                                                                                 : d / first / second;
+                    return Slip("no clamp") ? Acos(Narrow(c)) : ClampedAcos(Narrow(c));
+                }
+            }
             E const first = Length(a), second = Length(b);
             if (first == 0.0 || second == 0.0)
                 return E(0);
             Dbl c = Sum(a, b) / first / second;
-            if (Slip("divided by the product of the lengths"))
+            if (isSingle<E> && Slip("divided by the product of the lengths"))
                 c = Sum(a, b) / (first * second);
             if (isSingle<E> && Slip("the cosine is rounded"))
                 c = To<E>(c);

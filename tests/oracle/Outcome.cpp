@@ -1,8 +1,39 @@
 #include "oracle/Outcome.h"
 
+#include <algorithm>
+#include <cmath>
 #include <cstdio>
 
 namespace oracle {
+
+double Outcome::Word::Number() const
+{
+    double value = 0.0;
+    if (kind == 'd') {
+        std::memcpy(&value, &bits, sizeof value);
+    } else if (kind == 'f') {
+        std::uint32_t const low = static_cast<std::uint32_t>(bits);
+        float narrow;
+        std::memcpy(&narrow, &low, sizeof narrow);
+        value = static_cast<double>(narrow);
+    }
+    return value;
+}
+
+bool Outcome::IsFinite() const
+{
+    return std::all_of(words.begin(), words.end(),
+                       [](Word const& word) { return std::isfinite(word.Number()); });
+}
+
+bool Outcome::IsOrdinary() const
+{
+    return std::all_of(words.begin(), words.end(), [](Word const& word) {
+        double const size = std::fabs(word.Number());
+        double const most = word.kind == 'f' ? 1e6 : 1e20;
+        return size == 0.0 || (size >= 1.0 / most && size <= most);
+    });
+}
 
 std::string Outcome::Text() const
 {
@@ -12,14 +43,9 @@ std::string Outcome::Text() const
     char buffer[64];
     for (Word const& word : words) {
         if (word.kind == 'd') {
-            double value;
-            std::memcpy(&value, &word.bits, sizeof value);
-            std::snprintf(buffer, sizeof buffer, "%a ", value);
+            std::snprintf(buffer, sizeof buffer, "%a ", word.Number());
         } else if (word.kind == 'f') {
-            std::uint32_t const bits = static_cast<std::uint32_t>(word.bits);
-            float value;
-            std::memcpy(&value, &bits, sizeof value);
-            std::snprintf(buffer, sizeof buffer, "%af ", static_cast<double>(value));
+            std::snprintf(buffer, sizeof buffer, "%af ", word.Number());
         } else {
             std::snprintf(buffer, sizeof buffer, "%lld ", static_cast<long long>(word.bits));
         }

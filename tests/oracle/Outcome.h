@@ -26,6 +26,7 @@ public:
     void Clear()
     {
         raise = Raise::None;
+        caught = false;
         words.clear();
     }
 
@@ -46,7 +47,12 @@ public:
     void Put(std::int64_t value) { words.push_back({static_cast<std::uint64_t>(value), 'i'}); }
     void Put(int value) { Put(static_cast<std::int64_t>(value)); }
     void Put(bool value) { Put(static_cast<std::int64_t>(value)); }
-    void Put(Raise value) { Put(static_cast<std::int64_t>(value)); }
+    /// What an operation raised whose object is looked at afterwards.
+    void Put(Raise value)
+    {
+        Put(static_cast<std::int64_t>(value));
+        caught = caught || value != Raise::None;
+    }
     void Put(Dbl const& value) { Put(value.Value()); }
     void Put(Flt const& value) { Put(value.Value()); }
 
@@ -60,14 +66,22 @@ public:
 
     std::string Text() const;
 
+    /// All floating numbers are finite.
+    bool IsFinite() const;
+    /// All are 0, or of a size that no operation brings near the ends of its range.
+    bool IsOrdinary() const;
+    bool HasRaised() const { return raise != Raise::None || caught; }
+
 private:
     struct Word {
         std::uint64_t bits;
-        char kind;
+        char kind; // 'd', 'f' or 'i'
+        double Number() const;
         friend bool operator==(Word const& a, Word const& b) { return a.bits == b.bits && a.kind == b.kind; }
     };
 
     Raise raise = Raise::None;
+    bool caught = false;
     std::vector<Word> words;
 };
 

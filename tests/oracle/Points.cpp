@@ -46,6 +46,18 @@ E DistanceSquared(Vec<E, N> const& a, Vec<E, N> const& b)
 template <class E, int N>
 E Distance(Vec<E, N> const& a, Vec<E, N> const& b)
 {
+    if constexpr (std::is_same_v<E, Dbl>) {
+        if (!Slip("in the range of a double")) {
+            bool const fused = Slip("the squares are fused"), backwards = N == 3 && Slip("from the last on");
+            Wide sum(0.0);
+            for (int k = 0; k < N; ++k) {
+                int const i = backwards ? N - 1 - k : k;
+                Wide const d = Wide(a[i]) - Wide(b[i]);
+                sum = fused ? Fused(d, d, sum) : sum + d * d;
+            }
+            return Narrow(Sqrt(sum));
+        }
+    }
     return To<E>(Sqrt(DistanceSquared(a, b)));
 }
 

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cstring>
 
+#include <cfenv>
+
 namespace oracle {
 
 namespace {
@@ -34,6 +36,49 @@ std::vector<std::unique_ptr<Operation>>& Operations()
 {
     static std::vector<std::unique_ptr<Operation>> operations;
     return operations;
+}
+
+Exceptions exceptions;
+
+namespace {
+
+constexpr int watchedExceptions = FE_INVALID | FE_DIVBYZERO;
+
+/// Keeps a compiler from moving the arithmetic on what the pointer leads to past this place.
+void Fence(void const* data)
+{
+#if defined(__GNUC__)
+    __asm__ volatile("" : : "r"(data) : "memory");
+#else
+    static void const* volatile fence;
+    fence = data;
+#endif
+}
+
+} // namespace
+
+void Exceptions::Begin(void const* operands)
+{
+    if (!watched)
+        return;
+    raised = 0;
+    std::feclearexcept(FE_ALL_EXCEPT);
+#if defined(__GLIBC__)
+    if (trapping)
+        feenableexcept(watchedExceptions);
+#endif
+    Fence(operands);
+}
+
+void Exceptions::End(void const* result)
+{
+    if (!watched)
+        return;
+    Fence(result);
+    raised = std::fetestexcept(watchedExceptions);
+#if defined(__GLIBC__)
+    fedisableexcept(watchedExceptions);
+#endif
 }
 
 } // namespace oracle

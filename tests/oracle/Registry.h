@@ -41,14 +41,26 @@ inline bool Slip(char const* name)
     return slips.on && slips.Asked(name);
 }
 
+/// The floating-point exceptions FE_INVALID and FE_DIVBYZERO of the last call of the library, if they are
+/// watched. With trapping on, each ends the program, where the platform can do that.
+struct Exceptions {
+    bool watched = false;
+    bool trapping = false;
+    int raised = 0;
+
+    void Begin(void const* operands);
+    void End(void const* result);
+};
+extern Exceptions exceptions;
+
 /// One operation: how its operands are drawn, how the library is called, and the rule.
 class Operation {
 public:
     explicit Operation(std::string operationName);
     virtual ~Operation() = default;
 
-    /// Draws the operands and fills the outcomes and the operands' text, each if asked for.
-    virtual void Run(Source& source, Outcome* library, Outcome* rule, std::string* operands) const = 0;
+    /// Draws the operands and fills the outcomes and the operands' numbers, each if asked for.
+    virtual void Run(Source& source, Outcome* library, Outcome* rule, Outcome* operands) const = 0;
 
     std::string const name;
     std::uint64_t const key; // of the name, for the operands' stream
@@ -63,17 +75,23 @@ public:
         : Operation(std::move(operationName)), draw(drawOperands), call(callLibrary), state(stateRule)
     {}
 
-    void Run(Source& source, Outcome* library, Outcome* rule, std::string* operands) const override
+    void Run(Source& source, Outcome* library, Outcome* rule, Outcome* operands) const override
     {
         auto const drawn = draw(source);
         if (operands) {
-            Outcome text;
-            std::apply([&](auto const&... operand) { (Put(text, Converted(operand)), ...); }, drawn);
-            *operands = text.Text();
+            operands->Clear();
+            std::apply([&](auto const&... operand) { (Put(*operands, Converted(operand)), ...); }, drawn);
         }
         if (library)
             CallLibrary(*library, [&] {
-                std::apply([&](auto const&... operand) { PutAll(*library, call(operand...)); }, drawn);
+                std::apply(
+                    [&](auto const&... operand) {
+                        exceptions.Begin(&drawn);
+                        auto const result = call(operand...);
+                        exceptions.End(&result);
+                        PutAll(*library, result);
+                    },
+                    drawn);
             });
         if (rule) {
             rule->Clear();

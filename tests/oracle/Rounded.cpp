@@ -172,6 +172,25 @@ Wide operator+(Wide const& left, Wide const& right)
     });
 }
 
+Wide operator-(Wide const& left, Wide const& right)
+{
+    return Unbounded([&](mpfr_ptr r, mpfr_rnd_t mode) {
+        return mpfr_sub(r, left.Number().Get(), right.Number().Get(), mode);
+    });
+}
+
+Wide operator-(Wide const& value)
+{
+    return Wide(-value.Number());
+}
+
+Wide Fused(Wide const& left, Wide const& right, Wide const& addend)
+{
+    return Unbounded([&](mpfr_ptr r, mpfr_rnd_t mode) {
+        return mpfr_fma(r, left.Number().Get(), right.Number().Get(), addend.Number().Get(), mode);
+    });
+}
+
 Wide operator*(Wide const& left, Wide const& right)
 {
     return Unbounded([&](mpfr_ptr r, mpfr_rnd_t mode) {
@@ -195,6 +214,11 @@ Dbl Product(Dbl const& left, Wide const& right)
 {
     return Rounded(
         [&](mpfr_ptr r, mpfr_rnd_t mode) { return mpfr_mul(r, left.Get(), right.Number().Get(), mode); });
+}
+
+Dbl Product(Wide const& left, Wide const& right)
+{
+    return Product(left.Number(), right);
 }
 
 Dbl Quotient(Dbl const& left, Wide const& right)

@@ -104,11 +104,15 @@ bool operator==(Dbl const& left, Dbl const& right);
 bool operator!=(Dbl const& left, Dbl const& right);
 
 Wide operator+(Wide const& left, Wide const& right);
+Wide operator-(Wide const& left, Wide const& right);
+Wide operator-(Wide const& value);
 Wide operator*(Wide const& left, Wide const& right);
 Wide Sqrt(Wide const& value);
 Wide operator/(Wide const& left, Wide const& right);
+Wide Fused(Wide const& left, Wide const& right, Wide const& addend);
 /// Rounded once, to a double.
 Dbl Product(Dbl const& left, Wide const& right);
+Dbl Product(Wide const& left, Wide const& right);
 Dbl Quotient(Dbl const& left, Wide const& right);
 Dbl Narrow(Wide const& value);
 

@@ -29,12 +29,14 @@ inline void EnterFixedSizeStatements()
     EnterIntegers();
 }
 
-inline void EnterAllStatements()
+/// All, or all but those that rest on LAPACK.
+inline void EnterStatements(bool withDrivers = true)
 {
     EnterFixedSizeStatements();
     EnterDynamicVectors();
     EnterDynamicMatrices();
-    EnterDrivers();
+    if (withDrivers)
+        EnterDrivers();
 }
 
 } // namespace oracle

@@ -104,9 +104,28 @@ int EqualOf(Vec<E, N> const& a, Vec<E, N> const& b, E const& angular, E const& l
     return Slip("strict distance test") ? square < limit : square <= limit;
 }
 
+template <int N>
+Dbl WideAngleOf(Vec<Dbl, N> const& a, Vec<Dbl, N> const& b)
+{
+    if (NullOf(a) || NullOf(b))
+        return 0.0;
+    Wide const first = WideLength(a), second = WideLength(b);
+    Wide const d = WideDot(Widened(a), Widened(b));
+    Wide c = (d / first) / second;
+    if (Slip("divided by the product of the lengths"))
+        c = d / (first * second);
+    if (Slip("divided by the other length first"))
+        c = (d / second) / first;
+    if (Slip("in the range of a double"))
+        c = Wide((ProductSum(a, b) / LengthOf(a)) / LengthOf(b));
+    return Slip("no clamp") ? Acos(Narrow(c)) : ClampedAcos(Narrow(c));
+}
+
 template <class E, int N>
 E AngleOf(Vec<E, N> const& a, Vec<E, N> const& b)
 {
+    if constexpr (!isSingle<E>)
+        return WideAngleOf(a, b);
     E const first = LengthOf(a);
     if (first == 0.0)
         return E(0);
@@ -597,6 +616,21 @@ void EnterVectorAngles(std::string const& name)
         name + "::GetProjectionOnTo", DrawPair<V>,
         [](V const& a, V const& b) { return a.GetProjectionOnTo(b); },
         [](Values const& a, Values const& b) {
+            if constexpr (!isSingle<E>) {
+                if (!Slip("in the range of a double") && !Slip("(a · b) / (b · b) times b")) {
+                    if (NullOf(b))
+                        throw Raised{Raise::NullVector};
+                    WideVec<N> u = Widened(b);
+                    Wide const length = WideLength(b);
+                    for (Wide& component : u)
+                        component = component / length;
+                    Wide const along = WideDot(Widened(a), u);
+                    Values result;
+                    for (int i = 0; i < N; ++i)
+                        result[i] = Product(along, u[static_cast<std::size_t>(i)]);
+                    return result;
+                }
+            }
             Values const u = NormalizedOf(b);
             Values result;
             Dbl const along = Stored<E>(ProductSum(a, u), "the dot product is not rounded");
@@ -646,13 +680,22 @@ void EnterVectorOfThree(std::string const& name)
         name + "::GetAreaFormedByTriangleWith", DrawPair<V>,
         [](V const& a, V const& b) { return a.GetAreaFormedByTriangleWith(b); },
         [](Values const& a, Values const& b) {
+            if constexpr (!isSingle<E>) {
+                if (!Slip("in the range of a double") && !Slip("by the cross product")) {
+                    Wide const d = WideDot(Widened(a), Widened(b));
+                    Wide const A = WideDot(Widened(a), Widened(a)), B = WideDot(Widened(b), Widened(b));
+                    Wide const difference =
+                        Slip("the difference is fused") ? Fused(A, B, -(d * d)) : A * B - d * d;
+                    if (Slip("clamped at 0") && difference.Number() < 0.0)
+                        return Dbl(0.0);
+                    return Product(Dbl(0.5), Sqrt(difference));
+                }
+            }
             Dbl const d = Stored<E>(ProductSum(a, b), "d is not rounded");
             Dbl const A = Stored<E>(ProductSum(a, a), "A is not rounded");
             Dbl const B = Stored<E>(ProductSum(b, b), "B is not rounded");
             Dbl difference = Stored<E>(A * B - d * d, "the difference is not rounded");
-            if (!isSingle<E> && Slip("the difference is fused"))
-                difference = To<E>(Fused(A, B, -(d * d)));
-            if (Slip("clamped at 0") && difference < 0.0)
+            if (isSingle<E> && Slip("clamped at 0") && difference < 0.0)
                 difference = 0.0;
             if (Slip("by the cross product"))
                 return To<E>(0.5 * LengthOf(CrossOf(a, b)));
@@ -997,6 +1040,10 @@ void EnterVectorOfTwo(std::string const& name)
                 return To<E>(0.5 * Single(cross(a, b)));
             if (Slip("without its sign"))
                 return To<E>(0.5 * Abs(cross(a, b)));
+            if constexpr (!isSingle<E>) {
+                if (!Slip("in the range of a double") && !Slip("clockwise"))
+                    return Product(Dbl(0.5), Wide(a[0]) * Wide(b[1]) - Wide(a[1]) * Wide(b[0]));
+            }
             return To<E>(0.5 * cross(a, b));
         });
     Add(
@@ -1140,30 +1187,43 @@ V3 RotatedOf(V3 const& a, V3 const& axis, Dbl const& angle)
 
 Dbl CounterClockwiseAngle(V3 const& a, V3 const& b, V3 const& normal)
 {
-    Dbl const limit = ResolvedLength(Dbl(-1.0));
-    if (Slip("strict length test of the first") ? LengthSquaredOf(a) < limit : LengthSquaredOf(a) <= limit)
-        return 0.0;
-    if (Slip("strict length test of the second") ? LengthSquaredOf(b) < limit : LengthSquaredOf(b) <= limit)
-        return 0.0;
-    V3 const u = NormalizedOf(a), v = NormalizedOf(b);
-    Dbl const none(-1.0);
-    auto const equal = [&](V3 const& other) {
-        Sound const sound;
-        return EqualOf(u, other, none, none) != 0;
+    Dbl const limit = ResolvedLength(Dbl(-1.0)), sine = ResolvedAngle(Dbl(-1.0));
+    auto const within = [&](Wide const& square, char const* slip = nullptr) {
+        return slip && Slip(slip) ? square.Number() < limit : square.Number() <= limit;
     };
-    bool const same = equal(v), opposite = equal(NegatedOf(v));
-    Dbl const angle = [&] {
-        Sound const sound;
-        return AngleOf(u, v);
-    }();
+    WideVec<3> u = Widened(a), v = Widened(b);
+    Wide const A = WideDot(u, u), B = WideDot(v, v);
+    if (within(A, "strict length test of the first") || within(B, "strict length test of the second"))
+        return 0.0;
+    if (Slip("in the range of a double") && (LengthSquaredOf(a) <= limit || LengthSquaredOf(b) <= limit))
+        return 0.0;
+    for (Wide& component : u)
+        component = component / Sqrt(A);
+    for (Wide& component : v)
+        component = component / Sqrt(B);
+
+    // Equality of u with v and with −v: null vectors (there are none), direction, distance.
+    Wide const U = WideDot(u, u), V = WideDot(v, v), d = WideDot(u, v);
+    auto const equal = [&](bool opposite) {
+        if (within(U) || within(V) || !(opposite ? d.Number() < 0.0 : d.Number() > 0.0))
+            return false;
+        if (!((Wide(1.0) - ((d * d) / U) / V).Number() <= sine))
+            return false;
+        WideVec<3> e = u;
+        for (std::size_t i = 0; i < 3; ++i)
+            e[i] = opposite ? u[i] + v[i] : u[i] - v[i];
+        return within(WideDot(e, e));
+    };
+    bool const same = equal(false), opposite = equal(true);
+    Dbl const angle = ClampedAcos(Narrow((d / Sqrt(U)) / Sqrt(V)));
     if (same) // no mistake here shows: the test of the cross product would catch the pair
         return 0.0;
     if (opposite)
         return pi;
-    V3 const c = CrossOf(u, v);
-    if (LengthSquaredOf(c) <= limit && !Slip("no test of the cross product"))
-        return DotOf(u, v) < 0.0 ? Dbl(pi) : Dbl(0.0);
-    Dbl const side = DotOf(normal, c);
+    WideVec<3> const c = {u[1] * v[2] - v[1] * u[2], u[2] * v[0] - u[0] * v[2], v[1] * u[0] - u[1] * v[0]};
+    if (within(WideDot(c, c)) && !Slip("no test of the cross product"))
+        return d.Number() < 0.0 ? Dbl(pi) : Dbl(0.0);
+    Dbl const side = WideDot(Widened(normal), c).Number();
     if (Slip("a side of exactly 0 turns back") ? side <= 0.0 : side < 0.0)
         return twoPi - angle;
     return angle;

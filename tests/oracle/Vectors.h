@@ -1,4 +1,6 @@
 #pragma once
+#include <array>
+
 #include "oracle/Registry.h"
 
 // Pieces of the vectors' rules that other classes' rules name.
@@ -26,14 +28,33 @@ E LengthSquaredOf(Vec<E, N> const& a)
     return DotOf(a, a);
 }
 
-/// The length of a double vector has the bits that an exponent without bounds would give.
+// Lengths, angles, areas, projections and distances of double vectors have the bits that an exponent without
+// bounds would give.
+template <int N>
+using WideVec = std::array<Wide, N>;
+
+template <int N>
+WideVec<N> Widened(Vec<Dbl, N> const& a)
+{
+    if constexpr (N == 2)
+        return {Wide(a[0]), Wide(a[1])};
+    else
+        return {Wide(a[0]), Wide(a[1]), Wide(a[2])};
+}
+
+template <std::size_t N>
+Wide WideDot(std::array<Wide, N> const& a, std::array<Wide, N> const& b)
+{
+    Wide sum = a[0] * b[0];
+    for (std::size_t i = 1; i < N; ++i)
+        sum = sum + a[i] * b[i];
+    return sum;
+}
+
 template <int N>
 Wide WideLength(Vec<Dbl, N> const& a)
 {
-    Wide sum = Wide(a[0]) * Wide(a[0]);
-    for (int i = 1; i < N; ++i)
-        sum = sum + Wide(a[i]) * Wide(a[i]);
-    return Sqrt(sum);
+    return Sqrt(WideDot(Widened(a), Widened(a)));
 }
 
 template <int N>

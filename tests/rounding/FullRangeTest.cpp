@@ -1,6 +1,8 @@
-// Length and Normalize of the double vectors over the whole range of a double, against MPFR with the
-// precision of a double and an exponent without limits: (x² + y²) + z² with a rounding at each step, its
-// root, and the quotients, which at last are narrowed to a double.
+// Lengths, angles, areas, projections and distances of the double vectors over the whole range of a double.
+// Length and Normalize are held against MPFR with the precision of a double and an exponent without limits:
+// (x² + y²) + z² with a rounding at each step, its root, and the quotients, which at last are narrowed to a
+// double. The oracle does the same with the other operations; here a scale by a power of two must change an
+// angle not at all, and all else by that power.
 
 #include <vexor/vexor.h>
 
@@ -177,6 +179,79 @@ TEST(FullRange, KnownLengths)
     EXPECT_SAME_BITS(Vec3Dbl(0x1.fffffffffffffp+511, 0x1.0000000000001p+485, 0x1p+485).Length(), 0x1p+512);
     Vec3Dbl const cube = Vec3Dbl(largest).GetNormalizedCopy(); // though its length is beyond a double
     EXPECT_SAME_BITS(cube.x, Vec3Dbl(1.0).GetNormalizedCopy().x);
+}
+
+VecDbl Dynamic(Vec3Dbl const& v)
+{
+    VecDbl result(3, 0.0);
+    v.GetValue(&result[0]);
+    return result;
+}
+
+constexpr double right = 1.5707963267948966; // π/2
+
+// Powers of two from the smallest denormal to the largest double.
+TEST(FullRange, AnglesDoNotDependOnTheLengths)
+{
+    gVexorTolerance.SetLength(0.0); // so that the angle with a sense looks at vectors of any length
+    Vec3Dbl const up(0, 0, 1);
+    for (int i = -1074; i <= 1023; ++i)
+        for (int j : {-1074, -1022, -600, -300, 0, 300, 600, 1023}) {
+            double const s = std::ldexp(1.0, i);
+            double const t = std::ldexp(1.0, j);
+            Vec3Dbl const x(s, 0, 0);
+            EXPECT_EQ(x.GetAngleWith(Vec3Dbl(t, 0, 0)), 0.0);
+            EXPECT_EQ(x.GetAngleWith(Vec3Dbl(-t, 0, 0)), 3.141592653589793);
+            EXPECT_EQ(x.GetAngleWith(Vec3Dbl(0, t, 0)), right);
+            EXPECT_EQ(x.GetAngleWith(Vec3Dbl(t, t, 0)), Vec3Dbl(1, 0, 0).GetAngleWith(Vec3Dbl(1, 1, 0)));
+            EXPECT_EQ(Vec2Dbl(s, 0).GetAngleWith(Vec2Dbl(t, t)), Vec2Dbl(1, 0).GetAngleWith(Vec2Dbl(1, 1)));
+            EXPECT_EQ(Dynamic(x).GetAngleWith(Dynamic(Vec3Dbl(t, t, 0))),
+                      Vec3Dbl(1, 0, 0).GetAngleWith(Vec3Dbl(1, 1, 0)));
+            EXPECT_EQ(x.GetCCWAngleWith(Vec3Dbl(0, t, 0), up), right);
+            EXPECT_EQ(x.GetCCWAngleWith(Vec3Dbl(0, t, 0), -t * up), 3 * right);
+            EXPECT_EQ(Vec2Dbl(s, 0).GetCCWAngleWith(Vec2Dbl(0, -t)), 3 * right);
+        }
+    gVexorTolerance = VexorTolerance();
+}
+
+TEST(FullRange, AreasDistancesAndProjectionsFollowTheScale)
+{
+    // The legs 3 and 4: a hypotenuse of 5, an area of 6, and on (1, 0) a projection of 3.
+    for (int i = -1070; i <= 1020; ++i) {
+        double const s = std::ldexp(1.0, i);
+        Vec3Dbl const v(3 * s, 4 * s, 0);
+        EXPECT_SAME_BITS(v.Length(), 5 * s);
+        EXPECT_SAME_BITS(Pnt3Dbl(v).DistanceTo(Pnt3Dbl(0.0)), 5 * s);
+        EXPECT_SAME_BITS(Pnt2Dbl(3 * s, 0).DistanceTo(Pnt2Dbl(0, 4 * s)), 5 * s);
+        EXPECT_SAME_BITS(Dynamic(v).Length(), 5 * s);
+        EXPECT_SAME_BITS(Dynamic(v).GetNormalizedCopy()[1], 4.0 / 5.0);
+        for (double t : {0x1p-1074, 0x1p-600, 1.0, 0x1p+1023}) {
+            EXPECT_EQ(v.GetProjectionOnTo(Vec3Dbl(t, 0, 0)), Vec3Dbl(3 * s, 0, 0));
+            EXPECT_EQ(Vec2Dbl(3 * s, 4 * s).GetProjectionOnTo(Vec2Dbl(0, t)), Vec2Dbl(0, 4 * s));
+            EXPECT_EQ(Dynamic(v).GetProjectionOnTo(Dynamic(Vec3Dbl(t, 0, 0)))[0], 3 * s);
+        }
+        double const inverse = std::ldexp(1.0, -i - 3);
+        if (i > -1000 && i < 1000) { // the other leg is in the range too
+            EXPECT_SAME_BITS(Vec3Dbl(3 * s, 0, 0).GetAreaFormedByTriangleWith(Vec3Dbl(0, 4 * inverse, 0)),
+                             0.75);
+            EXPECT_SAME_BITS(Vec2Dbl(3 * s, 0).GetAreaFormedByTriangleWith(Vec2Dbl(0, 4 * inverse)), 0.75);
+        }
+    }
+}
+
+TEST(FullRange, ResultsOutOfRange)
+{
+    double const largest = 0x1.fffffffffffffp+1023;
+    EXPECT_SAME_BITS(Pnt3Dbl(largest, 0, 0).DistanceTo(Pnt3Dbl(-largest, 0, 0)), infinity);
+    EXPECT_SAME_BITS(Pnt3Dbl(0x1p+1023, 0, 0).DistanceTo(Pnt3Dbl(0x1p+1022, 0, 0)), 0x1p+1022);
+    EXPECT_SAME_BITS(Vec3Dbl(largest, 0, 0).GetAreaFormedByTriangleWith(Vec3Dbl(0, largest, 0)), infinity);
+    EXPECT_SAME_BITS(Vec2Dbl(largest, 0).GetAreaFormedByTriangleWith(Vec2Dbl(0, 2)), largest);
+    EXPECT_SAME_BITS(Vec2Dbl(0x1p-1074, 0).GetAreaFormedByTriangleWith(Vec2Dbl(0, 0x1p-1074)), 0.0);
+    EXPECT_SAME_BITS(VecDbl(10000, largest).Length(), infinity);
+    EXPECT_SAME_BITS(VecDbl(10000, largest).GetNormalizedCopy()[9999], 0.01);
+    EXPECT_SAME_BITS(VecDbl(10000, 0x1p-1074).Length(), 100 * 0x1p-1074);
+    VecDbl inPlace(10000, 0x1p-1074);
+    EXPECT_SAME_BITS(inPlace.Normalize()[0], 0.01);
 }
 
 } // namespace

@@ -4,12 +4,27 @@
 #include <vexor/dynamic/private/Storage.h>
 
 #include <algorithm>
+#include <cmath>
 
 using namespace vexor::detail;
 
 namespace {
 using Elements = ElementBlock<Owned<double>>;
+
+/// Whether a sum of the squares of a run, added one by one, is the same with an exponent of any size. From the
+/// first element on that is not 0 every partial sum is at least 2^-968, which no underflowed square changes.
+bool IsPlainRun(double const* values, int count, double sumOfSquares)
+{
+    if (!std::isfinite(sumOfSquares))
+        return false;
+    for (int i = 0; i < count; ++i) {
+        if (values[i] != 0.0)
+            return std::fabs(values[i]) >= 0x1p-484;
+    }
+    return true;
 }
+
+} // namespace
 
 // ---- Construction and size -------------------------------------------------------------------------
 
@@ -153,7 +168,8 @@ double VecDbl::LengthSquared() const
 
 double VecDbl::Length() const
 {
-    return SquareRoot(LengthSquared());
+    double const sum = LengthSquared();
+    return IsPlainRun(values, size, sum) ? SquareRoot(sum) : FullRangeLength(values, size);
 }
 
 double VecDbl::Dot(VecDbl const& other) const
@@ -166,14 +182,23 @@ VecDbl& VecDbl::Normalize()
 {
     if (IsNull())
         RaiseNullVector();
-    return *this /= Length();
+    double const length = Length();
+    if (IsInNormalRange(length))
+        return *this /= length;
+    FullRangeNormalize(values, size);
+    return *this;
 }
 
 VecDbl VecDbl::GetNormalizedCopy() const
 {
     if (IsNull())
         RaiseNullVector();
-    return *this / Length();
+    double const length = Length();
+    if (IsInNormalRange(length))
+        return *this / length;
+    VecDbl copy(*this);
+    FullRangeNormalize(copy.values, size);
+    return copy;
 }
 
 VecDbl VecDbl::ElemMult(VecDbl const& other) const
@@ -197,15 +222,39 @@ VecDbl VecDbl::ElemDiv(VecDbl const& other) const
 VecDbl VecDbl::GetProjectionOnTo(VecDbl const& target) const
 {
     RequireSameSize(size, target.size);
-    VecDbl unit = target.GetNormalizedCopy();
-    unit *= Dot(unit);
-    return unit;
+    VecDbl result = target.GetNormalizedCopy();
+    double along = 0.0;
+    bool isPlain = true;
+    for (int i = 0; i < size; ++i) {
+        along += values[i] * result[i];
+        isPlain &= IsPlainTerm(values[i], target.values[i], result[i]);
+    }
+    if (isPlain && std::isfinite(along))
+        result *= along;
+    else
+        FullRangeProjection(result.values, values, target.values, size, 0.0);
+    return result;
 }
 
 double VecDbl::GetAngleWith(VecDbl const& other) const
 {
     RequireSameSize(size, other.size);
-    return UnsignedAngle(Dot(other), Length(), other.Length());
+    double d = 0.0;
+    double a = 0.0;
+    double b = 0.0;
+    bool isPlain = true;
+    for (int i = 0; i < size; ++i) {
+        double const left = values[i];
+        double const right = other.values[i];
+        double const product = left * right;
+        d += product;
+        a += left * left;
+        b += right * right;
+        isPlain &= IsInNormalRange(product) || left == 0.0 || right == 0.0;
+    }
+    if (isPlain && std::isfinite(d) && IsPlainRun(values, size, a) && IsPlainRun(other.values, size, b))
+        return UnsignedAngle(d, SquareRoot(a), SquareRoot(b));
+    return FullRangeAngle(values, other.values, size);
 }
 
 double VecDbl::GetAreaFormedByTriangleWith(VecDbl const& other) const

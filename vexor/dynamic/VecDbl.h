@@ -121,14 +121,19 @@ public:
 
     /// The elements added up in index order, from 0.0, rounded at each step.
     VEXOR_API double Sum() const;
-    /// The sum of the squares in index order, from 0, rounded at each step.
+    /// The sum of the squares in index order, from 0, rounded at each step: a plain sum. It is right for elements
+    /// between about 1e-146 and 1e150. Beyond, it is infinity; below, it loses digits, and from about 1e-162 on
+    /// it is 0.
     VEXOR_API double LengthSquared() const;
-    /// The root of `LengthSquared()`, which overflows above about 1e154 and vanishes below 1e-162.
+    /// The root of that sum, right over the whole range of a double.
     VEXOR_API double Length() const;
-    /// Over this vector's size. The sizes are not compared: the other must not be shorter.
+    /// The sum of the products in index order, from 0, over this vector's size. The sizes are not compared: the
+    /// other must not be shorter. A plain sum: elements between about 1e-77 and 1e77, or 0, lose nothing. Larger
+    /// products give an infinity, or NaN where two infinities cancel; smaller ones lose digits or are 0.
     VEXOR_API double Dot(VecDbl const& other) const;
     /// Divides each element by `Length()`. Raises `VexorNullVector`, the vector unchanged, if every
-    /// element is exactly 0.
+    /// element is exactly 0. However short or long, any other vector is normalised, also where `Length()` itself
+    /// is out of a double's range.
     VEXOR_API VecDbl& Normalize();
     /// As `Normalize`, on a copy.
     VEXOR_API VecDbl GetNormalizedCopy() const;
@@ -144,12 +149,15 @@ public:
 
     // ---- Projection, angle, area -----------------------------------------------------------------
 
-    /// The component of this vector along `target`. Raises `VexorNullVector` if `target` is null.
+    /// The component of this vector along `target`, right over the whole range of a double. Raises
+    /// `VexorNullVector` if `target` is null.
     VEXOR_API VecDbl GetProjectionOnTo(VecDbl const& target) const;
-    /// The unsigned angle in radians, from 0 to π; 0 if one of the lengths is 0.
+    /// The unsigned angle in radians, from 0 to π; 0 if one of the vectors is exactly null. Right over the whole
+    /// range of a double. An arc cosine loses half the digits near 0 and π: below about 1.5e-8 the angle is 0.
     VEXOR_API double GetAngleWith(VecDbl const& other) const;
-    /// 0.5·√(A·B − d·d) with d the dot product and A, B the squared lengths. Nearly parallel vectors
-    /// can give NaN: the difference is not clamped.
+    /// 0.5·√(A·B − d·d) with d the dot product and A, B the squared lengths, plain sums. A·B overflows for
+    /// elements above about 1e77, and loses digits below about 1e-73. Nearly parallel vectors can give NaN: the
+    /// difference is not clamped.
     VEXOR_API double GetAreaFormedByTriangleWith(VecDbl const& other) const;
 
     // ---- Extremes --------------------------------------------------------------------------------
@@ -178,7 +186,8 @@ public:
     // ---- Predicates ------------------------------------------------------------------------------
     // With d the dot product and A, B the squared lengths, Q = ((d·d) / A) / B is the squared cosine.
     // A vector whose squared length is within the length tolerance has no direction: the first three
-    // direction tests answer 0 for it.
+    // direction tests answer 0 for it. The answers are true for vectors between about 1e-77 and 1e77
+    // long; `Vec3Dbl` says what they are for others.
 
     /// Every element exactly 0, of either sign. No tolerance.
     VEXOR_API int IsNull() const;

@@ -131,16 +131,23 @@ public:
 
     // ---- Distance ----------------------------------------------------------------------------
 
-    /// (0 + dx²) + dy², with d this point minus the other.
+    /// (0 + dx²) + dy², with d this point minus the other: a plain sum. It has all its digits for
+    /// differences between about 1e-146 and 1e153. Beyond, it is infinity; below, it loses digits, and from
+    /// about 1e-162 on it is 0.
     VEXOR_INLINE double DistanceSqTo(Pnt2Dbl const& other) const
     {
         using vexor::detail::AddSquare;
         return AddSquare(AddSquare<double>(0.0, x - other.x), y - other.y);
     }
-    /// The square root of `DistanceSqTo`; where that overflows, so does this.
+    /// The square root of that sum, right over the whole range of a double, like a vector's `Length`.
     VEXOR_INLINE double DistanceTo(Pnt2Dbl const& other) const
     {
-        return vexor::detail::SquareRoot(DistanceSqTo(other));
+        double const sum = DistanceSqTo(other);
+        if (vexor::detail::IsPlainSum(sum))
+            return vexor::detail::SquareRoot(sum);
+        double const from[] = {x, y};
+        double const to[] = {other.x, other.y};
+        return vexor::detail::FullRangeDistance(from, to, 2);
     }
 
     // ---- Comparison --------------------------------------------------------------------------

@@ -162,18 +162,21 @@ public:
 
     /// The signed angle in radians about the stored axis, above −π and up to π: 2·acos(s), less 2π where
     /// that is above π. So a negative s gives a negative angle, and s = 0 gives π. The axis is not looked at.
+    /// An arc cosine loses half the digits near 0: below about 2e-8 the angle is 0. docs/conventions.md shows
+    /// how to get a small angle with all digits.
     VEXOR_INLINE double GetAngle() const
     {
         double const angle = 2.0 * vexor::detail::ClampedArcCosine(s);
         return angle > vexor::detail::pi ? angle - vexor::detail::twoPi : angle;
     }
-    /// The unsigned angle in radians, from 0 to π: 2·acos(|s|). The same for q and −q.
+    /// The unsigned angle in radians, from 0 to π: 2·acos(|s|). The same for q and −q. Small angles lose digits
+    /// as in `GetAngle`.
     VEXOR_INLINE double GetAbsoluteAngle() const
     {
         return 2.0 * vexor::detail::ClampedArcCosine(vexor::detail::Magnitude(s));
     }
     /// The unsigned angle in radians, from 0 to π, of the rotation that leads from one to the other; 0,
-    /// with its sign bit set, between q and q as between q and −q.
+    /// with its sign bit set, between q and q as between q and −q. Small angles lose digits as in `GetAngle`.
     VEXOR_INLINE double Distance(Quaternion const& other) const
     {
         Quaternion relative = *this * other.Inverse();

@@ -109,7 +109,7 @@ public:
 
     // ---- Products ----------------------------------------------------------------------------
 
-    /// x·ox + y·oy.
+    /// x·ox + y·oy, a plain sum, with the range that `Vec3Dbl::Dot` has.
     VEXOR_INLINE double Dot(Vec2Dbl const& other) const { return x * other.x + y * other.y; }
     /// The scalar x·oy − y·ox: above 0 where `other` lies counter-clockwise of this vector.
     VEXOR_INLINE double Cross(Vec2Dbl const& other) const { return x * other.y - y * other.x; }
@@ -122,14 +122,16 @@ public:
 
     // ---- Length ------------------------------------------------------------------------------
 
-    /// x² + y². Overflows above about 1e154 and underflows below about 1e-162.
+    /// x² + y², a plain sum, with the range that `Vec3Dbl::LengthSquared` has.
     VEXOR_INLINE double LengthSquared() const { return x * x + y * y; }
     /// The square root of x² + y², right over the whole range of a double, as in `Vec3Dbl`.
     VEXOR_INLINE double Length() const
     {
         double const sum = LengthSquared();
-        return vexor::detail::IsPlainSum(sum) ? vexor::detail::SquareRoot(sum)
-                                              : vexor::detail::FullRangeLength(x, y, 0.0);
+        if (vexor::detail::IsPlainSum(sum))
+            return vexor::detail::SquareRoot(sum);
+        double const components[] = {x, y};
+        return vexor::detail::FullRangeLength(components, 2);
     }
     /// Divides each component by `Length()`: two divisions. Raises `VexorNullVector`, the vector
     /// unchanged, if both components are exactly 0; however short or long, any other vector is normalised,
@@ -140,8 +142,8 @@ public:
         if (vexor::detail::IsPlainSum(sum))
             return *this /= vexor::detail::SquareRoot(sum);
         // Of a copy, so that nothing takes the address of a vector that may live in registers.
-        double components[3] = {x, y, 0.0};
-        vexor::detail::FullRangeNormalize(components[0], components[1], components[2]);
+        double components[] = {x, y};
+        vexor::detail::FullRangeNormalize(components, 2);
         return SetValue(components[0], components[1]);
     }
     /// As `Normalize`, on a copy.
@@ -221,6 +223,7 @@ public:
     // With d the dot product and A, B the squared lengths, Q = ((d·d) / A) / B is the squared cosine.
     // A vector whose squared length is within the length tolerance has no direction: `IsParallelTo`,
     // `IsCodirectionalTo` and `IsPerpendicularTo` answer 0 for it. The unit forms ask for no length.
+    // The answers are true for vectors between about 1e-77 and 1e77 long; `Vec3Dbl` says what they are for others.
 
     /// The same direction within the angle (sine squared) and a difference within the length
     /// (squared). Two exactly null vectors are equal; a vector that is not null but within the
@@ -267,22 +270,42 @@ public:
 
     // ---- Angles and area ---------------------------------------------------------------------
 
-    /// The unsigned angle in radians, from 0 to π; 0 if one of the vectors has length 0. `Dot` has the
-    /// range of a double: where it overflows or underflows, unlike `Length`, the angle is not to be
-    /// relied on, and vectors of such lengths are normalised first.
+    /// The unsigned angle in radians, from 0 to π; 0 if one of the vectors is exactly null. Right over the
+    /// whole range of a double. An arc cosine loses half the digits near 0 and π: below about 1.5e-8 the angle
+    /// is 0. docs/conventions.md shows how to get a small angle with all digits.
     VEXOR_INLINE double GetAngleWith(Vec2Dbl const& other) const
     {
-        return vexor::detail::UnsignedAngle(Dot(other), Length(), other.Length());
+        double const a = LengthSquared();
+        double const b = other.LengthSquared();
+        if (vexor::detail::IsPlainPair(a, b))
+            return vexor::detail::UnsignedAngle(Dot(other), vexor::detail::SquareRoot(a),
+                                                vexor::detail::SquareRoot(b));
+        double const left[] = {x, y};
+        double const right[] = {other.x, other.y};
+        return vexor::detail::FullRangeAngle(left, right, 2);
     }
-    /// The angle in radians from this vector to `other`, counter-clockwise, from 0 up to 2π: a small
-    /// clockwise turn gives almost 2π. A vector within the global's length tolerance gives 0.
+    /// The angle in radians from this vector to `other`, counter-clockwise, from 0 up to 2π: a quarter turn
+    /// clockwise gives 3π/2. A vector within the global's length tolerance gives 0. So does an angle within
+    /// about 1e-5 of 0 or 2π, and one within about 1e-5 of π gives π, as in `Vec3Dbl`.
     VEXOR_API double GetCCWAngleWith(Vec2Dbl const& other) const;
-    /// 0.5·`Cross(other)`. Unlike in space the sign stays: below 0 where `other` lies clockwise.
-    VEXOR_INLINE double GetAreaFormedByTriangleWith(Vec2Dbl const& other) const { return 0.5 * Cross(other); }
+    /// 0.5·(x·oy − y·ox), right over the whole range of a double. Unlike in space the sign stays: below 0
+    /// where `other` lies clockwise.
+    VEXOR_INLINE double GetAreaFormedByTriangleWith(Vec2Dbl const& other) const
+    {
+        double const first = std::fabs(x * other.y);
+        double const second = std::fabs(y * other.x);
+        double const larger = first > second ? first : second;
+        if (larger >= 0x1p-960 && larger <= 0x1p1022) // then the smaller loses no digit that counts
+            return 0.5 * Cross(other);
+        double const left[] = {x, y};
+        double const right[] = {other.x, other.y};
+        return vexor::detail::FullRangePlaneArea(left, right);
+    }
 
     // ---- Projection and perpendicular --------------------------------------------------------
 
     /// The component of this vector along `target`. Raises `VexorNullVector` if `target` is null.
+    /// Right over the whole range of a double.
     VEXOR_INLINE Vec2Dbl GetProjectionOnTo(Vec2Dbl const& target) const;
     /// (−y, x) made unit: this vector turned a quarter counter-clockwise. Unlike in space a null vector
     /// raises `VexorNullVector`.
@@ -339,8 +362,20 @@ VEXOR_INLINE int Vec2Dbl::IsEqualTo(Vec2Dbl const& other, double angular, double
 
 VEXOR_INLINE Vec2Dbl Vec2Dbl::GetProjectionOnTo(Vec2Dbl const& target) const
 {
-    Vec2Dbl const unit = target.GetNormalizedCopy();
-    return Dot(unit) * unit;
+    using vexor::detail::IsPlainTerm;
+    double const sum = target.LengthSquared();
+    if (vexor::detail::IsPlainSum(sum)) {
+        Vec2Dbl unit(target);
+        unit /= vexor::detail::SquareRoot(sum);
+        double const along = Dot(unit);
+        if (IsPlainTerm(x, target.x, unit.x) && IsPlainTerm(y, target.y, unit.y) && std::isfinite(along))
+            return along * unit;
+    }
+    double const components[] = {x, y};
+    double const direction[] = {target.x, target.y};
+    double projection[2];
+    vexor::detail::FullRangeProjection(projection, components, direction, 2, -0.0);
+    return Vec2Dbl(projection[0], projection[1]);
 }
 
 VEXOR_EXACT_END

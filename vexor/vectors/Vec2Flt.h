@@ -262,7 +262,7 @@ public:
     /// or lose digits where this does not. Below 0 where `other` lies clockwise.
     VEXOR_INLINE float GetAreaFormedByTriangleWith(Vec2Flt const& other) const
     {
-        return vexor::detail::RoundToSingle(Vec2Dbl(*this).GetAreaFormedByTriangleWith(Vec2Dbl(other)));
+        return vexor::detail::RoundToSingle(0.5 * Vec2Dbl(*this).Cross(Vec2Dbl(other)));
     }
 
     // ---- Projection and perpendicular --------------------------------------------------------

@@ -62,14 +62,47 @@ void Vec3Dbl::AbsValueOrder(int& smallest, int& middle, int& largest) const
     largest = 3 - i0 - i1;
 }
 
+namespace {
+
+bool IsZeroOrAtLeast(double component, double value, double least)
+{
+    return component == 0.0 || std::fabs(value) >= least;
+}
+
+/// Whether each component of `vector` is 0 or has at least the magnitude `least` in `values`.
+bool AreZeroOrAtLeast(Vec3Dbl const& vector, Vec3Dbl const& values, double least)
+{
+    return IsZeroOrAtLeast(vector.x, values.x, least) && IsZeroOrAtLeast(vector.y, values.y, least)
+           && IsZeroOrAtLeast(vector.z, values.z, least);
+}
+
+double OverFullRange(Vec3Dbl const& from, Vec3Dbl const& to, Vec3Dbl const& normal)
+{
+    double const arrays[3][3] = {
+        {from.x, from.y, from.z}, {to.x, to.y, to.z}, {normal.x, normal.y, normal.z}};
+    return vexor::detail::FullRangeCounterClockwiseAngle(arrays[0], arrays[1], arrays[2]);
+}
+
+} // namespace
+
 double Vec3Dbl::GetCCWAngleWith(Vec3Dbl const& other, Vec3Dbl const& normal) const
 {
+    double const squaredA = LengthSquared();
+    double const squaredB = other.LengthSquared();
+    if (!vexor::detail::IsPlainSum(squaredA) || !vexor::detail::IsPlainSum(squaredB))
+        return OverFullRange(*this, other, normal);
     double const lengthTolerance = gVexorTolerance.lengthSquared;
-    if (LengthSquared() <= lengthTolerance || other.LengthSquared() <= lengthTolerance)
+    if (squaredA <= lengthTolerance || squaredB <= lengthTolerance)
         return 0.0;
 
+    // Nothing below underflows then: with unit vectors of such components a component of the cross product is 0
+    // or at least 2^-508, so that its square is a normal number.
     Vec3Dbl const a = GetNormalizedCopy();
     Vec3Dbl const b = other.GetNormalizedCopy();
+    if (!AreZeroOrAtLeast(*this, a, 0x1p-228) || !AreZeroOrAtLeast(other, b, 0x1p-228)
+        || !AreZeroOrAtLeast(normal, normal, 0x1p-500))
+        return OverFullRange(*this, other, normal);
+
     if (a.IsEqualTo(b, -1.0, -1.0))
         return 0.0;
     if (a.IsEqualTo(-b, -1.0, -1.0))

@@ -134,7 +134,8 @@ public:
 
     // ---- Products ----------------------------------------------------------------------------
 
-    /// (x·ox + y·oy) + z·oz.
+    /// (x·ox + y·oy) + z·oz, a plain sum: components between about 1e-77 and 1e77, or 0, lose nothing. Larger
+    /// products give an infinity, or NaN where two infinities cancel; smaller ones lose digits or are 0.
     VEXOR_INLINE double Dot(Vec3Dbl const& other) const { return (x * other.x + y * other.y) + z * other.z; }
     /// The right-handed cross product, this vector on the left.
     VEXOR_INLINE Vec3Dbl Cross(Vec3Dbl const& other) const
@@ -156,15 +157,18 @@ public:
 
     // ---- Length ------------------------------------------------------------------------------
 
-    /// (x² + y²) + z². Overflows above about 1e154 and underflows below about 1e-162.
+    /// (x² + y²) + z², a plain sum. It has all its digits for components between about 1e-146 and 1e153.
+    /// Beyond, it is infinity; below, it loses digits, and from about 1e-162 on it is 0.
     VEXOR_INLINE double LengthSquared() const { return (x * x + y * y) + z * z; }
     /// The square root of (x² + y²) + z², right over the whole range of a double: where that sum would
-    /// overflow or lose digits, it is formed of components scaled by a power of two.
+    /// overflow or lose digits, it is formed with an exponent of any size.
     VEXOR_INLINE double Length() const
     {
         double const sum = LengthSquared();
-        return vexor::detail::IsPlainSum(sum) ? vexor::detail::SquareRoot(sum)
-                                              : vexor::detail::FullRangeLength(x, y, z);
+        if (vexor::detail::IsPlainSum(sum))
+            return vexor::detail::SquareRoot(sum);
+        double const components[] = {x, y, z};
+        return vexor::detail::FullRangeLength(components, 3);
     }
     /// Divides each component by `Length()`: three divisions. Raises `VexorNullVector`, the vector
     /// unchanged, if all components are exactly 0; however short or long, any other vector is normalised,
@@ -175,8 +179,8 @@ public:
         if (vexor::detail::IsPlainSum(sum))
             return *this /= vexor::detail::SquareRoot(sum);
         // Of a copy, so that nothing takes the address of a vector that may live in registers.
-        double components[3] = {x, y, z};
-        vexor::detail::FullRangeNormalize(components[0], components[1], components[2]);
+        double components[] = {x, y, z};
+        vexor::detail::FullRangeNormalize(components, 3);
         return SetValue(components[0], components[1], components[2]);
     }
     /// As `Normalize`, on a copy.
@@ -269,6 +273,11 @@ public:
     // With d the dot product and A, B the squared lengths, Q = ((d·d) / A) / B is the squared cosine.
     // A vector whose squared length is within the length tolerance has no direction: `IsParallelTo`,
     // `IsCodirectionalTo` and `IsPerpendicularTo` answer 0 for it. The unit forms ask for no length.
+    // d, A and B are plain sums, so that loops vectorise. The answers are true for vectors between about 1e-77
+    // and 1e77 long. Longer ones, whose d·d overflows, count as parallel and not as perpendicular; above 1e154,
+    // where A or B overflows too, they count as neither. Shorter ones, whose d·d underflows, count as
+    // perpendicular and not as parallel; below 1e-162, where A or B is 0, they count as neither. Vectors that
+    // are exactly perpendicular by their zeros keep the right answer.
 
     /// The same direction within the angle (sine squared) and a difference within the length
     /// (squared). Two exactly null vectors are equal; a vector that is not null but within the
@@ -315,26 +324,43 @@ public:
 
     // ---- Angles and area ---------------------------------------------------------------------
 
-    /// The unsigned angle in radians, from 0 to π; 0 if one of the vectors has length 0. `Dot` has the
-    /// range of a double: where it overflows or underflows, unlike `Length`, the angle is not to be
-    /// relied on, and vectors of such lengths are normalised first.
+    /// The unsigned angle in radians, from 0 to π; 0 if one of the vectors is exactly null. Right over the
+    /// whole range of a double. An arc cosine loses half the digits near 0 and π: below about 1.5e-8 the angle
+    /// is 0. docs/conventions.md shows how to get a small angle with all digits.
     VEXOR_INLINE double GetAngleWith(Vec3Dbl const& other) const
     {
-        return vexor::detail::UnsignedAngle(Dot(other), Length(), other.Length());
+        double const a = LengthSquared();
+        double const b = other.LengthSquared();
+        if (vexor::detail::IsPlainPair(a, b))
+            return vexor::detail::UnsignedAngle(Dot(other), vexor::detail::SquareRoot(a),
+                                                vexor::detail::SquareRoot(b));
+        double const left[] = {x, y, z};
+        double const right[] = {other.x, other.y, other.z};
+        return vexor::detail::FullRangeAngle(left, right, 3);
     }
     /// The angle in radians from this vector to `other`, counter-clockwise as seen with `normal`
     /// pointing at the viewer, from 0 up to 2π. Only the sign of `normal`·(this × other) is used. A
-    /// vector within the global's length tolerance gives 0.
+    /// vector within the global's length tolerance gives 0. So does an angle within about 1e-5 of 0 or 2π, and
+    /// one within about 1e-5 of π gives π: the unit vectors' cross product counts as zero below the global's
+    /// length. Right over the whole range of a double.
     VEXOR_API double GetCCWAngleWith(Vec3Dbl const& other, Vec3Dbl const& normal) const;
-    /// 0.5·√(A·B − d·d). Nearly parallel vectors can give NaN: the difference is not clamped.
+    /// 0.5·√(A·B − d·d), right over the whole range of a double. Nearly parallel vectors can give NaN: the
+    /// difference is not clamped.
     VEXOR_INLINE double GetAreaFormedByTriangleWith(Vec3Dbl const& other) const
     {
-        return vexor::detail::TriangleArea(Dot(other), LengthSquared(), other.LengthSquared());
+        double const a = LengthSquared();
+        double const b = other.LengthSquared();
+        if (vexor::detail::IsPlainPair(a, b))
+            return vexor::detail::TriangleArea(Dot(other), a, b);
+        double const left[] = {x, y, z};
+        double const right[] = {other.x, other.y, other.z};
+        return vexor::detail::FullRangeArea(left, right);
     }
 
     // ---- Projection, perpendiculars, rotation ------------------------------------------------
 
     /// The component of this vector along `target`. Raises `VexorNullVector` if `target` is null.
+    /// Right over the whole range of a double.
     VEXOR_INLINE Vec3Dbl GetProjectionOnTo(Vec3Dbl const& target) const;
     /// A unit vector perpendicular to this one, in the plane of its smallest and largest component.
     /// Never raises: a null vector yields (1, 0, 0). Where the squares of those two components sum up to
@@ -399,8 +425,21 @@ VEXOR_INLINE int Vec3Dbl::IsEqualTo(Vec3Dbl const& other, double angular, double
 
 VEXOR_INLINE Vec3Dbl Vec3Dbl::GetProjectionOnTo(Vec3Dbl const& target) const
 {
-    Vec3Dbl const unit = target.GetNormalizedCopy();
-    return Dot(unit) * unit;
+    using vexor::detail::IsPlainTerm;
+    double const sum = target.LengthSquared();
+    if (vexor::detail::IsPlainSum(sum)) {
+        Vec3Dbl unit(target);
+        unit /= vexor::detail::SquareRoot(sum);
+        double const along = Dot(unit);
+        if (IsPlainTerm(x, target.x, unit.x) && IsPlainTerm(y, target.y, unit.y)
+            && IsPlainTerm(z, target.z, unit.z) && std::isfinite(along))
+            return along * unit;
+    }
+    double const components[] = {x, y, z};
+    double const direction[] = {target.x, target.y, target.z};
+    double projection[3];
+    vexor::detail::FullRangeProjection(projection, components, direction, 3, -0.0);
+    return Vec3Dbl(projection[0], projection[1], projection[2]);
 }
 
 VEXOR_EXACT_END

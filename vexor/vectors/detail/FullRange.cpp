@@ -1,65 +1,151 @@
 #include <vexor/vectors/detail/FullRange.h>
 
 #include <vexor/foundation/detail/Raise.h>
-#include <vexor/foundation/detail/Scalar.h>
+#include <vexor/foundation/VexorTolerance.h>
+#include <vexor/vectors/private/Wide.h>
 
 namespace vexor::detail {
 namespace {
 
-constexpr double bigStep = 0x1p600;
+/// Takes the part of the first product in a sum that does not start from 0: −0 changes no term it is added to.
+constexpr double noStart = -0.0;
 
-double PlainLength(double x, double y, double z)
+bool AreNull(double const* values, std::int64_t count)
 {
-    return SquareRoot((x * x + y * y) + z * z);
+    for (std::int64_t i = 0; i < count; ++i) {
+        if (!(values[i] == 0.0))
+            return false;
+    }
+    return true;
 }
 
-bool AreFinite(double x, double y, double z)
+Wide Dot(double const* left, double const* right, std::int64_t count)
 {
-    return std::isfinite(x) && std::isfinite(y) && std::isfinite(z);
+    Wide sum(noStart);
+    for (std::int64_t i = 0; i < count; ++i)
+        sum = sum + Wide(left[i]) * Wide(right[i]);
+    return sum;
 }
 
-bool Overflows(double x, double y, double z)
+Wide Length(double const* values, std::int64_t count)
 {
-    return std::isinf((x * x + y * y) + z * z);
+    return SquareRoot(Dot(values, values, count));
+}
+
+double ArcCosine(Wide const& d, Wide const& leftLength, Wide const& rightLength)
+{
+    return ClampedArcCosine(Narrow((d / leftLength) / rightLength));
+}
+
+struct Three {
+    Wide x;
+    Wide y;
+    Wide z;
+};
+
+Three Unit(double const* values)
+{
+    Wide const length = Length(values, 3);
+    return {Wide(values[0]) / length, Wide(values[1]) / length, Wide(values[2]) / length};
+}
+
+Wide Dot(Three const& a, Three const& b)
+{
+    return (a.x * b.x + a.y * b.y) + a.z * b.z;
+}
+
+Wide SquaredDistance(Three const& a, Three const& b)
+{
+    Three const difference = {a.x - b.x, a.y - b.y, a.z - b.z};
+    return Dot(difference, difference);
 }
 
 } // namespace
 
-double FullRangeLength(double x, double y, double z)
+double FullRangeLength(double const* values, std::int64_t count)
 {
-    if (!AreFinite(x, y, z))
-        return PlainLength(x, y, z);
-    // Up: every component, down to the smallest denormal, then has a square in the normal range.
-    // Down: a component that loses digits here has a square far below the sum's last place.
-    double const up = Overflows(x, y, z) ? 1.0 / bigStep : bigStep;
-    return PlainLength(x * up, y * up, z * up) / up;
+    return AreNull(values, count) ? 0.0 : Narrow(Length(values, count));
 }
 
-void FullRangeNormalize(double& x, double& y, double& z)
+void FullRangeNormalize(double* values, std::int64_t count)
 {
-    if (x == 0.0 && y == 0.0 && z == 0.0)
+    if (AreNull(values, count))
         RaiseNullVector();
+    Wide const length = Length(values, count);
+    for (std::int64_t i = 0; i < count; ++i)
+        values[i] = NarrowQuotient(Wide(values[i]), length);
+}
 
-    double scale = 1.0;
-    double length = 0.0;
-    if (!AreFinite(x, y, z)) {
-        length = PlainLength(x, y, z);
-    } else if (!Overflows(x, y, z)) {
-        // The length of tiny components may be denormal, with digits lost: divide scaled by scaled.
-        scale = bigStep;
-        length = PlainLength(x * scale, y * scale, z * scale);
-    } else {
-        length = FullRangeLength(x, y, z);
-        if (std::isinf(length)) {
-            // At most twice the largest double. A component that loses digits to this scale has a
-            // quotient that vanishes anyway.
-            scale = 0x1p-4;
-            length = FullRangeLength(x * scale, y * scale, z * scale);
-        }
+double FullRangeAngle(double const* left, double const* right, std::int64_t count)
+{
+    if (AreNull(left, count) || AreNull(right, count))
+        return 0.0;
+    return ArcCosine(Dot(left, right, count), Length(left, count), Length(right, count));
+}
+
+double FullRangeArea(double const* left, double const* right)
+{
+    Wide const d = Dot(left, right, 3);
+    Wide const difference = Dot(left, left, 3) * Dot(right, right, 3) - d * d;
+    return NarrowProduct(Wide(0.5), SquareRoot(difference));
+}
+
+double FullRangePlaneArea(double const* left, double const* right)
+{
+    if ((left[0] == 0.0 || right[1] == 0.0) && (left[1] == 0.0 || right[0] == 0.0))
+        return 0.5 * (left[0] * right[1] - left[1] * right[0]); // of two exact zeros
+    return NarrowProduct(Wide(0.5), Wide(left[0]) * Wide(right[1]) - Wide(left[1]) * Wide(right[0]));
+}
+
+void FullRangeProjection(double* result, double const* vector, double const* target, std::int64_t count,
+                         double start)
+{
+    if (AreNull(target, count))
+        RaiseNullVector();
+    Wide const length = Length(target, count);
+    Wide along(start);
+    for (std::int64_t i = 0; i < count; ++i)
+        along = along + Wide(vector[i]) * (Wide(target[i]) / length);
+    for (std::int64_t i = 0; i < count; ++i)
+        result[i] = NarrowProduct(along, Wide(target[i]) / length);
+}
+
+double FullRangeDistance(double const* from, double const* to, std::int64_t count)
+{
+    Wide sum(noStart);
+    for (std::int64_t i = 0; i < count; ++i) {
+        Wide const difference = Wide(from[i]) - Wide(to[i]);
+        sum = sum + difference * difference;
     }
-    x = x * scale / length;
-    y = y * scale / length;
-    z = z * scale / length;
+    return Narrow(SquareRoot(sum));
+}
+
+double FullRangeCounterClockwiseAngle(double const* from, double const* to, double const* normal)
+{
+    Wide const zero(0.0);
+    Wide const limit(double(gVexorTolerance.lengthSquared));
+    if (Dot(from, from, 3) <= limit || Dot(to, to, 3) <= limit)
+        return 0.0;
+
+    Three const a = Unit(from);
+    Three const b = Unit(to);
+    Wide const d = Dot(a, b);
+    Wide const squaredA = Dot(a, a);
+    Wide const squaredB = Dot(b, b);
+    Wide const sine = Wide(1.0) - ((d * d) / squaredA) / squaredB;
+    if (!(squaredA <= limit) && !(squaredB <= limit) && sine <= Wide(double(gVexorTolerance.sin2Angle))) {
+        if (!(d <= zero) && SquaredDistance(a, b) <= limit)
+            return 0.0;
+        if (!(-d <= zero) && SquaredDistance(a, {-b.x, -b.y, -b.z}) <= limit)
+            return pi;
+    }
+
+    Three const cross = {a.y * b.z - b.y * a.z, a.z * b.x - a.x * b.z, b.y * a.x - a.y * b.x};
+    if (Dot(cross, cross) <= limit)
+        return d.Significand() < 0.0 ? pi : 0.0;
+    double const angle = ArcCosine(d, SquareRoot(squaredA), SquareRoot(squaredB));
+    Wide const side = Dot({Wide(normal[0]), Wide(normal[1]), Wide(normal[2])}, cross);
+    return side.Significand() < 0.0 ? twoPi - angle : angle;
 }
 
 } // namespace vexor::detail
