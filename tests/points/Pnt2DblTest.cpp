@@ -138,9 +138,9 @@ TEST(Pnt2Dbl, DistanceTo)
                          .DistanceTo(Pnt2Dbl(-0x1.8b0ba092a4fe9p-2, 0x1.dfb90ff65f617p-2)),
                      0x1.7d4f42d189f82p+6);
     EXPECT_SAME_BITS(Pnt2Dbl(1.0, 2.0).DistanceTo(Pnt2Dbl(4.0, 6.0)), 5.0);
-    // The root of the plain sum: it overflows and underflows where the squares do.
-    EXPECT_SAME_BITS(Pnt2Dbl(1e200).DistanceTo(Pnt2Dbl(0.0)), infinity);
-    EXPECT_SAME_BITS(Pnt2Dbl(1e-200).DistanceTo(Pnt2Dbl(0.0)), 0.0);
+    // Right over the whole range of a double, where the squares overflow and underflow.
+    EXPECT_SAME_BITS(Pnt2Dbl(0x3p+600, 0x4p+600).DistanceTo(Pnt2Dbl(0.0)), 0x5p+600);
+    EXPECT_SAME_BITS(Pnt2Dbl(0x3p-600, 0x4p-600).DistanceTo(Pnt2Dbl(0.0)), 0x5p-600);
 }
 
 // ---- Comparison ------------------------------------------------------------------------------------

@@ -144,9 +144,9 @@ TEST(Pnt3Dbl, DistanceTo)
     Pnt3Dbl const q(-0x1.cd2092c070ffdp-4, -0x1.b850033c27ac6p-1, 0x1.8e835d1026588p-1);
     EXPECT_SAME_BITS(p.DistanceTo(q), 0x1.f2e7c9819ff41p+5);
     EXPECT_SAME_BITS(Pnt3Dbl(1.0, 2.0, 3.0).DistanceTo(Pnt3Dbl(3.0, 5.0, 9.0)), 7.0);
-    // The root of the plain sum: it overflows and underflows where the squares do.
-    EXPECT_SAME_BITS(Pnt3Dbl(1e200).DistanceTo(Pnt3Dbl(0.0)), infinity);
-    EXPECT_SAME_BITS(Pnt3Dbl(1e-200).DistanceTo(Pnt3Dbl(0.0)), 0.0);
+    // Right over the whole range of a double, where the squares overflow and underflow.
+    EXPECT_SAME_BITS(Pnt3Dbl(0x3p+600, 0x4p+600, 0.0).DistanceTo(Pnt3Dbl(0.0)), 0x5p+600);
+    EXPECT_SAME_BITS(Pnt3Dbl(0x3p-600, 0x4p-600, 0.0).DistanceTo(Pnt3Dbl(0.0)), 0x5p-600);
 }
 
 // ---- Comparison ------------------------------------------------------------------------------------

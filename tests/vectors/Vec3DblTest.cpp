@@ -648,13 +648,13 @@ TEST(Vec3Dbl, GetAngleWithNeverLeavesTheDomainOfTheArcCosine)
     }
 }
 
-// The lengths are right over the whole range of a double, and the dot product is the plain one: 0 or
-// infinite at the ends.
-TEST(Vec3Dbl, GetAngleWithTakesThePlainDotProduct)
+// Whatever the lengths: neither the dot product nor the squared lengths overflow or underflow.
+TEST(Vec3Dbl, GetAngleWithHasTheRangeOfADouble)
 {
-    EXPECT_SAME_BITS(Vec3Dbl(1e-200, 0.0, 0.0).GetAngleWith(Vec3Dbl(1e-200, 0.0, 0.0)), pi / 2);
-    EXPECT_SAME_BITS(Vec3Dbl(1e200, 0.0, 0.0).GetAngleWith(Vec3Dbl(1e200, 1e200, 0.0)), 0.0);
-    EXPECT_SAME_BITS(Vec3Dbl(-1e200, 0.0, 0.0).GetAngleWith(Vec3Dbl(1e200, 1e200, 0.0)), pi);
+    EXPECT_SAME_BITS(Vec3Dbl(1e-200, 0.0, 0.0).GetAngleWith(Vec3Dbl(1e-200, 0.0, 0.0)), 0.0);
+    EXPECT_SAME_BITS(Vec3Dbl(1e-160, 0.0, 0.0).GetAngleWith(Vec3Dbl(1e-160, 0.0, 0.0)), 0.0);
+    EXPECT_NEAR(Vec3Dbl(1e200, 0.0, 0.0).GetAngleWith(Vec3Dbl(1e200, 1e200, 0.0)), pi / 4, 1e-15);
+    EXPECT_NEAR(Vec3Dbl(-1e200, 0.0, 0.0).GetAngleWith(Vec3Dbl(1e200, 1e200, 0.0)), 3 * pi / 4, 1e-15);
     EXPECT_NEAR(Vec3Dbl(1e-200, 0.0, 0.0).GetAngleWith(Vec3Dbl(1e200, 1e200, 0.0)), pi / 4, 1e-15);
 }
 
