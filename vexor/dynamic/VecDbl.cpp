@@ -224,10 +224,18 @@ VecDbl VecDbl::GetProjectionOnTo(VecDbl const& target) const
     RequireSameSize(size, target.size);
     VecDbl result = target.GetNormalizedCopy();
     double along = 0.0;
-    bool isPlain = true;
+    double smallest = 1.0;
     for (int i = 0; i < size; ++i) {
-        along += values[i] * result[i];
-        isPlain &= IsPlainTerm(values[i], target.values[i], result[i]);
+        double const unit = result.values[i];
+        double const product = values[i] * unit;
+        along += product;
+        smallest = SmallerMagnitude(SmallerMagnitude(smallest, unit), product);
+    }
+    bool isPlain = IsInNormalRange(smallest);
+    if (!isPlain) { // zeros, most often
+        isPlain = true;
+        for (int i = 0; i < size && isPlain; ++i)
+            isPlain = IsPlainTerm(values[i], target.values[i], result.values[i]);
     }
     if (isPlain && std::isfinite(along))
         result *= along;

@@ -362,13 +362,19 @@ VEXOR_INLINE int Vec2Dbl::IsEqualTo(Vec2Dbl const& other, double angular, double
 
 VEXOR_INLINE Vec2Dbl Vec2Dbl::GetProjectionOnTo(Vec2Dbl const& target) const
 {
+    using vexor::detail::IsInNormalRange;
     using vexor::detail::IsPlainTerm;
+    using vexor::detail::SmallerMagnitude;
     double const sum = target.LengthSquared();
     if (vexor::detail::IsPlainSum(sum)) {
         Vec2Dbl unit(target);
         unit /= vexor::detail::SquareRoot(sum);
         double const along = Dot(unit);
-        if (IsPlainTerm(x, target.x, unit.x) && IsPlainTerm(y, target.y, unit.y) && std::isfinite(along))
+        double smallest = SmallerMagnitude(std::fabs(unit.x), x * unit.x);
+        smallest = SmallerMagnitude(SmallerMagnitude(smallest, unit.y), y * unit.y);
+        bool const isPlain = IsInNormalRange(smallest)
+                             || (IsPlainTerm(x, target.x, unit.x) && IsPlainTerm(y, target.y, unit.y));
+        if (isPlain && std::isfinite(along))
             return along * unit;
     }
     double const components[] = {x, y};

@@ -72,6 +72,9 @@ bool IsZeroOrAtLeast(double component, double value, double least)
 /// Whether each component of `vector` is 0 or has at least the magnitude `least` in `values`.
 bool AreZeroOrAtLeast(Vec3Dbl const& vector, Vec3Dbl const& values, double least)
 {
+    using vexor::detail::SmallerMagnitude;
+    if (SmallerMagnitude(SmallerMagnitude(std::fabs(values.x), values.y), values.z) >= least)
+        return true;
     return IsZeroOrAtLeast(vector.x, values.x, least) && IsZeroOrAtLeast(vector.y, values.y, least)
            && IsZeroOrAtLeast(vector.z, values.z, least);
 }

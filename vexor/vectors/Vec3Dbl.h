@@ -425,14 +425,21 @@ VEXOR_INLINE int Vec3Dbl::IsEqualTo(Vec3Dbl const& other, double angular, double
 
 VEXOR_INLINE Vec3Dbl Vec3Dbl::GetProjectionOnTo(Vec3Dbl const& target) const
 {
+    using vexor::detail::IsInNormalRange;
     using vexor::detail::IsPlainTerm;
+    using vexor::detail::SmallerMagnitude;
     double const sum = target.LengthSquared();
     if (vexor::detail::IsPlainSum(sum)) {
         Vec3Dbl unit(target);
         unit /= vexor::detail::SquareRoot(sum);
         double const along = Dot(unit);
-        if (IsPlainTerm(x, target.x, unit.x) && IsPlainTerm(y, target.y, unit.y)
-            && IsPlainTerm(z, target.z, unit.z) && std::isfinite(along))
+        double smallest = SmallerMagnitude(std::fabs(unit.x), x * unit.x);
+        smallest = SmallerMagnitude(SmallerMagnitude(smallest, unit.y), y * unit.y);
+        smallest = SmallerMagnitude(SmallerMagnitude(smallest, unit.z), z * unit.z);
+        bool const isPlain = IsInNormalRange(smallest)
+                             || (IsPlainTerm(x, target.x, unit.x) && IsPlainTerm(y, target.y, unit.y)
+                                 && IsPlainTerm(z, target.z, unit.z));
+        if (isPlain && std::isfinite(along))
             return along * unit;
     }
     double const components[] = {x, y, z};

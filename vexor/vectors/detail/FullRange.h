@@ -25,11 +25,19 @@ inline bool IsPlainSum(double sumOfSquares)
 
 /// Whether the plain formulas of an angle and of an area are right for two sums of squares of up to three
 /// components. The dot product cannot overflow then, and digits that it loses to underflow are too far below
-/// the product of the two to change a result.
+/// the product of the two to change a result. With a NaN either way of evaluation gives NaN.
 inline bool IsPlainPair(double sumOfSquares, double other)
 {
-    double const product = sumOfSquares * other;
-    return IsPlainSum(sumOfSquares) && IsPlainSum(other) && product >= 0x1p-960 && product <= 0x1p1000;
+    double const smaller = sumOfSquares < other ? sumOfSquares : other;
+    double const larger = sumOfSquares > other ? sumOfSquares : other;
+    return smaller >= 0x1p-480 && larger <= 0x1p500;
+}
+
+/// The smaller magnitude: of the three in turn it tells in one comparison whether all are large enough.
+inline double SmallerMagnitude(double smallest, double value)
+{
+    double const size = std::fabs(value);
+    return size < smallest ? size : smallest;
 }
 
 /// Whether a result is in the range of normal numbers, where it was rounded to 53 bits. The smallest normal number
@@ -41,7 +49,8 @@ inline bool IsInNormalRange(double result)
 }
 
 /// Whether a component of a projection's target, made unit, and its product with the component of the vector
-/// that is projected were rounded to 53 bits. A component of exactly 0 needs no rounding.
+/// that is projected were rounded to 53 bits. A component of exactly 0 needs no rounding. Ask this if the smallest
+/// magnitude is not in the normal range.
 inline bool IsPlainTerm(double component, double target, double unit)
 {
     return target == 0.0
