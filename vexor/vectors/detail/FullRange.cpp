@@ -10,24 +10,24 @@ namespace {
 /// Takes the part of the first product in a sum that does not start from 0: −0 changes no term it is added to.
 constexpr double noStart = -0.0;
 
-bool AreNull(double const* values, std::int64_t count)
+bool AreNull(double const* values, int count)
 {
-    for (std::int64_t i = 0; i < count; ++i) {
+    for (int i = 0; i < count; ++i) {
         if (!(values[i] == 0.0))
             return false;
     }
     return true;
 }
 
-Wide Dot(double const* left, double const* right, std::int64_t count)
+Wide Dot(double const* left, double const* right, int count)
 {
     Wide sum(noStart);
-    for (std::int64_t i = 0; i < count; ++i)
+    for (int i = 0; i < count; ++i)
         sum = sum + Wide(left[i]) * Wide(right[i]);
     return sum;
 }
 
-Wide Length(double const* values, std::int64_t count)
+Wide Length(double const* values, int count)
 {
     return SquareRoot(Dot(values, values, count));
 }
@@ -62,21 +62,21 @@ Wide SquaredDistance(Three const& a, Three const& b)
 
 } // namespace
 
-double FullRangeLength(double const* values, std::int64_t count)
+double FullRangeLength(double const* values, int count)
 {
     return AreNull(values, count) ? 0.0 : Narrow(Length(values, count));
 }
 
-void FullRangeNormalize(double* values, std::int64_t count)
+void FullRangeNormalize(double* values, int count)
 {
     if (AreNull(values, count))
         RaiseNullVector();
     Wide const length = Length(values, count);
-    for (std::int64_t i = 0; i < count; ++i)
+    for (int i = 0; i < count; ++i)
         values[i] = NarrowQuotient(Wide(values[i]), length);
 }
 
-double FullRangeAngle(double const* left, double const* right, std::int64_t count)
+double FullRangeAngle(double const* left, double const* right, int count)
 {
     if (AreNull(left, count) || AreNull(right, count))
         return 0.0;
@@ -97,23 +97,22 @@ double FullRangePlaneArea(double const* left, double const* right)
     return NarrowProduct(Wide(0.5), Wide(left[0]) * Wide(right[1]) - Wide(left[1]) * Wide(right[0]));
 }
 
-void FullRangeProjection(double* result, double const* vector, double const* target, std::int64_t count,
-                         double start)
+void FullRangeProjection(double* result, double const* vector, double const* target, int count, double start)
 {
     if (AreNull(target, count))
         RaiseNullVector();
     Wide const length = Length(target, count);
     Wide along(start);
-    for (std::int64_t i = 0; i < count; ++i)
+    for (int i = 0; i < count; ++i)
         along = along + Wide(vector[i]) * (Wide(target[i]) / length);
-    for (std::int64_t i = 0; i < count; ++i)
+    for (int i = 0; i < count; ++i)
         result[i] = NarrowProduct(along, Wide(target[i]) / length);
 }
 
-double FullRangeDistance(double const* from, double const* to, std::int64_t count)
+double FullRangeDistance(double const* from, double const* to, int count)
 {
     Wide sum(noStart);
-    for (std::int64_t i = 0; i < count; ++i) {
+    for (int i = 0; i < count; ++i) {
         Wide const difference = Wide(from[i]) - Wide(to[i]);
         sum = sum + difference * difference;
     }

@@ -2,7 +2,6 @@
 #include <vexor/foundation/Config.h>
 #include <vexor/foundation/detail/Scalar.h>
 
-#include <cstdint>
 #include <limits>
 
 // Lengths, angles, areas, projections and distances of double vectors over the whole range of a double. The
@@ -58,13 +57,13 @@ inline bool IsPlainTerm(double component, double target, double unit)
 }
 
 /// √(Σ v²).
-VEXOR_API VEXOR_COLD double FullRangeLength(double const* values, std::int64_t count);
+VEXOR_API VEXOR_COLD double FullRangeLength(double const* values, int count);
 
 /// Divides each component by the length. Raises `VexorNullVector`, with nothing changed, if all are exactly 0.
-VEXOR_API VEXOR_COLD void FullRangeNormalize(double* values, std::int64_t count);
+VEXOR_API VEXOR_COLD void FullRangeNormalize(double* values, int count);
 
 /// The unsigned angle, 0 if a vector is null.
-VEXOR_API VEXOR_COLD double FullRangeAngle(double const* left, double const* right, std::int64_t count);
+VEXOR_API VEXOR_COLD double FullRangeAngle(double const* left, double const* right, int count);
 
 /// 0.5·√(A·B − d·d) of vectors of three components.
 VEXOR_API VEXOR_COLD double FullRangeArea(double const* left, double const* right);
@@ -75,10 +74,10 @@ VEXOR_API VEXOR_COLD double FullRangePlaneArea(double const* left, double const*
 /// The component of `vector` along `target`, which the result must not overlap. The dot product is added to
 /// `start`, a zero. Raises `VexorNullVector` if the target is null.
 VEXOR_API VEXOR_COLD void FullRangeProjection(double* result, double const* vector, double const* target,
-                                              std::int64_t count, double start);
+                                              int count, double start);
 
 /// √(Σ (from − to)²).
-VEXOR_API VEXOR_COLD double FullRangeDistance(double const* from, double const* to, std::int64_t count);
+VEXOR_API VEXOR_COLD double FullRangeDistance(double const* from, double const* to, int count);
 
 /// `Vec3Dbl::GetCCWAngleWith` of three arrays of three.
 double FullRangeCounterClockwiseAngle(double const* from, double const* to, double const* normal);
