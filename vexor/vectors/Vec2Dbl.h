@@ -292,10 +292,7 @@ public:
     /// where `other` lies clockwise.
     VEXOR_INLINE double GetAreaFormedByTriangleWith(Vec2Dbl const& other) const
     {
-        double const first = std::fabs(x * other.y);
-        double const second = std::fabs(y * other.x);
-        double const larger = first > second ? first : second;
-        if (larger >= 0x1p-960 && larger <= 0x1p1022) // then the smaller loses no digit that counts
+        if (vexor::detail::ArePlainProducts(std::fabs(x * other.y), std::fabs(y * other.x)))
             return 0.5 * Cross(other);
         double const left[] = {x, y};
         double const right[] = {other.x, other.y};

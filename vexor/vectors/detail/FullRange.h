@@ -14,12 +14,19 @@ VEXOR_EXACT_BEGIN
 
 namespace vexor::detail {
 
+// With an L: -fsingle-precision-constant makes singles of constants without.
+inline constexpr double smallestPlainSum = 0x1p-850L;
+inline constexpr double smallestOfPlainPair = 0x1p-480L;
+inline constexpr double largestOfPlainPair = 0x1p500L;
+inline constexpr double smallestPlainProduct = 0x1p-960L;
+inline constexpr double largestPlainProduct = 0x1p1022L;
+
 /// Whether a sum of squares, of up to four components and added one by one, has neither overflowed nor lost
 /// digits to underflow. An underflowed square (below 2^-1022) can change the rounding of a partial sum as large
 /// as 2^-968, which can change the next up to 2^-914, and the last up to 2^-860. Sums of at least 2^-850 are safe.
 inline bool IsPlainSum(double sumOfSquares)
 {
-    return sumOfSquares >= 0x1p-850 && sumOfSquares <= (std::numeric_limits<double>::max)();
+    return sumOfSquares >= smallestPlainSum && sumOfSquares <= (std::numeric_limits<double>::max)();
 }
 
 /// Whether the plain formulas of an angle and of an area are right for two sums of squares of up to three
@@ -29,7 +36,15 @@ inline bool IsPlainPair(double sumOfSquares, double other)
 {
     double const smaller = sumOfSquares < other ? sumOfSquares : other;
     double const larger = sumOfSquares > other ? sumOfSquares : other;
-    return smaller >= 0x1p-480 && larger <= 0x1p500;
+    return smaller >= smallestOfPlainPair && larger <= largestOfPlainPair;
+}
+
+/// Whether a difference of two products is right as it stands, half of it too, for the magnitudes of the products.
+/// A product that lost digits is too far below the other then to change the difference.
+inline bool ArePlainProducts(double product, double other)
+{
+    double const larger = product > other ? product : other;
+    return larger >= smallestPlainProduct && larger <= largestPlainProduct;
 }
 
 /// The smaller magnitude: of the three in turn it tells in one comparison whether all are large enough.
