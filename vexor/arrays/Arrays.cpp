@@ -3,7 +3,8 @@
 #include <vexor/foundation/detail/Tolerance.h>
 #include <vexor/points/detail/Distance.h>
 
-#include <vexor/arrays/Arrays.h>
+#include <algorithm>
+#include <limits>
 
 // What the component's library exports: checks the operation's arguments and runs the loop of the chosen set.
 
@@ -270,5 +271,92 @@ void EigenSym(Mat3Dbl const* matrices, Vec3Dbl* eigenValues, Mat3Dbl* vectors, s
     auto const kernel = chosen->eigenSym != nullptr ? chosen->eigenSym : plain::kernels.eigenSym;
     kernel(ElementsIn(matrices), values, elements, count);
 }
+
+// ---- Sums ----------------------------------------------------------------------------------------------
+
+namespace {
+
+/// Combines the first `count` of numbers that lie `stride` apart in pairs of neighbours, until one is left.
+template <class Operation>
+double CombineNeighbours(double* numbers, int count, int stride, Operation operation)
+{
+    for (; count > 1; count = (count + 1) / 2) {
+        for (int i = 0; i < count; i += 2)
+            numbers[i / 2 * stride] = i + 1 < count
+                                          ? operation(numbers[i * stride], numbers[(i + 1) * stride])
+                                          : numbers[i * stride];
+    }
+    return numbers[0];
+}
+
+double SumOfTwo(double left, double right)
+{
+    return left + right;
+}
+
+} // namespace
+
+template <class Element, int dimension>
+void SumBlock(Element const* elements, std::size_t count, double* sum)
+{
+    double sums[runningSums] = {};
+    if constexpr (sizeof(Element) == sizeof(float))
+        chosen->addElementsSingle(elements, count * dimension, sums);
+    else
+        chosen->addElements(elements, count * dimension, sums);
+    for (int k = 0; k < dimension; ++k)
+        sum[k] = CombineNeighbours(sums + k, runningSums / dimension, dimension, SumOfTwo);
+}
+
+template <class Element, int dimension>
+void CovarianceBlock(Element const* elements, std::size_t count, double const* centroid, double* products)
+{
+    constexpr int productCount = dimension * (dimension + 1) / 2;
+    double sums[productCount * runningProducts] = {};
+    KernelsFor<Element, dimension>(*chosen).addProducts(elements, count, centroid, sums);
+    for (int m = 0; m < productCount; ++m)
+        products[m] = CombineNeighbours(sums + m * runningProducts, runningProducts, 1, SumOfTwo);
+}
+
+template <class Element, int dimension>
+void ExtremesBlock(Element const* elements, std::size_t count, Element* least, Element* greatest)
+{
+    constexpr double infinity = std::numeric_limits<double>::infinity();
+    double low[runningSums];
+    double high[runningSums];
+    std::fill(low, low + runningSums, infinity);
+    std::fill(high, high + runningSums, -infinity);
+    if constexpr (sizeof(Element) == sizeof(float))
+        chosen->findExtremesSingle(elements, count * dimension, low, high);
+    else
+        chosen->findExtremes(elements, count * dimension, low, high);
+    for (int k = 0; k < dimension; ++k) {
+        // Singles that were widened come back unchanged.
+        least[k] = static_cast<Element>(CombineNeighbours(low + k, runningSums / dimension, dimension,
+                                                          [](double a, double b) { return b < a ? b : a; }));
+        greatest[k] = static_cast<Element>(CombineNeighbours(
+            high + k, runningSums / dimension, dimension, [](double a, double b) { return b > a ? b : a; }));
+    }
+}
+
+#define VEXOR_INSTANTIATE(Element, dimension)                                                                \
+    template VEXOR_ARRAYS_API void SumBlock<Element, dimension>(Element const*, std::size_t, double*);       \
+    template VEXOR_ARRAYS_API void ExtremesBlock<Element, dimension>(Element const*, std::size_t, Element*,  \
+                                                                     Element*);
+VEXOR_INSTANTIATE(double, 3)
+VEXOR_INSTANTIATE(float, 3)
+VEXOR_INSTANTIATE(double, 2)
+VEXOR_INSTANTIATE(float, 2)
+VEXOR_INSTANTIATE(double, 1)
+VEXOR_INSTANTIATE(float, 1)
+#undef VEXOR_INSTANTIATE
+#define VEXOR_INSTANTIATE(Element, dimension)                                                                \
+    template VEXOR_ARRAYS_API void CovarianceBlock<Element, dimension>(Element const*, std::size_t,          \
+                                                                       double const*, double*);
+VEXOR_INSTANTIATE(double, 3)
+VEXOR_INSTANTIATE(float, 3)
+VEXOR_INSTANTIATE(double, 2)
+VEXOR_INSTANTIATE(float, 2)
+#undef VEXOR_INSTANTIATE
 
 } // namespace vexor::arrays::detail

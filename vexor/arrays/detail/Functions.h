@@ -55,4 +55,15 @@ VEXOR_ARRAYS_API void Solve(Matrices matrices, Operand<double> rightSides, doubl
 VEXOR_ARRAYS_API void EigenSym(Mat3Dbl const* matrices, Vec3Dbl* eigenValues, Mat3Dbl* vectors,
                                std::size_t count);
 
+/// The pieces of Sums.h for a block; `dimension` is 1, 2 or 3. The products are those of the upper triangle, row
+/// by row.
+template <class ElementType, int dimension>
+VEXOR_ARRAYS_API void SumBlock(ElementType const* elements, std::size_t count, double* sum);
+template <class ElementType, int dimension>
+VEXOR_ARRAYS_API void CovarianceBlock(ElementType const* elements, std::size_t count, double const* centroid,
+                                      double* products);
+template <class ElementType, int dimension>
+VEXOR_ARRAYS_API void ExtremesBlock(ElementType const* elements, std::size_t count, ElementType* least,
+                                    ElementType* greatest);
+
 } // namespace vexor::arrays::detail

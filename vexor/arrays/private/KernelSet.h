@@ -41,7 +41,14 @@ struct VectorKernels {
     SingleKernel<Element> singles[singleOperations];
     TestKernel<Element> tests[testOperations];
     MapKernel<Element> maps[mapOperations];
+    /// Adds the products of the differences from the centroid to eight running sums of each.
+    void (*addProducts)(Element const* elements, Size count, double const* centroid, double* sums);
 };
+
+/// How many running sums, least and greatest numbers a block has over its single elements: a multiple of 2 and
+/// of 3, so that each belongs to one coordinate. And how many each product of a covariance has.
+inline constexpr int runningSums = 24;
+inline constexpr int runningProducts = 8;
 
 /// How many doubles lie between the beginnings of two neighbours in an array of Mat3Dbl; the first nine are
 /// its elements, and the rest is left alone.
@@ -55,6 +62,11 @@ struct KernelSet {
     VectorKernels<float> inPlaneSingle;
     void (*toSingle)(double const* from, float* to, Size count);
     void (*toDouble)(float const* from, double* to, Size count);
+    // Over the single elements of a block: element j goes to the running sum j mod 24.
+    void (*addElements)(double const* elements, Size count, double* sums);
+    void (*addElementsSingle)(float const* elements, Size count, double* sums);
+    void (*findExtremes)(double const* elements, Size count, double* least, double* greatest);
+    void (*findExtremesSingle)(float const* elements, Size count, double* least, double* greatest);
     PairKernel<double> rotatePoint; ///< quaternions on the left
     PairKernel<double> multiplyQuaternions;
     SingleKernel<double> getRotationMatrix; ///< to matrices

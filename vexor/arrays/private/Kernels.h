@@ -1,49 +1,55 @@
 #pragma once
 #include <vexor/arrays/private/MatrixKernels.h>
+#include <vexor/arrays/private/SumKernels.h>
 #include <vexor/arrays/private/VectorKernels.h>
 
 // Each source that includes this file defines one instruction set's kernels; Registers.h says how.
 
 namespace vexor::arrays::detail::VEXOR_SET {
 
+namespace {
+
+template <int size, class Element>
+constexpr VectorKernels<Element> KernelsOf()
+{
+    using P = PairOperation;
+    using S = SingleOperation;
+    using T = TestOperation;
+    using M = MapOperation;
+    constexpr int crossSize = size == 3 ? 3 : 1;
+    return {
+        {RunFlat<AddRule, size, P::Add, Element>, RunFlat<SubtractRule, size, P::Subtract, Element>,
+         RunFlat<MultiplyRule, size, P::ElemMult, Element>, Scale<size, Element>,
+         Pair<CrossRule, P::Cross, size, crossSize, Element>,
+         Pair<DotRule<Element>, P::Dot, size, 1, Element>,
+         Pair<DistanceSqToRule<Element>, P::DistanceSqTo, size, 1, Element>,
+         Pair<DistanceToRule<Element>, P::DistanceTo, size, 1, Element>, nullptr},
+        {Negate<size, Element>, Single<LengthSquaredRule, S::LengthSquared, size, 1, Element>,
+         Single<LengthRule<Element>, S::Length, size, 1, Element>,
+         Single<NormalizeRule<Element>, S::Normalize, size, size, Element>},
+        {Test<T::IsParallelTo, size, Element>, Test<T::IsCodirectionalTo, size, Element>,
+         Test<T::IsPerpendicularTo, size, Element>, Test<T::IsUnitParallelTo, size, Element>,
+         Test<T::IsUnitCodirectionalTo, size, Element>, Test<T::IsUnitPerpendicularTo, size, Element>,
+         Test<T::IsEqualTo, size, Element>, Test<T::IsPointEqualTo, size, Element>},
+        {Map<M::Linear, size, Element>, Map<M::LinearToSingle, size, Element>, Map<M::Affine, size, Element>},
+        AddProducts<size, Element>};
+}
+
+} // namespace
+
 // NOLINTNEXTLINE(misc-definitions-in-headers)
 KernelSet const kernels = {
     VEXOR_SET_NAME,
-#define VEXOR_SHAPE(Element, size, crossSize)                                                                \
-    {                                                                                                        \
-        {RunFlat<AddRule, size, PairOperation::Add, Element>,                                                \
-         RunFlat<SubtractRule, size, PairOperation::Subtract, Element>,                                      \
-         RunFlat<MultiplyRule, size, PairOperation::ElemMult, Element>,                                      \
-         Scale<size, Element>,                                                                               \
-         Pair<CrossRule, PairOperation::Cross, size, crossSize, Element>,                                    \
-         Pair<DotRule<Element>, PairOperation::Dot, size, 1, Element>,                                       \
-         Pair<DistanceSqToRule<Element>, PairOperation::DistanceSqTo, size, 1, Element>,                     \
-         Pair<DistanceToRule<Element>, PairOperation::DistanceTo, size, 1, Element>,                         \
-         nullptr},                                                                                           \
-            {Negate<size, Element>,                                                                          \
-             Single<LengthSquaredRule, SingleOperation::LengthSquared, size, 1, Element>,                    \
-             Single<LengthRule<Element>, SingleOperation::Length, size, 1, Element>,                         \
-             Single<NormalizeRule<Element>, SingleOperation::Normalize, size, size, Element>},               \
-            {Test<TestOperation::IsParallelTo, size, Element>,                                               \
-             Test<TestOperation::IsCodirectionalTo, size, Element>,                                          \
-             Test<TestOperation::IsPerpendicularTo, size, Element>,                                          \
-             Test<TestOperation::IsUnitParallelTo, size, Element>,                                           \
-             Test<TestOperation::IsUnitCodirectionalTo, size, Element>,                                      \
-             Test<TestOperation::IsUnitPerpendicularTo, size, Element>,                                      \
-             Test<TestOperation::IsEqualTo, size, Element>,                                                  \
-             Test<TestOperation::IsPointEqualTo, size, Element>},                                            \
-        {                                                                                                    \
-            Map<MapOperation::Linear, size, Element>, Map<MapOperation::LinearToSingle, size, Element>,      \
-                Map<MapOperation::Affine, size, Element>                                                     \
-        }                                                                                                    \
-    }
-    VEXOR_SHAPE(double, 3, 3),
-    VEXOR_SHAPE(float, 3, 3),
-    VEXOR_SHAPE(double, 2, 1),
-    VEXOR_SHAPE(float, 2, 1),
-#undef VEXOR_SHAPE
+    KernelsOf<3, double>(),
+    KernelsOf<3, float>(),
+    KernelsOf<2, double>(),
+    KernelsOf<2, float>(),
     ToSingle,
     ToDouble,
+    AddElements<double>,
+    AddElements<float>,
+    FindExtremes<double>,
+    FindExtremes<float>,
     RotatePoint,
     MultiplyQuaternions,
     GetRotationMatrix,

@@ -176,6 +176,42 @@ void MapKernelOf(double const* map, Element const* operands, Element* results, S
     }
 }
 
+// The order of these sums is their own: see Sums.h.
+
+template <class Element>
+void AddElements(Element const* elements, Size count, double* sums)
+{
+    for (Size j = 0; j < count; ++j)
+        sums[j % runningSums] += double(elements[j]);
+}
+
+template <class Element>
+void FindExtremes(Element const* elements, Size count, double* least, double* greatest)
+{
+    for (Size j = 0; j < count; ++j) {
+        double const next = elements[j];
+        double& low = least[j % runningSums];
+        double& high = greatest[j % runningSums];
+        low = next < low ? next : low;
+        high = next > high ? next : high;
+    }
+}
+
+template <int size, class Element>
+void AddProducts(Element const* elements, Size count, double const* centroid, double* sums)
+{
+    for (Size i = 0; i < count; ++i) {
+        double d[size];
+        for (int k = 0; k < size; ++k)
+            d[k] = double(elements[i * size + static_cast<Size>(k)]) - centroid[k];
+        double* sum = sums + i % runningProducts;
+        for (int k = 0; k < size; ++k) {
+            for (int l = k; l < size; ++l, sum += runningProducts)
+                *sum += d[k] * d[l];
+        }
+    }
+}
+
 template <int size, class Element>
 constexpr VectorKernels<Element> KernelsOf()
 {
@@ -197,7 +233,8 @@ constexpr VectorKernels<Element> KernelsOf()
              TestKernelOf<T::IsUnitPerpendicularTo, size, Element>, TestKernelOf<T::IsEqualTo, size, Element>,
              TestKernelOf<T::IsPointEqualTo, size, Element>},
             {MapKernelOf<M::Linear, size, Element>, MapKernelOf<M::LinearToSingle, size, Element>,
-             MapKernelOf<M::Affine, size, Element>}};
+             MapKernelOf<M::Affine, size, Element>},
+            AddProducts<size, Element>};
 }
 
 void ToSingle(double const* from, float* to, Size count)
@@ -284,6 +321,10 @@ KernelSet const kernels = {
     KernelsOf<2, float>(),
     ToSingle,
     ToDouble,
+    AddElements<double>,
+    AddElements<float>,
+    FindExtremes<double>,
+    FindExtremes<float>,
     RotatePoint,
     MultiplyQuaternions,
     GetRotationMatrix,

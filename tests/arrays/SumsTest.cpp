@@ -1,0 +1,281 @@
+#include <arrays/Loops.h>
+
+#include <algorithm>
+#include <array>
+#include <cstdint>
+#include <thread>
+
+// Sums.h: the stated order, written out here once more, any way to share the work, and the error.
+
+namespace {
+
+using namespace arrays_test;
+using vexor::arrays::blockSize;
+
+// ---- The order, as it is stated ----------------------------------------------------------------------------
+
+/// Combines neighbours until one is left.
+template <class Value, class Operation>
+Value InPairs(std::vector<Value> values, Operation operation)
+{
+    while (values.size() > 1) {
+        std::vector<Value> next;
+        for (std::size_t i = 0; i < values.size(); i += 2)
+            next.push_back(i + 1 < values.size() ? operation(values[i], values[i + 1]) : values[i]);
+        values = next;
+    }
+    return values.at(0);
+}
+
+/// The sum of numbers of which so many running sums take turns.
+double StatedSum(std::vector<double> const& numbers, std::size_t runningSums)
+{
+    auto const plus = [](double a, double b) { return a + b; };
+    std::vector<double> blocks;
+    for (std::size_t begin = 0; begin < numbers.size(); begin += blockSize) {
+        std::vector<double> running(runningSums, 0.0);
+        for (std::size_t i = begin; i < std::min(numbers.size(), begin + blockSize); ++i) {
+            running[(i - begin) % runningSums] += numbers[i];
+        }
+        blocks.push_back(InPairs(running, plus));
+    }
+    return blocks.empty() ? 0.0 : InPairs(blocks, plus);
+}
+
+template <class Value>
+constexpr std::size_t runningSumsOf = std::size_t(24 / numberCount<Value>);
+
+template <class Value>
+std::vector<double> Component(std::vector<Value> const& values, int k)
+{
+    std::vector<double> numbers;
+    for (Value const& value : values) {
+        Number<Value> number;
+        std::memcpy(&number, reinterpret_cast<unsigned char const*>(&value) + std::size_t(k) * sizeof number,
+                    sizeof number);
+        numbers.push_back(double(number));
+    }
+    return numbers;
+}
+
+template <class Result>
+double NumberAt(Result const& result, int k)
+{
+    double number = 0.0;
+    std::memcpy(&number, reinterpret_cast<unsigned char const*>(&result) + std::size_t(k) * sizeof number,
+                sizeof number);
+    return number;
+}
+
+constexpr std::size_t counts[] = {0,   1,    2,    7,    8,    9,    23,    24,    25,    100,
+                                  200, 4095, 4096, 4097, 8191, 8192, 12287, 12289, 28672, 40961};
+
+template <class Value>
+class ArraysSums : public testing::Test {};
+using Values =
+    testing::Types<double, float, Vec3Dbl, Vec3Flt, Vec2Dbl, Vec2Flt, Pnt3Dbl, Pnt3Flt, Pnt2Dbl, Pnt2Flt>;
+TYPED_TEST_SUITE(ArraysSums, Values);
+
+TYPED_TEST(ArraysSums, SumHasTheStatedOrder)
+{
+    Operands operands(11);
+    for (std::size_t count : counts) {
+        auto const values = operands.Many<TypeParam>(count, Kind::Ordinary);
+        Block<TypeParam> block(values, count);
+        WithEachSet([&](std::string const& set) {
+            auto const sum = vexor::arrays::Sum(block.Data(), count);
+            for (int k = 0; k < numberCount<TypeParam>; ++k)
+                EXPECT_SAME_BITS(NumberAt(sum, k), StatedSum(Component(values, k), runningSumsOf<TypeParam>))
+                    << set << ", " << count;
+        });
+    }
+}
+
+TYPED_TEST(ArraysSums, BoundingBoxPassesOverNaN)
+{
+    Operands operands(12);
+    for (std::size_t count : counts) {
+        for (Kind kind : {Kind::Ordinary, Kind::Strewn}) {
+            auto const values = operands.Many<TypeParam>(count, kind);
+            WithEachSet([&](std::string const& set) {
+                auto const box = vexor::arrays::BoundingBox(values);
+                for (int k = 0; k < numberCount<TypeParam>; ++k) {
+                    double least = vexor_test::infinity;
+                    double greatest = -vexor_test::infinity;
+                    for (double number : Component(values, k)) {
+                        if (std::isnan(number))
+                            continue;
+                        least = std::min(least, number);
+                        greatest = std::max(greatest, number);
+                    }
+                    // Equal as numbers: which of 0 and −0 stays is up to the order.
+                    EXPECT_EQ(Component(std::vector<TypeParam>{box.lower}, k)[0], least)
+                        << set << ", " << count;
+                    EXPECT_EQ(Component(std::vector<TypeParam>{box.upper}, k)[0], greatest)
+                        << set << ", " << count;
+                }
+            });
+        }
+    }
+}
+
+// The sign of a zero in a box, and everything else, is the same in every instruction set.
+TYPED_TEST(ArraysSums, AllSetsGiveTheSameBox)
+{
+    Operands operands(13);
+    for (std::size_t count : counts) {
+        std::vector<TypeParam> values(count);
+        for (TypeParam& value : values) {
+            for (int k = 0; k < numberCount<TypeParam>; ++k)
+                SetNumber(value, k, operands.Pick(2) ? 0.0 : -0.0);
+        }
+        vexor::arrays::detail::chosen = vexor::arrays::detail::RunnableSet(0);
+        auto const plain = vexor::arrays::BoundingBox(values);
+        WithEachSet([&](std::string const& set) {
+            auto const box = vexor::arrays::BoundingBox(values);
+            EXPECT_TRUE(SameNumbers(box.lower, plain.lower) && SameNumbers(box.upper, plain.upper))
+                << set << ", " << count;
+        });
+    }
+}
+
+template <class Value>
+class ArraysCovariance : public testing::Test {};
+using PlacedValues = testing::Types<Pnt3Dbl, Pnt3Flt, Pnt2Dbl, Pnt2Flt, Vec3Dbl>;
+TYPED_TEST_SUITE(ArraysCovariance, PlacedValues);
+
+TYPED_TEST(ArraysCovariance, HasTheStatedOrder)
+{
+    constexpr int size = numberCount<TypeParam>;
+    Operands operands(14);
+    for (std::size_t count : counts) {
+        if (count == 0)
+            continue;
+        auto const values = operands.Many<TypeParam>(count, Kind::Ordinary);
+        std::vector<double> differences[size];
+        double centre[size];
+        for (int k = 0; k < size; ++k) {
+            differences[k] = Component(values, k);
+            centre[k] = StatedSum(differences[k], runningSumsOf<TypeParam>) / double(count);
+            for (double& number : differences[k])
+                number -= centre[k];
+        }
+        WithEachSet([&](std::string const& set) {
+            auto const centroid = vexor::arrays::Centroid(values);
+            auto const covariance = vexor::arrays::Covariance(values.data(), values.size());
+            for (int i = 0; i < size; ++i) {
+                EXPECT_SAME_BITS(NumberAt(centroid, i), centre[i]) << set << ", " << count;
+                for (int k = 0; k < size; ++k) {
+                    std::vector<double> products;
+                    for (std::size_t n = 0; n < count; ++n)
+                        products.push_back(differences[i][n] * differences[k][n]);
+                    EXPECT_SAME_BITS(covariance(i, k), StatedSum(products, 8) / double(count))
+                        << set << ", " << count << ", element " << i << ", " << k;
+                }
+            }
+        });
+    }
+}
+
+TEST(ArraysSumsOfNone, AreZeroOrRaise)
+{
+    std::vector<Pnt3Dbl> const none;
+    EXPECT_TRUE(vexor::arrays::Sum(none) == Vec3Dbl(0.0));
+    EXPECT_THROW(vexor::arrays::Centroid(none), VexorComputationFailed);
+    EXPECT_THROW(vexor::arrays::Covariance(none), VexorComputationFailed);
+    auto const box = vexor::arrays::BoundingBox(none);
+    EXPECT_EQ(box.lower.x, vexor_test::infinity);
+    EXPECT_EQ(box.upper.z, -vexor_test::infinity);
+    std::vector<double> const numbers = {3.0, -1.0, 2.0};
+    EXPECT_EQ(vexor::arrays::MinMax(numbers).lower, -1.0);
+    EXPECT_EQ(vexor::arrays::MinMax(numbers).upper, 3.0);
+}
+
+// ---- Cuts --------------------------------------------------------------------------------------------------
+
+/// Points that a script in another language makes as well: three numbers in [−1, 1) from the bits of a linear
+/// congruential generator, scaled by powers of two.
+std::vector<Pnt3Dbl> ScriptPoints(std::size_t count)
+{
+    std::uint64_t state = 1;
+    auto const next = [&state] {
+        state = state * 6364136223846793005u + 1442695040888963407u;
+        double const number = double(state >> 11U) * 0x1p-52 - 1.0;
+        return std::ldexp(number, int((state >> 3U) % 17U));
+    };
+    std::vector<Pnt3Dbl> points(count);
+    for (Pnt3Dbl& point : points) {
+        point.x = next();
+        point.y = next();
+        point.z = next();
+    }
+    return points;
+}
+
+constexpr std::size_t scriptCount = 100003;
+
+/// The bits of the sum of those points, by tests/arrays/stated_sum.py.
+constexpr std::uint64_t scriptBits[3] = {0x414e0acdfcd1baacu, 0xc13a08260699b1a9u, 0x4146a820d246c920u};
+
+void ExpectScriptSum(Vec3Dbl const& sum, std::string const& what)
+{
+    EXPECT_EQ(vexor_test::Bits(sum.x), scriptBits[0]) << what;
+    EXPECT_EQ(vexor_test::Bits(sum.y), scriptBits[1]) << what;
+    EXPECT_EQ(vexor_test::Bits(sum.z), scriptBits[2]) << what;
+}
+
+TEST(ArraysCuts, TheWholeArray)
+{
+    auto const points = ScriptPoints(scriptCount);
+    WithEachSet([&](std::string const& set) { ExpectScriptSum(vexor::arrays::Sum(points), set); });
+}
+
+// Threads of any number, each with a stretch of the blocks.
+TEST(ArraysCuts, AnyNumberOfThreads)
+{
+    auto const points = ScriptPoints(scriptCount);
+    std::size_t const blocks = vexor::arrays::BlockCount(points.size());
+    for (std::size_t threadCount : {1u, 2u, 3u, 5u, 8u}) {
+        std::vector<Vec3Dbl> partials(blocks);
+        std::vector<std::thread> threads;
+        for (std::size_t t = 0; t < threadCount; ++t) {
+            threads.emplace_back([&, t] {
+                for (std::size_t b = t * blocks / threadCount; b < (t + 1) * blocks / threadCount; ++b) {
+                    std::size_t const begin = b * blockSize;
+                    partials[b] = vexor::arrays::SumOfBlock(points.data() + begin,
+                                                            std::min(blockSize, points.size() - begin));
+                }
+            });
+        }
+        for (std::thread& thread : threads)
+            thread.join();
+        ExpectScriptSum(vexor::arrays::CombineAll(partials.data(), blocks, Vec3Dbl(0.0)),
+                        std::to_string(threadCount) + " threads");
+    }
+}
+
+// ---- The error ---------------------------------------------------------------------------------------------
+
+// Numbers that are whole multiples of 2^-40 and cancel but for a known rest: the exact sum is known, the ratio of
+// Σ|x| to it is 10^12.
+TEST(ArraysError, StaysWithinTheBoundForSumsThatCancel)
+{
+    std::mt19937_64 engine(15);
+    std::vector<double> numbers;
+    double magnitudes = 0.0;
+    for (int i = 0; i < 50000; ++i) {
+        double const number = std::ldexp(double(engine() >> 12U), -40); // up to 2^12, whole multiples
+        numbers.push_back(number);
+        numbers.push_back(-number);
+        magnitudes += 2.0 * number;
+    }
+    double const rest = 0x1p-10;
+    numbers.push_back(rest);
+    std::shuffle(numbers.begin(), numbers.end(), engine);
+
+    double const blocks = double(vexor::arrays::BlockCount(numbers.size()));
+    double const bound = (171.0 + 5.0 + std::ceil(std::log2(blocks))) * 0x1p-53 * magnitudes;
+    EXPECT_LE(std::fabs(vexor::arrays::Sum(numbers) - rest), bound);
+}
+
+} // namespace
