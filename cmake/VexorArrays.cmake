@@ -22,3 +22,7 @@ vexor_exact_floating_point(vexor_arrays)
 vexor_warnings(vexor_arrays)
 vexor_harden(vexor_arrays)
 vexor_export_own_symbols_only(vexor_arrays)
+# Its loops call nothing of the C library, which Debian wants to see linked all the same.
+if(CMAKE_SYSTEM_NAME STREQUAL "Linux")
+    target_link_options(vexor_arrays PRIVATE "LINKER:--push-state,--no-as-needed,-lc,--pop-state")
+endif()
