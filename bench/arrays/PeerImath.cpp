@@ -1,8 +1,8 @@
 #include "Passes.h"
 
-#include <Imath/ImathMatrix.h>
-#include <Imath/ImathQuat.h>
-#include <Imath/ImathVec.h>
+#include <ImathMatrix.h>
+#include <ImathQuat.h>
+#include <ImathVec.h>
 
 namespace {
 
