@@ -15,9 +15,9 @@ public:
     // ---- Construction ------------------------------------------------------------------------
 
     /// The identity map.
-    VEXOR_INLINE AffMat2Dbl() : linear(Vec2Dbl(1.0, 0.0), Vec2Dbl(0.0, 1.0)), translation(0.0) {}
+    VEXOR_INLINE constexpr AffMat2Dbl() : linear(Vec2Dbl(1.0, 0.0), Vec2Dbl(0.0, 1.0)), translation(0.0) {}
     /// The map x ↦ L x + t from its two parts.
-    VEXOR_INLINE AffMat2Dbl(Mat2Dbl const& linearPart, Vec2Dbl const& translationPart)
+    VEXOR_INLINE constexpr AffMat2Dbl(Mat2Dbl const& linearPart, Vec2Dbl const& translationPart)
         : linear(linearPart), translation(translationPart)
     {}
     /// Copies.
@@ -30,32 +30,32 @@ public:
     // ---- Access ------------------------------------------------------------------------------
 
     /// L inside the map: writing to it changes the map.
-    VEXOR_INLINE Mat2Dbl& LinearPart() { return linear; }
+    VEXOR_INLINE constexpr Mat2Dbl& LinearPart() { return linear; }
     /// The linear part, read-only.
-    VEXOR_INLINE Mat2Dbl const& LinearPart() const { return linear; }
+    VEXOR_INLINE constexpr Mat2Dbl const& LinearPart() const { return linear; }
     /// t inside the map: writing to it changes the map.
-    VEXOR_INLINE Vec2Dbl& Translation() { return translation; }
+    VEXOR_INLINE constexpr Vec2Dbl& Translation() { return translation; }
     /// The translation, read-only.
-    VEXOR_INLINE Vec2Dbl const& Translation() const { return translation; }
+    VEXOR_INLINE constexpr Vec2Dbl const& Translation() const { return translation; }
     /// Sets L; t keeps its value.
-    VEXOR_INLINE AffMat2Dbl& SetLinearPart(Mat2Dbl const& linearPart)
+    VEXOR_INLINE constexpr AffMat2Dbl& SetLinearPart(Mat2Dbl const& linearPart)
     {
         linear = linearPart;
         return *this;
     }
     /// Sets t; L keeps its value.
-    VEXOR_INLINE AffMat2Dbl& SetTranslation(Vec2Dbl const& translationPart)
+    VEXOR_INLINE constexpr AffMat2Dbl& SetTranslation(Vec2Dbl const& translationPart)
     {
         translation = translationPart;
         return *this;
     }
     /// Row first, column second; every column from 2 up is t. Otherwise the indices are not checked.
-    VEXOR_INLINE double& operator()(int row, int column)
+    VEXOR_INLINE constexpr double& operator()(int row, int column)
     {
         return column >= 2 ? translation[row] : linear(row, column);
     }
     /// The same, read-only.
-    VEXOR_INLINE double const& operator()(int row, int column) const
+    VEXOR_INLINE constexpr double const& operator()(int row, int column) const
     {
         return column >= 2 ? translation[row] : linear(row, column);
     }
@@ -86,20 +86,20 @@ private:
 // ---- Free operators --------------------------------------------------------------------------------
 
 /// Composition, the right operand applied first: L = L1·L2, t = (L1·t2) + t1.
-VEXOR_INLINE AffMat2Dbl operator*(AffMat2Dbl const& left, AffMat2Dbl const& right)
+VEXOR_INLINE constexpr AffMat2Dbl operator*(AffMat2Dbl const& left, AffMat2Dbl const& right)
 {
     return AffMat2Dbl(left.LinearPart() * right.LinearPart(),
                       (left.LinearPart() * right.Translation()) + left.Translation());
 }
 
 /// L·x + t.
-VEXOR_INLINE Pnt2Dbl operator*(AffMat2Dbl const& map, Pnt2Dbl const& point)
+VEXOR_INLINE constexpr Pnt2Dbl operator*(AffMat2Dbl const& map, Pnt2Dbl const& point)
 {
     return Pnt2Dbl(map.LinearPart() * point.Vector()) + map.Translation();
 }
 
 /// L·x: a double vector is a displacement and gets no translation.
-VEXOR_INLINE Vec2Dbl operator*(AffMat2Dbl const& map, Vec2Dbl const& vector)
+VEXOR_INLINE constexpr Vec2Dbl operator*(AffMat2Dbl const& map, Vec2Dbl const& vector)
 {
     return map.LinearPart() * vector;
 }

@@ -14,11 +14,13 @@ public:
     // ---- Construction ------------------------------------------------------------------------
 
     /// The identity map.
-    VEXOR_INLINE AffMat3Dbl() { Identity(); }
+    VEXOR_INLINE constexpr AffMat3Dbl()
+        : linearPart(Vec3Dbl(1.0, 0.0, 0.0), Vec3Dbl(0.0, 1.0, 0.0), Vec3Dbl(0.0, 0.0, 1.0)), translation(0.0)
+    {}
     /// All twelve numbers take the value.
-    VEXOR_INLINE AffMat3Dbl(double value) : linearPart(value), translation(value) {}
+    VEXOR_INLINE constexpr AffMat3Dbl(double value) : linearPart(value), translation(value) {}
     /// The map x ↦ L x + t from its two parts.
-    VEXOR_INLINE AffMat3Dbl(Mat3Dbl const& newLinearPart, Vec3Dbl const& newTranslation)
+    VEXOR_INLINE constexpr AffMat3Dbl(Mat3Dbl const& newLinearPart, Vec3Dbl const& newTranslation)
         : linearPart(newLinearPart), translation(newTranslation)
     {}
     /// Copies the twelve numbers.
@@ -31,54 +33,54 @@ public:
     // ---- Exact comparison --------------------------------------------------------------------
 
     /// Exact, number by number; a NaN is unequal to everything.
-    VEXOR_INLINE int operator==(AffMat3Dbl const& other) const
+    VEXOR_INLINE constexpr int operator==(AffMat3Dbl const& other) const
     {
         return linearPart == other.linearPart && translation == other.translation;
     }
     /// The exact negation of `operator==`.
-    VEXOR_INLINE int operator!=(AffMat3Dbl const& other) const { return !(*this == other); }
+    VEXOR_INLINE constexpr int operator!=(AffMat3Dbl const& other) const { return !(*this == other); }
 
     // ---- Access ------------------------------------------------------------------------------
 
     /// L inside the map: writing to it changes the map.
-    VEXOR_INLINE Mat3Dbl& LinearPart() { return linearPart; }
+    VEXOR_INLINE constexpr Mat3Dbl& LinearPart() { return linearPart; }
     /// The same, read-only.
-    VEXOR_INLINE Mat3Dbl const& LinearPart() const { return linearPart; }
+    VEXOR_INLINE constexpr Mat3Dbl const& LinearPart() const { return linearPart; }
     /// t inside the map: writing to it changes the map.
-    VEXOR_INLINE Vec3Dbl& Translation() { return translation; }
+    VEXOR_INLINE constexpr Vec3Dbl& Translation() { return translation; }
     /// The same, read-only.
-    VEXOR_INLINE Vec3Dbl const& Translation() const { return translation; }
+    VEXOR_INLINE constexpr Vec3Dbl const& Translation() const { return translation; }
     /// Sets L; t stays.
-    VEXOR_INLINE AffMat3Dbl& SetLinearPart(Mat3Dbl const& newLinearPart)
+    VEXOR_INLINE constexpr AffMat3Dbl& SetLinearPart(Mat3Dbl const& newLinearPart)
     {
         linearPart = newLinearPart;
         return *this;
     }
     /// Sets t; L stays.
-    VEXOR_INLINE AffMat3Dbl& SetTranslation(Vec3Dbl const& newTranslation)
+    VEXOR_INLINE constexpr AffMat3Dbl& SetTranslation(Vec3Dbl const& newTranslation)
     {
         translation = newTranslation;
         return *this;
     }
     /// Sets t to `to` − `from`, the displacement that carries the first point onto the second when L is the
     /// unit matrix. L stays.
-    VEXOR_INLINE AffMat3Dbl& SetTranslation(Pnt3Dbl const& from, Pnt3Dbl const& to)
+    VEXOR_INLINE constexpr AffMat3Dbl& SetTranslation(Pnt3Dbl const& from, Pnt3Dbl const& to)
     {
         return SetTranslation(to - from);
     }
 
     /// Row first, column second. Every column from 3 up is t.
-    VEXOR_INLINE double& operator()(int row, int column)
+    VEXOR_INLINE constexpr double& operator()(int row, int column)
     {
         return column >= 3 ? translation[row] : linearPart(row, column);
     }
     /// The same, read-only.
-    VEXOR_INLINE double const& operator()(int row, int column) const
+    VEXOR_INLINE constexpr double const& operator()(int row, int column) const
     {
         return column >= 3 ? translation[row] : linearPart(row, column);
     }
     /// A copy of a column. Only column 3 is t, unlike in `operator()`.
-    VEXOR_INLINE Vec3Dbl GetCol(int column) const
+    VEXOR_INLINE constexpr Vec3Dbl GetCol(int column) const
     {
         return column == 3 ? translation : linearPart.GetCol(static_cast<unsigned int>(column));
     }
@@ -87,7 +89,7 @@ public:
     // are one layout. A fourth row of the caller's array is neither written nor read.
 
     /// Writes the 3×4 matrix: three rows of four, the translation last in each.
-    VEXOR_INLINE void GetMatrixData(double* const data) const
+    VEXOR_INLINE constexpr void GetMatrixData(double* const data) const
     {
         for (int row = 0; row < 3; ++row) {
             for (int column = 0; column < 4; ++column)
@@ -100,7 +102,7 @@ public:
         GetMatrixData(reinterpret_cast<double*>(data));
     }
     /// Reads the 3×4 matrix: three rows of four, the translation last in each.
-    VEXOR_INLINE void SetMatrixData(double* const data)
+    VEXOR_INLINE constexpr void SetMatrixData(double* const data)
     {
         *this = AffMat3Dbl(Mat3Dbl(data, data + 4, data + 8), Vec3Dbl(data[3], data[7], data[11]));
     }
@@ -113,40 +115,40 @@ public:
     // ---- Arithmetic on the twelve numbers ----------------------------------------------------
 
     /// Adds the twelve numbers.
-    VEXOR_INLINE AffMat3Dbl& operator+=(AffMat3Dbl const& other)
+    VEXOR_INLINE constexpr AffMat3Dbl& operator+=(AffMat3Dbl const& other)
     {
         linearPart += other.linearPart;
         translation += other.translation;
         return *this;
     }
     /// Subtracts the twelve numbers.
-    VEXOR_INLINE AffMat3Dbl& operator-=(AffMat3Dbl const& other)
+    VEXOR_INLINE constexpr AffMat3Dbl& operator-=(AffMat3Dbl const& other)
     {
         linearPart -= other.linearPart;
         translation -= other.translation;
         return *this;
     }
     /// Multiplies t as well as L: not a composition with a scaling.
-    VEXOR_INLINE AffMat3Dbl& operator*=(double scalar)
+    VEXOR_INLINE constexpr AffMat3Dbl& operator*=(double scalar)
     {
         linearPart *= scalar;
         translation *= scalar;
         return *this;
     }
     /// Twelve divisions.
-    VEXOR_INLINE AffMat3Dbl& operator/=(double scalar)
+    VEXOR_INLINE constexpr AffMat3Dbl& operator/=(double scalar)
     {
         linearPart /= scalar;
         translation /= scalar;
         return *this;
     }
     /// The sum of the twelve numbers. Deliberately not const.
-    VEXOR_INLINE AffMat3Dbl operator+(AffMat3Dbl const& other)
+    VEXOR_INLINE constexpr AffMat3Dbl operator+(AffMat3Dbl const& other)
     {
         return AffMat3Dbl(linearPart + other.linearPart, translation + other.translation);
     }
     /// The difference of the twelve numbers. Deliberately not const.
-    VEXOR_INLINE AffMat3Dbl operator-(AffMat3Dbl const& other)
+    VEXOR_INLINE constexpr AffMat3Dbl operator-(AffMat3Dbl const& other)
     {
         return AffMat3Dbl(linearPart - other.linearPart, translation - other.translation);
     }
@@ -154,7 +156,7 @@ public:
     // ---- The map -----------------------------------------------------------------------------
 
     /// Sets the identity map.
-    VEXOR_INLINE AffMat3Dbl& Identity()
+    VEXOR_INLINE constexpr AffMat3Dbl& Identity()
     {
         linearPart.Identity();
         translation.SetValue(0.0);
@@ -182,20 +184,20 @@ private:
 // ---- Free operators --------------------------------------------------------------------------------
 
 /// The composition, the right map applied first.
-VEXOR_INLINE AffMat3Dbl operator*(AffMat3Dbl const& left, AffMat3Dbl const& right)
+VEXOR_INLINE constexpr AffMat3Dbl operator*(AffMat3Dbl const& left, AffMat3Dbl const& right)
 {
     return AffMat3Dbl(left.LinearPart() * right.LinearPart(),
                       (left.LinearPart() * right.Translation()) + left.Translation());
 }
 
 /// L·x + t at full precision: L·x is the product with the position vector and not the one with the point.
-VEXOR_INLINE Pnt3Dbl operator*(AffMat3Dbl const& map, Pnt3Dbl const& point)
+VEXOR_INLINE constexpr Pnt3Dbl operator*(AffMat3Dbl const& map, Pnt3Dbl const& point)
 {
     return Pnt3Dbl(map.LinearPart() * point.Vector()) + map.Translation();
 }
 
 /// L·x: a vector is not translated.
-VEXOR_INLINE Vec3Dbl operator*(AffMat3Dbl const& map, Vec3Dbl const& vector)
+VEXOR_INLINE constexpr Vec3Dbl operator*(AffMat3Dbl const& map, Vec3Dbl const& vector)
 {
     return map.LinearPart() * vector;
 }

@@ -18,9 +18,9 @@ public:
     /// Leaves the elements as the memory held them.
     VEXOR_KEEP_MEMORY VEXOR_INLINE Mat2Dbl() {}
     /// All four elements take the value, not the diagonal alone.
-    VEXOR_INLINE Mat2Dbl(double value) : rows{value, value} {}
+    VEXOR_INLINE constexpr Mat2Dbl(double value) : rows{value, value} {}
     /// The arguments become the rows.
-    VEXOR_INLINE Mat2Dbl(Vec2Dbl const& row0, Vec2Dbl const& row1) : rows{row0, row1} {}
+    VEXOR_INLINE constexpr Mat2Dbl(Vec2Dbl const& row0, Vec2Dbl const& row1) : rows{row0, row1} {}
     /// Copies.
     Mat2Dbl(Mat2Dbl const&) = default;
     ~Mat2Dbl() = default;
@@ -31,35 +31,42 @@ public:
     // ---- Elements, rows and columns ----------------------------------------------------------
 
     /// Row first, column second.
-    VEXOR_INLINE double& operator()(int row, int column)
+    VEXOR_INLINE constexpr double& operator()(int row, int column)
     {
-        return vexor::detail::ElementOf<double, 2, 2>(*this, row, column);
+        return VEXOR_CONSTANT_EVALUATED() ? rows[row][column]
+                                          : vexor::detail::ElementOf<double, 2, 2>(*this, row, column);
     }
     /// The same, read-only.
-    VEXOR_INLINE double const& operator()(int row, int column) const
+    VEXOR_INLINE constexpr double const& operator()(int row, int column) const
     {
-        return vexor::detail::ElementOf<double const, 2, 2>(*this, row, column);
+        return VEXOR_CONSTANT_EVALUATED() ? rows[row][column]
+                                          : vexor::detail::ElementOf<double const, 2, 2>(*this, row, column);
     }
 
     /// The row inside the matrix, to read: unlike `Mat3Dbl`, none is handed out for writing.
-    VEXOR_INLINE Vec2Dbl const& GetRow(unsigned int row) const
+    VEXOR_INLINE constexpr Vec2Dbl const& GetRow(unsigned int row) const
     {
-        return vexor::detail::ElementOf<Vec2Dbl const, 2>(*this, static_cast<int>(row));
+        return VEXOR_CONSTANT_EVALUATED()
+                   ? rows[row]
+                   : vexor::detail::ElementOf<Vec2Dbl const, 2>(*this, static_cast<int>(row));
     }
     /// Copies the vector into the row.
-    VEXOR_INLINE Mat2Dbl& SetRow(unsigned int row, Vec2Dbl const& values)
+    VEXOR_INLINE constexpr Mat2Dbl& SetRow(unsigned int row, Vec2Dbl const& values)
     {
-        vexor::detail::ElementOf<Vec2Dbl, 2>(*this, static_cast<int>(row)) = values;
+        if (VEXOR_CONSTANT_EVALUATED())
+            rows[row] = values;
+        else
+            vexor::detail::ElementOf<Vec2Dbl, 2>(*this, static_cast<int>(row)) = values;
         return *this;
     }
     /// A copy: columns are not stored as vectors.
-    VEXOR_INLINE Vec2Dbl GetCol(unsigned int column) const
+    VEXOR_INLINE constexpr Vec2Dbl GetCol(unsigned int column) const
     {
         int const c = static_cast<int>(column);
         return Vec2Dbl((*this)(0, c), (*this)(1, c));
     }
     /// Writes the vector down the column.
-    VEXOR_INLINE Mat2Dbl& SetCol(unsigned int column, Vec2Dbl const& values)
+    VEXOR_INLINE constexpr Mat2Dbl& SetCol(unsigned int column, Vec2Dbl const& values)
     {
         int const c = static_cast<int>(column);
         Vec2Dbl const copy(values); // it may be one of our own rows
@@ -68,30 +75,30 @@ public:
         return *this;
     }
     /// A copy of the main diagonal.
-    VEXOR_INLINE Vec2Dbl GetDiagonal() const { return Vec2Dbl(rows[0].x, rows[1].y); }
+    VEXOR_INLINE constexpr Vec2Dbl GetDiagonal() const { return Vec2Dbl(rows[0].x, rows[1].y); }
     /// Writes the diagonal; the other elements stay.
-    VEXOR_INLINE Mat2Dbl& SetDiagonal(Vec2Dbl const& values)
+    VEXOR_INLINE constexpr Mat2Dbl& SetDiagonal(Vec2Dbl const& values)
     {
         rows[0].x = values.x;
         rows[1].y = values.y;
         return *this;
     }
     /// Writes the value on the diagonal; the other elements stay.
-    VEXOR_INLINE Mat2Dbl& SetDiagonal(double value) { return SetDiagonal(Vec2Dbl(value)); }
+    VEXOR_INLINE constexpr Mat2Dbl& SetDiagonal(double value) { return SetDiagonal(Vec2Dbl(value)); }
 
     /// All four elements take the value.
-    VEXOR_INLINE Mat2Dbl& SetValue(double value)
+    VEXOR_INLINE constexpr Mat2Dbl& SetValue(double value)
     {
         Vec2Dbl const row(value);
         return SetValue(row, row);
     }
     /// The arguments become the rows.
-    VEXOR_INLINE Mat2Dbl& SetValue(Vec2Dbl const& row0, Vec2Dbl const& row1)
+    VEXOR_INLINE constexpr Mat2Dbl& SetValue(Vec2Dbl const& row0, Vec2Dbl const& row1)
     {
         return *this = Mat2Dbl(row0, row1); // an argument may be one of our own rows
     }
     /// Copies the rows to the arguments. Not const, though it changes nothing.
-    VEXOR_INLINE void GetValue(Vec2Dbl& row0, Vec2Dbl& row1)
+    VEXOR_INLINE constexpr void GetValue(Vec2Dbl& row0, Vec2Dbl& row1)
     {
         row0 = rows[0];
         row1 = rows[1];
@@ -100,23 +107,23 @@ public:
     // ---- The whole matrix --------------------------------------------------------------------
 
     /// Sets the unit matrix.
-    VEXOR_INLINE Mat2Dbl& Identity() { return SetValue(Vec2Dbl(1.0, 0.0), Vec2Dbl(0.0, 1.0)); }
+    VEXOR_INLINE constexpr Mat2Dbl& Identity() { return SetValue(Vec2Dbl(1.0, 0.0), Vec2Dbl(0.0, 1.0)); }
     /// Transposes in place.
-    VEXOR_INLINE Mat2Dbl& Transpose() { return *this = GetTransposedCopy(); }
+    VEXOR_INLINE constexpr Mat2Dbl& Transpose() { return *this = GetTransposedCopy(); }
     /// The transposed copy.
-    VEXOR_INLINE Mat2Dbl GetTransposedCopy() const
+    VEXOR_INLINE constexpr Mat2Dbl GetTransposedCopy() const
     {
         return Mat2Dbl(Vec2Dbl(rows[0].x, rows[1].x), Vec2Dbl(rows[0].y, rows[1].y));
     }
     /// Flips the sign of each element; 0 becomes −0.
-    VEXOR_INLINE Mat2Dbl& Negate()
+    VEXOR_INLINE constexpr Mat2Dbl& Negate()
     {
         rows[0].Negate();
         rows[1].Negate();
         return *this;
     }
     /// The negated copy.
-    VEXOR_INLINE Mat2Dbl GetNegatedCopy() const { return Mat2Dbl(-rows[0], -rows[1]); }
+    VEXOR_INLINE constexpr Mat2Dbl GetNegatedCopy() const { return Mat2Dbl(-rows[0], -rows[1]); }
 
     /// (row 0 + row 1) + THE TWO DOUBLES THAT FOLLOW THE MATRIX IN MEMORY.
     ///
@@ -131,38 +138,38 @@ public:
     // ---- Exact comparison: not const, unlike that of Mat3Dbl ---------------------------------
 
     /// Exact, element by element; a NaN is unequal to everything.
-    VEXOR_INLINE int operator==(Mat2Dbl const& other)
+    VEXOR_INLINE constexpr int operator==(Mat2Dbl const& other)
     {
         return rows[0] == other.rows[0] && rows[1] == other.rows[1];
     }
     /// The exact negation of `operator==`.
-    VEXOR_INLINE int operator!=(Mat2Dbl const& other) { return !(*this == other); }
+    VEXOR_INLINE constexpr int operator!=(Mat2Dbl const& other) { return !(*this == other); }
 
     // ---- Arithmetic, element by element ------------------------------------------------------
 
     /// Multiplies each element by the scalar.
-    VEXOR_INLINE Mat2Dbl& operator*=(double scalar)
+    VEXOR_INLINE constexpr Mat2Dbl& operator*=(double scalar)
     {
         rows[0] *= scalar;
         rows[1] *= scalar;
         return *this;
     }
     /// Four divisions, unlike the free `operator/`, which multiplies by a reciprocal.
-    VEXOR_INLINE Mat2Dbl& operator/=(double scalar)
+    VEXOR_INLINE constexpr Mat2Dbl& operator/=(double scalar)
     {
         rows[0] /= scalar;
         rows[1] /= scalar;
         return *this;
     }
     /// Adds element by element.
-    VEXOR_INLINE Mat2Dbl& operator+=(Mat2Dbl const& other)
+    VEXOR_INLINE constexpr Mat2Dbl& operator+=(Mat2Dbl const& other)
     {
         rows[0] += other.rows[0];
         rows[1] += other.rows[1];
         return *this;
     }
     /// Subtracts element by element.
-    VEXOR_INLINE Mat2Dbl& operator-=(Mat2Dbl const& other)
+    VEXOR_INLINE constexpr Mat2Dbl& operator-=(Mat2Dbl const& other)
     {
         rows[0] -= other.rows[0];
         rows[1] -= other.rows[1];
@@ -219,45 +226,45 @@ private:
 // ---- Free operators --------------------------------------------------------------------------------
 
 /// Each element times the scalar.
-VEXOR_INLINE Mat2Dbl operator*(Mat2Dbl const& matrix, double scalar)
+VEXOR_INLINE constexpr Mat2Dbl operator*(Mat2Dbl const& matrix, double scalar)
 {
     return Mat2Dbl(matrix.GetRow(0) * scalar, matrix.GetRow(1) * scalar);
 }
 
 /// The same, the scalar on the left.
-VEXOR_INLINE Mat2Dbl operator*(double scalar, Mat2Dbl const& matrix)
+VEXOR_INLINE constexpr Mat2Dbl operator*(double scalar, Mat2Dbl const& matrix)
 {
     return matrix * scalar;
 }
 
 /// Forms 1 / scalar once and multiplies by it, unlike `operator/=`, which divides: the two may differ
 /// in the last place.
-VEXOR_INLINE Mat2Dbl operator/(Mat2Dbl const& matrix, double scalar)
+VEXOR_INLINE constexpr Mat2Dbl operator/(Mat2Dbl const& matrix, double scalar)
 {
     return matrix * (1.0 / scalar);
 }
 
 /// The negated copy: flips the sign of each element; 0 becomes −0.
-VEXOR_INLINE Mat2Dbl operator-(Mat2Dbl const& matrix)
+VEXOR_INLINE constexpr Mat2Dbl operator-(Mat2Dbl const& matrix)
 {
     return matrix.GetNegatedCopy();
 }
 
 /// The sum, element by element.
-VEXOR_INLINE Mat2Dbl operator+(Mat2Dbl const& left, Mat2Dbl const& right)
+VEXOR_INLINE constexpr Mat2Dbl operator+(Mat2Dbl const& left, Mat2Dbl const& right)
 {
     return Mat2Dbl(left.GetRow(0) + right.GetRow(0), left.GetRow(1) + right.GetRow(1));
 }
 
 /// The difference, element by element.
-VEXOR_INLINE Mat2Dbl operator-(Mat2Dbl const& left, Mat2Dbl const& right)
+VEXOR_INLINE constexpr Mat2Dbl operator-(Mat2Dbl const& left, Mat2Dbl const& right)
 {
     return Mat2Dbl(left.GetRow(0) - right.GetRow(0), left.GetRow(1) - right.GetRow(1));
 }
 
 /// Row r, column c is left(r, 0)·right(0, c) + left(r, 1)·right(1, c). The sum starts from the first
 /// product and not from 0 as in `Mat3Dbl`, so two products of −0 make −0.
-VEXOR_INLINE Mat2Dbl operator*(Mat2Dbl const& left, Mat2Dbl const& right)
+VEXOR_INLINE constexpr Mat2Dbl operator*(Mat2Dbl const& left, Mat2Dbl const& right)
 {
     return Mat2Dbl(Vec2Dbl(left(0, 0) * right(0, 0) + left(0, 1) * right(1, 0),
                            left(0, 0) * right(0, 1) + left(0, 1) * right(1, 1)),
@@ -266,7 +273,7 @@ VEXOR_INLINE Mat2Dbl operator*(Mat2Dbl const& left, Mat2Dbl const& right)
 }
 
 /// Matrix times column vector: component r is row r `Dot` the vector.
-VEXOR_INLINE Vec2Dbl operator*(Mat2Dbl const& matrix, Vec2Dbl const& vector)
+VEXOR_INLINE constexpr Vec2Dbl operator*(Mat2Dbl const& matrix, Vec2Dbl const& vector)
 {
     return Vec2Dbl(matrix.GetRow(0).Dot(vector), matrix.GetRow(1).Dot(vector));
 }
@@ -292,7 +299,7 @@ VEXOR_INLINE void Mat2Dbl::ReSolve(Vec2Dbl* const vectors, int count)
 
 // ---- Members of earlier classes that name Mat2Dbl ------------------------------------------------------
 
-VEXOR_INLINE Mat2Dbl Vec2Dbl::OuterProduct(Vec2Dbl const& other) const
+VEXOR_INLINE constexpr Mat2Dbl Vec2Dbl::OuterProduct(Vec2Dbl const& other) const
 {
     return Mat2Dbl(x * other, y * other);
 }

@@ -22,28 +22,24 @@ public:
     // ---- Construction ------------------------------------------------------------------------
 
     /// Leaves the elements as the memory held them.
-    VEXOR_KEEP_MEMORY VEXOR_INLINE Mat3Dbl() { LeavePivotOrderUnset(); }
+    VEXOR_KEEP_MEMORY VEXOR_INLINE Mat3Dbl() {}
     /// All nine elements take the value, not the diagonal alone.
-    VEXOR_INLINE Mat3Dbl(double value) : rows{value, value, value} { LeavePivotOrderUnset(); }
+    VEXOR_INLINE constexpr Mat3Dbl(double value) : rows{value, value, value} {}
     /// The arguments become the rows.
-    VEXOR_INLINE Mat3Dbl(Vec3Dbl const& row0, Vec3Dbl const& row1, Vec3Dbl const& row2)
+    VEXOR_INLINE constexpr Mat3Dbl(Vec3Dbl const& row0, Vec3Dbl const& row1, Vec3Dbl const& row2)
         : rows{row0, row1, row2}
-    {
-        LeavePivotOrderUnset();
-    }
+    {}
     /// Copies the nine elements and not the row order of a factorisation: `ReSolve` works on the
     /// factorised object alone.
-    VEXOR_INLINE Mat3Dbl(Mat3Dbl const& other) : rows{other.rows[0], other.rows[1], other.rows[2]}
-    {
-        LeavePivotOrderUnset();
-    }
+    VEXOR_INLINE constexpr Mat3Dbl(Mat3Dbl const& other) : rows{other.rows[0], other.rows[1], other.rows[2]}
+    {}
     /// The top left block of `other`, not transposed; zeros where `other` is smaller. Comes with
     /// MatDbl.h.
     VEXOR_INLINE Mat3Dbl(MatDbl const& other);
     ~Mat3Dbl() = default;
 
     /// Copies the nine elements; this object keeps its own row order.
-    VEXOR_INLINE Mat3Dbl& operator=(Mat3Dbl const& other)
+    VEXOR_INLINE constexpr Mat3Dbl& operator=(Mat3Dbl const& other)
     {
         rows[0] = other.rows[0];
         rows[1] = other.rows[1];
@@ -54,40 +50,46 @@ public:
     // ---- Elements, rows and columns ----------------------------------------------------------
 
     /// Row first, column second.
-    VEXOR_INLINE double& operator()(int row, int column)
+    VEXOR_INLINE constexpr double& operator()(int row, int column)
     {
-        return vexor::detail::ElementOf<double, 3, 3>(*this, row, column);
+        return VEXOR_CONSTANT_EVALUATED() ? rows[row][column]
+                                          : vexor::detail::ElementOf<double, 3, 3>(*this, row, column);
     }
     /// The same, read-only.
-    VEXOR_INLINE double const& operator()(int row, int column) const
+    VEXOR_INLINE constexpr double const& operator()(int row, int column) const
     {
-        return vexor::detail::ElementOf<double const, 3, 3>(*this, row, column);
+        return VEXOR_CONSTANT_EVALUATED() ? rows[row][column]
+                                          : vexor::detail::ElementOf<double const, 3, 3>(*this, row, column);
     }
 
     /// The row inside the matrix: writing to it changes the matrix.
-    VEXOR_INLINE Vec3Dbl& GetRow(unsigned int row)
+    VEXOR_INLINE constexpr Vec3Dbl& GetRow(unsigned int row)
     {
-        return vexor::detail::ElementOf<Vec3Dbl, 3>(*this, static_cast<int>(row));
+        return VEXOR_CONSTANT_EVALUATED()
+                   ? rows[row]
+                   : vexor::detail::ElementOf<Vec3Dbl, 3>(*this, static_cast<int>(row));
     }
     /// The row; nothing checks its index.
-    VEXOR_INLINE Vec3Dbl const& GetRow(unsigned int row) const
+    VEXOR_INLINE constexpr Vec3Dbl const& GetRow(unsigned int row) const
     {
-        return vexor::detail::ElementOf<Vec3Dbl const, 3>(*this, static_cast<int>(row));
+        return VEXOR_CONSTANT_EVALUATED()
+                   ? rows[row]
+                   : vexor::detail::ElementOf<Vec3Dbl const, 3>(*this, static_cast<int>(row));
     }
     /// Copies the vector into the row.
-    VEXOR_INLINE Mat3Dbl& SetRow(unsigned int row, Vec3Dbl const& values)
+    VEXOR_INLINE constexpr Mat3Dbl& SetRow(unsigned int row, Vec3Dbl const& values)
     {
         GetRow(row) = values;
         return *this;
     }
     /// A copy: columns are not stored as vectors.
-    VEXOR_INLINE Vec3Dbl GetCol(unsigned int column) const
+    VEXOR_INLINE constexpr Vec3Dbl GetCol(unsigned int column) const
     {
         int const c = static_cast<int>(column);
         return Vec3Dbl((*this)(0, c), (*this)(1, c), (*this)(2, c));
     }
     /// Writes the vector down the column.
-    VEXOR_INLINE Mat3Dbl& SetCol(unsigned int column, Vec3Dbl const& values)
+    VEXOR_INLINE constexpr Mat3Dbl& SetCol(unsigned int column, Vec3Dbl const& values)
     {
         int const c = static_cast<int>(column);
         Vec3Dbl const copy(values); // it may be one of our own rows
@@ -97,9 +99,9 @@ public:
         return *this;
     }
     /// A copy of the main diagonal.
-    VEXOR_INLINE Vec3Dbl GetDiagonal() const { return Vec3Dbl(rows[0].x, rows[1].y, rows[2].z); }
+    VEXOR_INLINE constexpr Vec3Dbl GetDiagonal() const { return Vec3Dbl(rows[0].x, rows[1].y, rows[2].z); }
     /// Writes the diagonal; the other elements stay.
-    VEXOR_INLINE Mat3Dbl& SetDiagonal(Vec3Dbl const& values)
+    VEXOR_INLINE constexpr Mat3Dbl& SetDiagonal(Vec3Dbl const& values)
     {
         rows[0].x = values.x;
         rows[1].y = values.y;
@@ -107,21 +109,21 @@ public:
         return *this;
     }
     /// Writes the value on the diagonal; the other elements stay.
-    VEXOR_INLINE Mat3Dbl& SetDiagonal(double value) { return SetDiagonal(Vec3Dbl(value)); }
+    VEXOR_INLINE constexpr Mat3Dbl& SetDiagonal(double value) { return SetDiagonal(Vec3Dbl(value)); }
 
     /// All nine elements take the value.
-    VEXOR_INLINE Mat3Dbl& SetValue(double value)
+    VEXOR_INLINE constexpr Mat3Dbl& SetValue(double value)
     {
         Vec3Dbl const row(value);
         return SetValue(row, row, row);
     }
     /// The arguments become the rows.
-    VEXOR_INLINE Mat3Dbl& SetValue(Vec3Dbl const& row0, Vec3Dbl const& row1, Vec3Dbl const& row2)
+    VEXOR_INLINE constexpr Mat3Dbl& SetValue(Vec3Dbl const& row0, Vec3Dbl const& row1, Vec3Dbl const& row2)
     {
         return *this = Mat3Dbl(row0, row1, row2); // an argument may be one of our own rows
     }
     /// Copies the rows to the arguments. Not const, though it changes nothing.
-    VEXOR_INLINE void GetValue(Vec3Dbl& row0, Vec3Dbl& row1, Vec3Dbl& row2)
+    VEXOR_INLINE constexpr void GetValue(Vec3Dbl& row0, Vec3Dbl& row1, Vec3Dbl& row2)
     {
         Mat3Dbl const copy(*this); // an argument may be one of our own rows
         row0 = copy.rows[0];
@@ -132,21 +134,21 @@ public:
     // ---- The whole matrix --------------------------------------------------------------------
 
     /// Sets the unit matrix.
-    VEXOR_INLINE Mat3Dbl& Identity()
+    VEXOR_INLINE constexpr Mat3Dbl& Identity()
     {
         SetValue(0.0);
         return SetDiagonal(1.0);
     }
     /// Transposes in place.
-    VEXOR_INLINE Mat3Dbl& Transpose() { return *this = GetTransposedCopy(); }
+    VEXOR_INLINE constexpr Mat3Dbl& Transpose() { return *this = GetTransposedCopy(); }
     /// The transposed copy.
-    VEXOR_INLINE Mat3Dbl GetTransposedCopy() const
+    VEXOR_INLINE constexpr Mat3Dbl GetTransposedCopy() const
     {
         return Mat3Dbl(Vec3Dbl(rows[0].x, rows[1].x, rows[2].x), Vec3Dbl(rows[0].y, rows[1].y, rows[2].y),
                        Vec3Dbl(rows[0].z, rows[1].z, rows[2].z));
     }
     /// Flips the sign of each element; 0 becomes −0.
-    VEXOR_INLINE Mat3Dbl& Negate()
+    VEXOR_INLINE constexpr Mat3Dbl& Negate()
     {
         rows[0].Negate();
         rows[1].Negate();
@@ -154,26 +156,26 @@ public:
         return *this;
     }
     /// The negated copy.
-    VEXOR_INLINE Mat3Dbl GetNegatedCopy() const { return Mat3Dbl(-rows[0], -rows[1], -rows[2]); }
+    VEXOR_INLINE constexpr Mat3Dbl GetNegatedCopy() const { return Mat3Dbl(-rows[0], -rows[1], -rows[2]); }
     /// The sum of the rows, (row 0 + row 1) + row 2: each component is the sum down a column.
-    VEXOR_INLINE Vec3Dbl RowSum() { return (rows[0] + rows[1]) + rows[2]; }
+    VEXOR_INLINE constexpr Vec3Dbl RowSum() { return (rows[0] + rows[1]) + rows[2]; }
     /// `RowSum()` times the reciprocal of 3.
-    VEXOR_INLINE Vec3Dbl RowAverage() { return RowSum() / 3.0; }
+    VEXOR_INLINE constexpr Vec3Dbl RowAverage() { return RowSum() / 3.0; }
 
     // ---- Exact comparison: the elements alone ------------------------------------------------
 
     /// Exact, element by element; a NaN is unequal to everything.
-    VEXOR_INLINE int operator==(Mat3Dbl const& other) const
+    VEXOR_INLINE constexpr int operator==(Mat3Dbl const& other) const
     {
         return rows[0] == other.rows[0] && rows[1] == other.rows[1] && rows[2] == other.rows[2];
     }
     /// The exact negation of `operator==`.
-    VEXOR_INLINE int operator!=(Mat3Dbl const& other) const { return !(*this == other); }
+    VEXOR_INLINE constexpr int operator!=(Mat3Dbl const& other) const { return !(*this == other); }
 
     // ---- Arithmetic, element by element ------------------------------------------------------
 
     /// Multiplies each element by the scalar.
-    VEXOR_INLINE Mat3Dbl& operator*=(double scalar)
+    VEXOR_INLINE constexpr Mat3Dbl& operator*=(double scalar)
     {
         rows[0] *= scalar;
         rows[1] *= scalar;
@@ -181,7 +183,7 @@ public:
         return *this;
     }
     /// Nine divisions, unlike the free `operator/`, which multiplies by a reciprocal.
-    VEXOR_INLINE Mat3Dbl& operator/=(double scalar)
+    VEXOR_INLINE constexpr Mat3Dbl& operator/=(double scalar)
     {
         rows[0] /= scalar;
         rows[1] /= scalar;
@@ -189,7 +191,7 @@ public:
         return *this;
     }
     /// Adds element by element.
-    VEXOR_INLINE Mat3Dbl& operator+=(Mat3Dbl const& other)
+    VEXOR_INLINE constexpr Mat3Dbl& operator+=(Mat3Dbl const& other)
     {
         rows[0] += other.rows[0];
         rows[1] += other.rows[1];
@@ -197,7 +199,7 @@ public:
         return *this;
     }
     /// Subtracts element by element.
-    VEXOR_INLINE Mat3Dbl& operator-=(Mat3Dbl const& other)
+    VEXOR_INLINE constexpr Mat3Dbl& operator-=(Mat3Dbl const& other)
     {
         rows[0] -= other.rows[0];
         rows[1] -= other.rows[1];
@@ -256,81 +258,80 @@ public:
 
 private:
     Vec3Dbl rows[3];
-    unsigned char pivotOrder[3]; // pivotOrder[i] is the row that acts as row i of the factors
-
-    double* Elements() { return &vexor::detail::ElementOf<double, 9>(*this, 0); }
-
-    // In checked builds marks the row order as that of no factors.
-    void LeavePivotOrderUnset()
-    {
+    // pivotOrder[i] is the row that acts as row i of the factors.
 #if defined(VEXOR_CHECKED)
-        pivotOrder[0] = pivotOrder[1] = pivotOrder[2] = 255;
+    unsigned char pivotOrder[3] = {255, 255, 255}; // the order of no factors
+#else
+    // A constant must have every field set, and a constructor at run time must write none of these: so it sets
+    // the member of no size.
+    union {
+        vexor::detail::Nothing noOrder = {};
+        unsigned char pivotOrder[3];
+    };
 #endif
+
+    double* Elements()
+    {
+        return &vexor::detail::ElementOf<double, 9>(*this, 0);
     }
 };
 
 // ---- Free operators --------------------------------------------------------------------------------
 
 /// Each element times the scalar.
-VEXOR_INLINE Mat3Dbl operator*(Mat3Dbl const& matrix, double scalar)
+VEXOR_INLINE constexpr Mat3Dbl operator*(Mat3Dbl const& matrix, double scalar)
 {
     return Mat3Dbl(matrix.GetRow(0) * scalar, matrix.GetRow(1) * scalar, matrix.GetRow(2) * scalar);
 }
 
 /// The same, the scalar on the left.
-VEXOR_INLINE Mat3Dbl operator*(double scalar, Mat3Dbl const& matrix)
+VEXOR_INLINE constexpr Mat3Dbl operator*(double scalar, Mat3Dbl const& matrix)
 {
     return matrix * scalar;
 }
 
 /// Forms 1 / scalar once and multiplies by it, unlike `operator/=`, which divides: the two may differ
 /// in the last place.
-VEXOR_INLINE Mat3Dbl operator/(Mat3Dbl const& matrix, double scalar)
+VEXOR_INLINE constexpr Mat3Dbl operator/(Mat3Dbl const& matrix, double scalar)
 {
     return matrix * (1.0 / scalar);
 }
 
 /// The negated copy: flips the sign of each element; 0 becomes −0.
-VEXOR_INLINE Mat3Dbl operator-(Mat3Dbl const& matrix)
+VEXOR_INLINE constexpr Mat3Dbl operator-(Mat3Dbl const& matrix)
 {
     return matrix.GetNegatedCopy();
 }
 
 /// The sum, element by element.
-VEXOR_INLINE Mat3Dbl operator+(Mat3Dbl const& left, Mat3Dbl const& right)
+VEXOR_INLINE constexpr Mat3Dbl operator+(Mat3Dbl const& left, Mat3Dbl const& right)
 {
     return Mat3Dbl(left.GetRow(0) + right.GetRow(0), left.GetRow(1) + right.GetRow(1),
                    left.GetRow(2) + right.GetRow(2));
 }
 
 /// The difference, element by element.
-VEXOR_INLINE Mat3Dbl operator-(Mat3Dbl const& left, Mat3Dbl const& right)
+VEXOR_INLINE constexpr Mat3Dbl operator-(Mat3Dbl const& left, Mat3Dbl const& right)
 {
     return Mat3Dbl(left.GetRow(0) - right.GetRow(0), left.GetRow(1) - right.GetRow(1),
                    left.GetRow(2) - right.GetRow(2));
 }
 
-/// The matrix product. Each element is ((0.0 + l₀·r₀) + l₁·r₁) + l₂·r₂; the sum starts from 0.0, so that
-/// no element is −0.
-VEXOR_INLINE Mat3Dbl operator*(Mat3Dbl const& left, Mat3Dbl const& right)
+namespace vexor::detail {
+
+/// Emits no code. It keeps g++ from vectorising across the iterations of the caller's loop, which costs more
+/// shuffles than it saves arithmetic.
+inline void KeepTurnsApart()
 {
 #if defined(__GNUC__) && !defined(__clang__)
-    // Stands for no instruction. It keeps g++ from mixing the matrices of two turns of the caller's loop in
-    // one register, which takes more shuffles than it saves operations.
     __asm__("");
 #endif
-    auto const row = [&right](Vec3Dbl const& factors) {
-        return ((Vec3Dbl(0.0) + factors.x * right.GetRow(0)) + factors.y * right.GetRow(1))
-               + factors.z * right.GetRow(2);
-    };
-    return Mat3Dbl(row(left.GetRow(0)), row(left.GetRow(1)), row(left.GetRow(2)));
 }
 
 /// The dot products of the rows with the vector.
-VEXOR_INLINE Vec3Dbl operator*(Mat3Dbl const& matrix, Vec3Dbl const& vector)
+inline Vec3Dbl ProductInPairs(Mat3Dbl const& matrix, Vec3Dbl const& vector)
 {
     // Each component is the sum (x + y) + z of `Vec3Dbl::Dot`; rows 0 and 1 are added up side by side.
-    using vexor::detail::Pair;
     Vec3Dbl const& row0 = matrix.GetRow(0);
     Vec3Dbl const& row1 = matrix.GetRow(1);
     Vec3Dbl const& row2 = matrix.GetRow(2);
@@ -339,6 +340,30 @@ VEXOR_INLINE Vec3Dbl operator*(Mat3Dbl const& matrix, Vec3Dbl const& vector)
     Pair const sums = vexor::detail::HorizontalSums(Pair{row0.x, row0.y} * xy, Pair{row1.x, row1.y} * xy)
                       + Pair{row0.z, row1.z} * Pair{vector.z, vector.z};
     return Vec3Dbl(sums[0], sums[1], (terms2[0] + terms2[1]) + row2.z * vector.z);
+}
+
+} // namespace vexor::detail
+
+/// The matrix product. Each element is ((0.0 + l₀·r₀) + l₁·r₁) + l₂·r₂; the sum starts from 0.0, so that
+/// no element is −0.
+VEXOR_INLINE constexpr Mat3Dbl operator*(Mat3Dbl const& left, Mat3Dbl const& right)
+{
+    if (!VEXOR_CONSTANT_EVALUATED())
+        vexor::detail::KeepTurnsApart();
+    auto const row = [&right](Vec3Dbl const& factors) {
+        return ((Vec3Dbl(0.0) + factors.x * right.GetRow(0)) + factors.y * right.GetRow(1))
+               + factors.z * right.GetRow(2);
+    };
+    return Mat3Dbl(row(left.GetRow(0)), row(left.GetRow(1)), row(left.GetRow(2)));
+}
+
+/// The dot products of the rows with the vector.
+VEXOR_INLINE constexpr Vec3Dbl operator*(Mat3Dbl const& matrix, Vec3Dbl const& vector)
+{
+    if (VEXOR_CONSTANT_EVALUATED())
+        return Vec3Dbl(matrix.GetRow(0).Dot(vector), matrix.GetRow(1).Dot(vector),
+                       matrix.GetRow(2).Dot(vector));
+    return vexor::detail::ProductInPairs(matrix, vector);
 }
 
 /// The product in double, each component rounded to single once.
@@ -365,7 +390,7 @@ VEXOR_INLINE Pnt3Flt operator*(Mat3Dbl const& matrix, Pnt3Flt const& point)
 
 // ---- Members of the vectors that name Mat3Dbl --------------------------------------------------------
 
-VEXOR_INLINE Mat3Dbl Vec3Dbl::OuterProduct(Vec3Dbl const& other) const
+VEXOR_INLINE constexpr Mat3Dbl Vec3Dbl::OuterProduct(Vec3Dbl const& other) const
 {
     return Mat3Dbl(x * other, y * other, z * other);
 }

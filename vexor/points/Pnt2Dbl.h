@@ -21,19 +21,19 @@ public:
     /// Leaves the coordinates as the memory held them.
     VEXOR_KEEP_MEMORY VEXOR_INLINE Pnt2Dbl() { vexor::detail::LeaveUnset(x, y); }
     /// Both coordinates take the value.
-    VEXOR_INLINE Pnt2Dbl(double value) : x(value), y(value) {}
+    VEXOR_INLINE constexpr Pnt2Dbl(double value) : x(value), y(value) {}
     /// The same for any integer type: a literal 0 is a number here, not a null pointer.
     template <class Integer, vexor::detail::IfInteger<Integer> = 0>
-    Pnt2Dbl(Integer value) : Pnt2Dbl(static_cast<double>(value))
+    constexpr Pnt2Dbl(Integer value) : Pnt2Dbl(static_cast<double>(value))
     {}
     /// The coordinates, in order.
-    VEXOR_INLINE Pnt2Dbl(double x0, double y0) : x(x0), y(y0) {}
+    VEXOR_INLINE constexpr Pnt2Dbl(double x0, double y0) : x(x0), y(y0) {}
     /// Copies two doubles from the array.
-    VEXOR_INLINE Pnt2Dbl(double* values) : x(values[0]), y(values[1]) {}
+    VEXOR_INLINE constexpr Pnt2Dbl(double* values) : x(values[0]), y(values[1]) {}
     /// Copies.
     Pnt2Dbl(Pnt2Dbl const&) = default;
     /// The point that the vector leads to from the origin.
-    VEXOR_INLINE Pnt2Dbl(Vec2Dbl const& vector) : x(vector.x), y(vector.y) {}
+    VEXOR_INLINE constexpr Pnt2Dbl(Vec2Dbl const& vector) : x(vector.x), y(vector.y) {}
     /// Widens each coordinate exactly. Comes with Pnt2Flt.h.
     VEXOR_INLINE Pnt2Dbl(Pnt2Flt const& other);
     /// Widens each component exactly.
@@ -45,39 +45,42 @@ public:
     /// Copies.
     Pnt2Dbl& operator=(Pnt2Dbl const&) = default;
     /// Takes the vector's components as coordinates.
-    VEXOR_INLINE Pnt2Dbl& operator=(Vec2Dbl const& vector) { return SetValue(vector.x, vector.y); }
+    VEXOR_INLINE constexpr Pnt2Dbl& operator=(Vec2Dbl const& vector) { return SetValue(vector.x, vector.y); }
     /// Widens each coordinate exactly. Comes with Pnt2Flt.h.
     VEXOR_INLINE Pnt2Dbl& operator=(Pnt2Flt const& other);
     /// Widens each component exactly.
     VEXOR_INLINE Pnt2Dbl& operator=(Vec2Flt const& vector) { return SetValue(vector.x, vector.y); }
 
     /// Both coordinates take the value.
-    VEXOR_INLINE Pnt2Dbl& SetValue(double value) { return SetValue(value, value); }
+    VEXOR_INLINE constexpr Pnt2Dbl& SetValue(double value) { return SetValue(value, value); }
     /// The same for any integer type: a literal 0 is a number here, not a null pointer.
     template <class Integer, vexor::detail::IfInteger<Integer> = 0>
-    Pnt2Dbl& SetValue(Integer value)
+    constexpr Pnt2Dbl& SetValue(Integer value)
     {
         return SetValue(static_cast<double>(value));
     }
     /// Sets the coordinates, in order.
-    VEXOR_INLINE Pnt2Dbl& SetValue(double x0, double y0)
+    VEXOR_INLINE constexpr Pnt2Dbl& SetValue(double x0, double y0)
     {
         x = x0;
         y = y0;
         return *this;
     }
     /// Copies two doubles from the array.
-    VEXOR_INLINE Pnt2Dbl& SetValue(double const* const values) { return SetValue(values[0], values[1]); }
+    VEXOR_INLINE constexpr Pnt2Dbl& SetValue(double const* const values)
+    {
+        return SetValue(values[0], values[1]);
+    }
 
     /// Writes the coordinates to the arguments, in order. Not const, unlike the form that fills an array.
-    VEXOR_INLINE void GetValue(double& x0, double& y0)
+    VEXOR_INLINE constexpr void GetValue(double& x0, double& y0)
     {
         double const copy[2] = {x, y}; // an argument may be one of our own coordinates
         x0 = copy[0];
         y0 = copy[1];
     }
     /// Writes the coordinates to the array, in order.
-    VEXOR_INLINE void GetValue(double* const values) const
+    VEXOR_INLINE constexpr void GetValue(double* const values) const
     {
         double const copy[2] = {x, y}; // the array may overlap this object
         values[0] = copy[0];
@@ -85,56 +88,76 @@ public:
     }
 
     /// The coordinate of the index 0 or 1, which is not checked.
-    VEXOR_INLINE double& operator[](int index) { return vexor::detail::ElementOf<double, 2>(*this, index); }
-    /// The same, read-only.
-    VEXOR_INLINE double const& operator[](int index) const
+    VEXOR_INLINE constexpr double& operator[](int index)
     {
-        return vexor::detail::ElementOf<double const, 2>(*this, index);
+        return VEXOR_CONSTANT_EVALUATED() ? vexor::detail::FieldOf(index, x, y)
+                                          : vexor::detail::ElementOf<double, 2>(*this, index);
+    }
+    /// The same, read-only.
+    VEXOR_INLINE constexpr double const& operator[](int index) const
+    {
+        return VEXOR_CONSTANT_EVALUATED() ? vexor::detail::FieldOf(index, x, y)
+                                          : vexor::detail::ElementOf<double const, 2>(*this, index);
     }
     /// The same operation as `operator[]`.
-    VEXOR_INLINE double& operator()(int index) { return (*this)[index]; }
+    VEXOR_INLINE constexpr double& operator()(int index) { return (*this)[index]; }
     /// The same, read-only.
-    VEXOR_INLINE double const& operator()(int index) const { return (*this)[index]; }
+    VEXOR_INLINE constexpr double const& operator()(int index) const { return (*this)[index]; }
 
     /// The vector from the origin to this point.
-    VEXOR_INLINE Vec2Dbl Vector() const { return Vec2Dbl(x, y); }
+    VEXOR_INLINE constexpr Vec2Dbl Vector() const { return Vec2Dbl(x, y); }
     /// Rounds each coordinate to single. Comes with Pnt2Flt.h.
     VEXOR_INLINE Pnt2Flt ToPnt2Flt() const;
 
     // ---- Arithmetic --------------------------------------------------------------------------
 
     /// Adds coordinates: the sum of two points is a point.
-    VEXOR_INLINE Pnt2Dbl operator+(Pnt2Dbl const& other) const { return Pnt2Dbl(x + other.x, y + other.y); }
+    VEXOR_INLINE constexpr Pnt2Dbl operator+(Pnt2Dbl const& other) const
+    {
+        return Pnt2Dbl(x + other.x, y + other.y);
+    }
     /// This point moved by the vector.
-    VEXOR_INLINE Pnt2Dbl operator+(Vec2Dbl const& vector) const
+    VEXOR_INLINE constexpr Pnt2Dbl operator+(Vec2Dbl const& vector) const
     {
         return Pnt2Dbl(x + vector.x, y + vector.y);
     }
     /// The vector from `other` to this point.
-    VEXOR_INLINE Vec2Dbl operator-(Pnt2Dbl const& other) const { return Vec2Dbl(x - other.x, y - other.y); }
+    VEXOR_INLINE constexpr Vec2Dbl operator-(Pnt2Dbl const& other) const
+    {
+        return Vec2Dbl(x - other.x, y - other.y);
+    }
     /// This point moved back by the vector.
-    VEXOR_INLINE Pnt2Dbl operator-(Vec2Dbl const& vector) const
+    VEXOR_INLINE constexpr Pnt2Dbl operator-(Vec2Dbl const& vector) const
     {
         return Pnt2Dbl(x - vector.x, y - vector.y);
     }
     /// Adds coordinate by coordinate.
-    VEXOR_INLINE Pnt2Dbl& operator+=(Pnt2Dbl const& other) { return SetValue(x + other.x, y + other.y); }
+    VEXOR_INLINE constexpr Pnt2Dbl& operator+=(Pnt2Dbl const& other)
+    {
+        return SetValue(x + other.x, y + other.y);
+    }
     /// Adds coordinate by coordinate.
-    VEXOR_INLINE Pnt2Dbl& operator+=(Vec2Dbl const& vector) { return SetValue(x + vector.x, y + vector.y); }
+    VEXOR_INLINE constexpr Pnt2Dbl& operator+=(Vec2Dbl const& vector)
+    {
+        return SetValue(x + vector.x, y + vector.y);
+    }
     // No operator-= takes a point: what it would yield is a vector.
     /// Subtracts coordinate by coordinate.
-    VEXOR_INLINE Pnt2Dbl& operator-=(Vec2Dbl const& vector) { return SetValue(x - vector.x, y - vector.y); }
+    VEXOR_INLINE constexpr Pnt2Dbl& operator-=(Vec2Dbl const& vector)
+    {
+        return SetValue(x - vector.x, y - vector.y);
+    }
     /// Multiplies each coordinate by the scalar.
-    VEXOR_INLINE Pnt2Dbl& operator*=(double scalar) { return SetValue(x * scalar, y * scalar); }
+    VEXOR_INLINE constexpr Pnt2Dbl& operator*=(double scalar) { return SetValue(x * scalar, y * scalar); }
     /// Two divisions, unlike the free `operator/`, which multiplies by a reciprocal.
-    VEXOR_INLINE Pnt2Dbl& operator/=(double scalar) { return SetValue(x / scalar, y / scalar); }
+    VEXOR_INLINE constexpr Pnt2Dbl& operator/=(double scalar) { return SetValue(x / scalar, y / scalar); }
 
     // ---- Distance ----------------------------------------------------------------------------
 
     /// (0 + dx²) + dy², with d this point minus the other: a plain sum. It has all its digits for
     /// differences between about 1e-146 and 1e153. Beyond, it is infinity; below, it loses digits, and from
     /// about 1e-162 on it is 0.
-    VEXOR_INLINE double DistanceSqTo(Pnt2Dbl const& other) const
+    VEXOR_INLINE constexpr double DistanceSqTo(Pnt2Dbl const& other) const
     {
         using vexor::detail::AddSquare;
         return AddSquare(AddSquare<double>(0.0, x - other.x), y - other.y);
@@ -153,12 +176,15 @@ public:
     // ---- Comparison --------------------------------------------------------------------------
 
     /// Exact, coordinate by coordinate; a NaN is unequal to everything.
-    VEXOR_INLINE int operator==(Pnt2Dbl const& other) const { return int(x == other.x) & int(y == other.y); }
+    VEXOR_INLINE constexpr int operator==(Pnt2Dbl const& other) const
+    {
+        return int(x == other.x) & int(y == other.y);
+    }
     /// The exact negation of `operator==`.
-    VEXOR_INLINE int operator!=(Pnt2Dbl const& other) const { return !(*this == other); }
+    VEXOR_INLINE constexpr int operator!=(Pnt2Dbl const& other) const { return !(*this == other); }
     /// Strict lexicographic order: the first coordinate that is not equal decides. A NaN there gives 0.
     /// The result is an int here and a bool on `Pnt3Dbl`: callers may store or add it as such.
-    VEXOR_INLINE int operator<(Pnt2Dbl const& other) const
+    VEXOR_INLINE constexpr int operator<(Pnt2Dbl const& other) const
     {
         if (!(x == other.x))
             return x < other.x;
@@ -171,9 +197,12 @@ public:
         return DistanceSqTo(other) <= vexor::detail::SquaredDistanceLimit(tolerance);
     }
     /// Both coordinates less than or equal to the other's: not strict, and no order.
-    VEXOR_INLINE int IsLessThan(Pnt2Dbl const& other) const { return int(x <= other.x) & int(y <= other.y); }
+    VEXOR_INLINE constexpr int IsLessThan(Pnt2Dbl const& other) const
+    {
+        return int(x <= other.x) & int(y <= other.y);
+    }
     /// Both coordinates greater than or equal to the other's: not strict, and no order.
-    VEXOR_INLINE int IsGreaterThan(Pnt2Dbl const& other) const
+    VEXOR_INLINE constexpr int IsGreaterThan(Pnt2Dbl const& other) const
     {
         return int(x >= other.x) & int(y >= other.y);
     }
@@ -182,27 +211,27 @@ public:
 // ---- Free operators --------------------------------------------------------------------------------
 
 /// Each coordinate times the scalar.
-VEXOR_INLINE Pnt2Dbl operator*(Pnt2Dbl const& point, double scalar)
+VEXOR_INLINE constexpr Pnt2Dbl operator*(Pnt2Dbl const& point, double scalar)
 {
     return Pnt2Dbl(point.x * scalar, point.y * scalar);
 }
 
 /// The same, the scalar on the left.
-VEXOR_INLINE Pnt2Dbl operator*(double scalar, Pnt2Dbl const& point)
+VEXOR_INLINE constexpr Pnt2Dbl operator*(double scalar, Pnt2Dbl const& point)
 {
     return point * scalar;
 }
 
 /// Forms 1 / scalar once and multiplies by it, unlike `operator/=`, which divides: the two may differ
 /// in the last place.
-VEXOR_INLINE Pnt2Dbl operator/(Pnt2Dbl const& point, double scalar)
+VEXOR_INLINE constexpr Pnt2Dbl operator/(Pnt2Dbl const& point, double scalar)
 {
     return point * (1.0 / scalar);
 }
 
 // ---- Members of Vec2Dbl that name Pnt2Dbl --------------------------------------------------------------
 
-VEXOR_INLINE Vec2Dbl& Vec2Dbl::operator=(Pnt2Dbl const& point)
+VEXOR_INLINE constexpr Vec2Dbl& Vec2Dbl::operator=(Pnt2Dbl const& point)
 {
     return SetValue(point.x, point.y);
 }

@@ -24,19 +24,19 @@ public:
     /// Leaves the coordinates as the memory held them.
     VEXOR_KEEP_MEMORY VEXOR_INLINE Pnt3Dbl() { vexor::detail::LeaveUnset(x, y, z); }
     /// All three coordinates take the value.
-    VEXOR_INLINE Pnt3Dbl(double value) : x(value), y(value), z(value) {}
+    VEXOR_INLINE constexpr Pnt3Dbl(double value) : x(value), y(value), z(value) {}
     /// The same for any integer type: a literal 0 is a number here, not a null pointer.
     template <class Integer, vexor::detail::IfInteger<Integer> = 0>
-    Pnt3Dbl(Integer value) : Pnt3Dbl(static_cast<double>(value))
+    constexpr Pnt3Dbl(Integer value) : Pnt3Dbl(static_cast<double>(value))
     {}
     /// The coordinates, in order.
-    VEXOR_INLINE Pnt3Dbl(double x0, double y0, double z0) : x(x0), y(y0), z(z0) {}
+    VEXOR_INLINE constexpr Pnt3Dbl(double x0, double y0, double z0) : x(x0), y(y0), z(z0) {}
     /// Copies three doubles from the array.
-    VEXOR_INLINE Pnt3Dbl(double* values) : x(values[0]), y(values[1]), z(values[2]) {}
+    VEXOR_INLINE constexpr Pnt3Dbl(double* values) : x(values[0]), y(values[1]), z(values[2]) {}
     /// Copies.
     Pnt3Dbl(Pnt3Dbl const&) = default;
     /// The point that the vector leads to from the origin.
-    VEXOR_INLINE Pnt3Dbl(Vec3Dbl const& vector) : x(vector.x), y(vector.y), z(vector.z) {}
+    VEXOR_INLINE constexpr Pnt3Dbl(Vec3Dbl const& vector) : x(vector.x), y(vector.y), z(vector.z) {}
     /// Widens each coordinate exactly. Comes with Pnt3Flt.h.
     VEXOR_INLINE Pnt3Dbl(Pnt3Flt const& other);
     /// Widens each component exactly.
@@ -48,22 +48,25 @@ public:
     /// Copies.
     Pnt3Dbl& operator=(Pnt3Dbl const&) = default;
     /// Takes the vector's components as coordinates.
-    VEXOR_INLINE Pnt3Dbl& operator=(Vec3Dbl const& vector) { return SetValue(vector.x, vector.y, vector.z); }
+    VEXOR_INLINE constexpr Pnt3Dbl& operator=(Vec3Dbl const& vector)
+    {
+        return SetValue(vector.x, vector.y, vector.z);
+    }
     /// Widens each coordinate exactly. Comes with Pnt3Flt.h.
     VEXOR_INLINE Pnt3Dbl& operator=(Pnt3Flt const& other);
     /// Widens each component exactly.
     VEXOR_INLINE Pnt3Dbl& operator=(Vec3Flt const& vector) { return SetValue(vector.x, vector.y, vector.z); }
 
     /// All three coordinates take the value.
-    VEXOR_INLINE Pnt3Dbl& SetValue(double value) { return SetValue(value, value, value); }
+    VEXOR_INLINE constexpr Pnt3Dbl& SetValue(double value) { return SetValue(value, value, value); }
     /// The same for any integer type: a literal 0 is a number here, not a null pointer.
     template <class Integer, vexor::detail::IfInteger<Integer> = 0>
-    Pnt3Dbl& SetValue(Integer value)
+    constexpr Pnt3Dbl& SetValue(Integer value)
     {
         return SetValue(static_cast<double>(value));
     }
     /// Sets the coordinates, in order.
-    VEXOR_INLINE Pnt3Dbl& SetValue(double x0, double y0, double z0)
+    VEXOR_INLINE constexpr Pnt3Dbl& SetValue(double x0, double y0, double z0)
     {
         x = x0;
         y = y0;
@@ -71,13 +74,13 @@ public:
         return *this;
     }
     /// Copies three doubles from the array.
-    VEXOR_INLINE Pnt3Dbl& SetValue(double const* const values)
+    VEXOR_INLINE constexpr Pnt3Dbl& SetValue(double const* const values)
     {
         return SetValue(values[0], values[1], values[2]);
     }
 
     /// Writes the coordinates to the arguments, in order. Not const, unlike the form that fills an array.
-    VEXOR_INLINE void GetValue(double& x0, double& y0, double& z0)
+    VEXOR_INLINE constexpr void GetValue(double& x0, double& y0, double& z0)
     {
         double const copy[3] = {x, y, z}; // an argument may be one of our own coordinates
         x0 = copy[0];
@@ -85,7 +88,7 @@ public:
         z0 = copy[2];
     }
     /// Writes the coordinates to the array, in order.
-    VEXOR_INLINE void GetValue(double* const values) const
+    VEXOR_INLINE constexpr void GetValue(double* const values) const
     {
         double const copy[3] = {x, y, z}; // the array may overlap this object
         values[0] = copy[0];
@@ -94,71 +97,82 @@ public:
     }
 
     /// The coordinate of the index 0, 1 or 2, which is not checked.
-    VEXOR_INLINE double& operator[](int index) { return vexor::detail::ElementOf<double, 3>(*this, index); }
-    /// The same, read-only.
-    VEXOR_INLINE double const& operator[](int index) const
+    VEXOR_INLINE constexpr double& operator[](int index)
     {
-        return vexor::detail::ElementOf<double const, 3>(*this, index);
+        return VEXOR_CONSTANT_EVALUATED() ? vexor::detail::FieldOf(index, x, y, z)
+                                          : vexor::detail::ElementOf<double, 3>(*this, index);
+    }
+    /// The same, read-only.
+    VEXOR_INLINE constexpr double const& operator[](int index) const
+    {
+        return VEXOR_CONSTANT_EVALUATED() ? vexor::detail::FieldOf(index, x, y, z)
+                                          : vexor::detail::ElementOf<double const, 3>(*this, index);
     }
     /// The same operation as `operator[]`.
-    VEXOR_INLINE double& operator()(int index) { return (*this)[index]; }
+    VEXOR_INLINE constexpr double& operator()(int index) { return (*this)[index]; }
     /// The same, read-only.
-    VEXOR_INLINE double const& operator()(int index) const { return (*this)[index]; }
+    VEXOR_INLINE constexpr double const& operator()(int index) const { return (*this)[index]; }
 
     /// The vector from the origin to this point.
-    VEXOR_INLINE Vec3Dbl Vector() const { return Vec3Dbl(x, y, z); }
+    VEXOR_INLINE constexpr Vec3Dbl Vector() const { return Vec3Dbl(x, y, z); }
     /// Rounds each coordinate to single. Comes with Pnt3Flt.h.
     VEXOR_INLINE Pnt3Flt ToPnt3Flt() const;
 
     // ---- Arithmetic --------------------------------------------------------------------------
 
     /// Adds coordinates: the sum of two points is a point.
-    VEXOR_INLINE Pnt3Dbl operator+(Pnt3Dbl const& other) const
+    VEXOR_INLINE constexpr Pnt3Dbl operator+(Pnt3Dbl const& other) const
     {
         return Pnt3Dbl(x + other.x, y + other.y, z + other.z);
     }
     /// This point moved by the vector.
-    VEXOR_INLINE Pnt3Dbl operator+(Vec3Dbl const& vector) const
+    VEXOR_INLINE constexpr Pnt3Dbl operator+(Vec3Dbl const& vector) const
     {
         return Pnt3Dbl(x + vector.x, y + vector.y, z + vector.z);
     }
     /// The vector from `other` to this point.
-    VEXOR_INLINE Vec3Dbl operator-(Pnt3Dbl const& other) const
+    VEXOR_INLINE constexpr Vec3Dbl operator-(Pnt3Dbl const& other) const
     {
         return Vec3Dbl(x - other.x, y - other.y, z - other.z);
     }
     /// This point moved back by the vector.
-    VEXOR_INLINE Pnt3Dbl operator-(Vec3Dbl const& vector) const
+    VEXOR_INLINE constexpr Pnt3Dbl operator-(Vec3Dbl const& vector) const
     {
         return Pnt3Dbl(x - vector.x, y - vector.y, z - vector.z);
     }
     /// Adds coordinate by coordinate.
-    VEXOR_INLINE Pnt3Dbl& operator+=(Pnt3Dbl const& other)
+    VEXOR_INLINE constexpr Pnt3Dbl& operator+=(Pnt3Dbl const& other)
     {
         return SetValue(x + other.x, y + other.y, z + other.z);
     }
     /// Adds coordinate by coordinate.
-    VEXOR_INLINE Pnt3Dbl& operator+=(Vec3Dbl const& vector)
+    VEXOR_INLINE constexpr Pnt3Dbl& operator+=(Vec3Dbl const& vector)
     {
         return SetValue(x + vector.x, y + vector.y, z + vector.z);
     }
     // No operator-= takes a point: what it would yield is a vector.
     /// Subtracts coordinate by coordinate.
-    VEXOR_INLINE Pnt3Dbl& operator-=(Vec3Dbl const& vector)
+    VEXOR_INLINE constexpr Pnt3Dbl& operator-=(Vec3Dbl const& vector)
     {
         return SetValue(x - vector.x, y - vector.y, z - vector.z);
     }
     /// Multiplies each coordinate by the scalar.
-    VEXOR_INLINE Pnt3Dbl& operator*=(double scalar) { return SetValue(x * scalar, y * scalar, z * scalar); }
+    VEXOR_INLINE constexpr Pnt3Dbl& operator*=(double scalar)
+    {
+        return SetValue(x * scalar, y * scalar, z * scalar);
+    }
     /// Three divisions, unlike the free `operator/`, which multiplies by a reciprocal.
-    VEXOR_INLINE Pnt3Dbl& operator/=(double scalar) { return SetValue(x / scalar, y / scalar, z / scalar); }
+    VEXOR_INLINE constexpr Pnt3Dbl& operator/=(double scalar)
+    {
+        return SetValue(x / scalar, y / scalar, z / scalar);
+    }
 
     // ---- Distance ----------------------------------------------------------------------------
 
     /// ((0 + dx²) + dy²) + dz², with d this point minus the other: a plain sum. It has all its digits for
     /// differences between about 1e-146 and 1e153. Beyond, it is infinity; below, it loses digits, and from
     /// about 1e-162 on it is 0.
-    VEXOR_INLINE double DistanceSqTo(Pnt3Dbl const& other) const
+    VEXOR_INLINE constexpr double DistanceSqTo(Pnt3Dbl const& other) const
     {
         using vexor::detail::AddSquare;
         return AddSquare(AddSquare(AddSquare<double>(0.0, x - other.x), y - other.y), z - other.z);
@@ -177,15 +191,15 @@ public:
     // ---- Comparison --------------------------------------------------------------------------
 
     /// Exact, coordinate by coordinate; a NaN is unequal to everything.
-    VEXOR_INLINE int operator==(Pnt3Dbl const& other) const
+    VEXOR_INLINE constexpr int operator==(Pnt3Dbl const& other) const
     {
         return int(x == other.x) & int(y == other.y) & int(z == other.z);
     }
     /// The exact negation of `operator==`.
-    VEXOR_INLINE int operator!=(Pnt3Dbl const& other) const { return !(*this == other); }
+    VEXOR_INLINE constexpr int operator!=(Pnt3Dbl const& other) const { return !(*this == other); }
     /// Strict lexicographic order: the first coordinate that is not equal decides. A NaN there gives
     /// false.
-    VEXOR_INLINE bool operator<(Pnt3Dbl const& other) const
+    VEXOR_INLINE constexpr bool operator<(Pnt3Dbl const& other) const
     {
         if (!(x == other.x))
             return x < other.x;
@@ -200,12 +214,12 @@ public:
         return DistanceSqTo(other) <= vexor::detail::SquaredDistanceLimit(tolerance);
     }
     /// Every coordinate less than or equal to the other's: not strict, and no order.
-    VEXOR_INLINE int IsLessThan(Pnt3Dbl const& other) const
+    VEXOR_INLINE constexpr int IsLessThan(Pnt3Dbl const& other) const
     {
         return int(x <= other.x) & int(y <= other.y) & int(z <= other.z);
     }
     /// Every coordinate greater than or equal to the other's: not strict, and no order.
-    VEXOR_INLINE int IsGreaterThan(Pnt3Dbl const& other) const
+    VEXOR_INLINE constexpr int IsGreaterThan(Pnt3Dbl const& other) const
     {
         return int(x >= other.x) & int(y >= other.y) & int(z >= other.z);
     }
@@ -214,27 +228,27 @@ public:
 // ---- Free operators --------------------------------------------------------------------------------
 
 /// Each coordinate times the scalar.
-VEXOR_INLINE Pnt3Dbl operator*(Pnt3Dbl const& point, double scalar)
+VEXOR_INLINE constexpr Pnt3Dbl operator*(Pnt3Dbl const& point, double scalar)
 {
     return Pnt3Dbl(point.x * scalar, point.y * scalar, point.z * scalar);
 }
 
 /// The same, the scalar on the left.
-VEXOR_INLINE Pnt3Dbl operator*(double scalar, Pnt3Dbl const& point)
+VEXOR_INLINE constexpr Pnt3Dbl operator*(double scalar, Pnt3Dbl const& point)
 {
     return point * scalar;
 }
 
 /// Forms 1 / scalar once and multiplies by it, unlike `operator/=`, which divides: the two may differ
 /// in the last place.
-VEXOR_INLINE Pnt3Dbl operator/(Pnt3Dbl const& point, double scalar)
+VEXOR_INLINE constexpr Pnt3Dbl operator/(Pnt3Dbl const& point, double scalar)
 {
     return point * (1.0 / scalar);
 }
 
 // ---- Members of Vec3Dbl that name Pnt3Dbl --------------------------------------------------------------
 
-VEXOR_INLINE Vec3Dbl& Vec3Dbl::operator=(Pnt3Dbl const& point)
+VEXOR_INLINE constexpr Vec3Dbl& Vec3Dbl::operator=(Pnt3Dbl const& point)
 {
     return SetValue(point.x, point.y, point.z);
 }

@@ -30,7 +30,7 @@ public:
     // ---- Construction ------------------------------------------------------------------------
 
     /// The identity, (0, 0, 0, 1).
-    VEXOR_INLINE Quaternion() : u(0.0), v(0.0), w(0.0), s(1.0) {}
+    VEXOR_INLINE constexpr Quaternion() : u(0.0), v(0.0), w(0.0), s(1.0) {}
     /// Copies.
     Quaternion(Quaternion const&) = default;
     /// As `SetAxisAngle`: an axis and an angle, not the four components that `SetValue` takes.
@@ -54,28 +54,31 @@ public:
 
     /// Component 0, 1 or 2 of the vector part; every index from 3 up is the scalar. A negative index is
     /// not checked.
-    VEXOR_INLINE double& operator[](int index)
+    VEXOR_INLINE constexpr double& operator[](int index)
     {
-        return vexor::detail::ElementOf<double, 4>(*this, index < 3 ? index : 3);
+        return VEXOR_CONSTANT_EVALUATED() ? vexor::detail::FieldOf(index < 3 ? index : 3, u, v, w, s)
+                                          : vexor::detail::ElementOf<double, 4>(*this, index < 3 ? index : 3);
     }
     /// The same, read-only.
-    VEXOR_INLINE double const& operator[](int index) const
+    VEXOR_INLINE constexpr double const& operator[](int index) const
     {
-        return vexor::detail::ElementOf<double const, 4>(*this, index < 3 ? index : 3);
+        return VEXOR_CONSTANT_EVALUATED()
+                   ? vexor::detail::FieldOf(index < 3 ? index : 3, u, v, w, s)
+                   : vexor::detail::ElementOf<double const, 4>(*this, index < 3 ? index : 3);
     }
 
     // ---- Exact comparison --------------------------------------------------------------------
 
     /// Exact in all four components; a NaN is unequal to everything. q and −q are unequal.
-    VEXOR_INLINE bool operator==(Quaternion const& other) const
+    VEXOR_INLINE constexpr bool operator==(Quaternion const& other) const
     {
         return u == other.u && v == other.v && w == other.w && s == other.s;
     }
     /// The exact negation of `operator==`.
-    VEXOR_INLINE bool operator!=(Quaternion const& other) const { return !(*this == other); }
+    VEXOR_INLINE constexpr bool operator!=(Quaternion const& other) const { return !(*this == other); }
     /// Strict lexicographic order of (u, v, w, s): the first component that is not equal decides. A NaN
     /// there gives false.
-    VEXOR_INLINE bool operator<(Quaternion const& other) const
+    VEXOR_INLINE constexpr bool operator<(Quaternion const& other) const
     {
         Vec3Dbl const mine(u, v, w);
         Vec3Dbl const others(other.u, other.v, other.w);
@@ -85,15 +88,15 @@ public:
     // ---- Components --------------------------------------------------------------------------
 
     /// The scalar part. Deliberately not const.
-    VEXOR_INLINE double GetSParam() { return s; }
+    VEXOR_INLINE constexpr double GetSParam() { return s; }
     /// A copy of the vector part.
-    VEXOR_INLINE Vec3Dbl GetUvwParam() { return Vec3Dbl(u, v, w); }
+    VEXOR_INLINE constexpr Vec3Dbl GetUvwParam() { return Vec3Dbl(u, v, w); }
     /// Sets (0, 0, 0, 1).
-    VEXOR_INLINE Quaternion& Identity() { return SetValue(0.0, 0.0, 0.0, 1.0, 0); }
+    VEXOR_INLINE constexpr Quaternion& Identity() { return SetValue(0.0, 0.0, 0.0, 1.0, 0); }
     /// 1 where the vector part is exactly 0, whatever the scalar: (0, 0, 0, −1) and even (0, 0, 0, 0) count.
-    VEXOR_INLINE int IsIdentity() const { return Vec3Dbl(u, v, w).IsNull(); }
+    VEXOR_INLINE constexpr int IsIdentity() const { return Vec3Dbl(u, v, w).IsNull(); }
     /// Stores the four components; with a flag other than 0, runs `Normalize` on them.
-    VEXOR_INLINE Quaternion& SetValue(double u0, double v0, double w0, double s0, int normalize)
+    VEXOR_INLINE constexpr Quaternion& SetValue(double u0, double v0, double w0, double s0, int normalize)
     {
         u = u0;
         v = v0;
@@ -125,11 +128,11 @@ public:
 
     /// Conjugates: flips the signs of u, v and w. There is no division by the squared norm, so this is the
     /// inverse of a unit quaternion only.
-    VEXOR_INLINE Quaternion& Invert() { return SetValue(-u, -v, -w, s, 0); }
+    VEXOR_INLINE constexpr Quaternion& Invert() { return SetValue(-u, -v, -w, s, 0); }
     /// The same operation as `Invert`.
-    VEXOR_INLINE Quaternion& NegateAngle() { return Invert(); }
+    VEXOR_INLINE constexpr Quaternion& NegateAngle() { return Invert(); }
     /// As `Invert`, on a copy.
-    VEXOR_INLINE Quaternion Inverse() const
+    VEXOR_INLINE constexpr Quaternion Inverse() const
     {
         Quaternion result(*this);
         result.Invert();
@@ -137,7 +140,7 @@ public:
     }
     /// The Hamilton product, this quaternion on the left: the rotation that applies `right` first. The
     /// terms of each sum are added from left to right, and the result is not normalised.
-    VEXOR_INLINE Quaternion operator*(Quaternion const& right) const
+    VEXOR_INLINE constexpr Quaternion operator*(Quaternion const& right) const
     {
         Quaternion result;
         result.u = s * right.u + u * right.s + v * right.w - w * right.v;
@@ -148,7 +151,7 @@ public:
     }
     /// The rotated vector: with n = (u, v, w) and t = s·p + n × p, it is ((p·n)·n + s·t) − t × n. That is
     /// the vector part of q·p·q̄, so a quaternion that is not unit scales by its squared norm.
-    VEXOR_INLINE Vec3Dbl RotatePoint(Vec3Dbl const& vector) const
+    VEXOR_INLINE constexpr Vec3Dbl RotatePoint(Vec3Dbl const& vector) const
     {
         Vec3Dbl const n(u, v, w);
         Vec3Dbl const t = s * vector + n.Cross(vector);
@@ -156,7 +159,10 @@ public:
         return (d * n + s * t) - t.Cross(n);
     }
     /// The point turned about the origin, by the rotation of its position vector.
-    VEXOR_INLINE Pnt3Dbl RotatePoint(Pnt3Dbl const& point) const { return RotatePoint(point.Vector()); }
+    VEXOR_INLINE constexpr Pnt3Dbl RotatePoint(Pnt3Dbl const& point) const
+    {
+        return RotatePoint(point.Vector());
+    }
 
     // ---- Angles ------------------------------------------------------------------------------
 
@@ -216,7 +222,7 @@ public:
     VEXOR_API Quaternion& SetFromMatrix(Mat3Dbl const& matrix);
     /// Writes the rotation as a matrix that acts on column vectors from the left. A quaternion that is not
     /// unit gives the rotation times the squared norm.
-    VEXOR_INLINE void GetRotationMatrix(Mat3Dbl& matrix) const
+    VEXOR_INLINE constexpr void GetRotationMatrix(Mat3Dbl& matrix) const
     {
         double const uu = u * u;
         double const vv = v * v;
@@ -228,20 +234,20 @@ public:
     }
     /// Column 0, 1 or 2 of the rotation: the basis vector of that index, rotated by `RotatePoint`. The
     /// index is not checked.
-    VEXOR_INLINE Vec3Dbl GetCol(int index) const
+    VEXOR_INLINE constexpr Vec3Dbl GetCol(int index) const
     {
         Vec3Dbl basis(0.0);
         basis[index] = 1.0;
         return RotatePoint(basis);
     }
     /// Row 0, 1 or 2 of the rotation: that column of the conjugate.
-    VEXOR_INLINE Vec3Dbl GetRow(int index) const { return Inverse().GetCol(index); }
+    VEXOR_INLINE constexpr Vec3Dbl GetRow(int index) const { return Inverse().GetCol(index); }
     /// The rotated X axis, `GetCol(0)`.
-    VEXOR_INLINE Vec3Dbl XAxis() const { return GetCol(0); }
+    VEXOR_INLINE constexpr Vec3Dbl XAxis() const { return GetCol(0); }
     /// The rotated Y axis, `GetCol(1)`.
-    VEXOR_INLINE Vec3Dbl YAxis() const { return GetCol(1); }
+    VEXOR_INLINE constexpr Vec3Dbl YAxis() const { return GetCol(1); }
     /// The rotated Z axis, `GetCol(2)`.
-    VEXOR_INLINE Vec3Dbl ZAxis() const { return GetCol(2); }
+    VEXOR_INLINE constexpr Vec3Dbl ZAxis() const { return GetCol(2); }
 
     // ---- Euler angles ------------------------------------------------------------------------
     // The rotation matrix is Rz(z)·Ry(y)·Rx(x) about the fixed axes: the turn about X acts first.

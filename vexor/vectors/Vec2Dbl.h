@@ -23,15 +23,15 @@ public:
     /// Leaves the components as the memory held them.
     VEXOR_KEEP_MEMORY VEXOR_INLINE Vec2Dbl() { vexor::detail::LeaveUnset(x, y); }
     /// Both components take the value.
-    VEXOR_INLINE Vec2Dbl(double value) : x(value), y(value) {}
+    VEXOR_INLINE constexpr Vec2Dbl(double value) : x(value), y(value) {}
     /// The same for any integer type: a literal 0 is a number here, not a null pointer.
     template <class Integer, vexor::detail::IfInteger<Integer> = 0>
-    Vec2Dbl(Integer value) : Vec2Dbl(static_cast<double>(value))
+    constexpr Vec2Dbl(Integer value) : Vec2Dbl(static_cast<double>(value))
     {}
     /// The components, in order.
-    VEXOR_INLINE Vec2Dbl(double x0, double y0) : x(x0), y(y0) {}
+    VEXOR_INLINE constexpr Vec2Dbl(double x0, double y0) : x(x0), y(y0) {}
     /// Copies two doubles from the array.
-    VEXOR_INLINE Vec2Dbl(double* values) : x(values[0]), y(values[1]) {}
+    VEXOR_INLINE constexpr Vec2Dbl(double* values) : x(values[0]), y(values[1]) {}
     /// Copies.
     Vec2Dbl(Vec2Dbl const&) = default;
     /// Widens each component exactly. Comes with Vec2Flt.h.
@@ -45,49 +45,57 @@ public:
     /// Widens each component exactly. Comes with Vec2Flt.h.
     VEXOR_INLINE Vec2Dbl& operator=(Vec2Flt const& other);
     /// Takes the point's coordinates. Comes with Pnt2Dbl.h.
-    VEXOR_INLINE Vec2Dbl& operator=(Pnt2Dbl const& point);
+    VEXOR_INLINE constexpr Vec2Dbl& operator=(Pnt2Dbl const& point);
     /// Takes the point's coordinates, widened exactly. Comes with Pnt2Flt.h.
     VEXOR_INLINE Vec2Dbl& operator=(Pnt2Flt const& point);
 
     /// Both components take the value.
-    VEXOR_INLINE Vec2Dbl& SetValue(double value) { return SetValue(value, value); }
+    VEXOR_INLINE constexpr Vec2Dbl& SetValue(double value) { return SetValue(value, value); }
     /// The same for any integer type: a literal 0 is a number here, not a null pointer.
     template <class Integer, vexor::detail::IfInteger<Integer> = 0>
-    Vec2Dbl& SetValue(Integer value)
+    constexpr Vec2Dbl& SetValue(Integer value)
     {
         return SetValue(static_cast<double>(value));
     }
     /// Sets the components, in order.
-    VEXOR_INLINE Vec2Dbl& SetValue(double x0, double y0)
+    VEXOR_INLINE constexpr Vec2Dbl& SetValue(double x0, double y0)
     {
         x = x0;
         y = y0;
         return *this;
     }
     /// Copies two doubles from the array.
-    VEXOR_INLINE Vec2Dbl& SetValue(double const* const values) { return SetValue(values[0], values[1]); }
+    VEXOR_INLINE constexpr Vec2Dbl& SetValue(double const* const values)
+    {
+        return SetValue(values[0], values[1]);
+    }
 
     /// Writes the components to the arguments, in order.
-    VEXOR_INLINE void GetValue(double& x0, double& y0) const
+    VEXOR_INLINE constexpr void GetValue(double& x0, double& y0) const
     {
         double const copy[2] = {x, y}; // an argument may be one of our own components
         x0 = copy[0];
         y0 = copy[1];
     }
     /// Writes the components to the array, in order.
-    VEXOR_INLINE void GetValue(double* const values) const { GetValue(values[0], values[1]); }
+    VEXOR_INLINE constexpr void GetValue(double* const values) const { GetValue(values[0], values[1]); }
 
     /// The component of the index 0 or 1, which is not checked.
-    VEXOR_INLINE double& operator[](int index) { return vexor::detail::ElementOf<double, 2>(*this, index); }
-    /// The same, read-only.
-    VEXOR_INLINE double const& operator[](int index) const
+    VEXOR_INLINE constexpr double& operator[](int index)
     {
-        return vexor::detail::ElementOf<double const, 2>(*this, index);
+        return VEXOR_CONSTANT_EVALUATED() ? vexor::detail::FieldOf(index, x, y)
+                                          : vexor::detail::ElementOf<double, 2>(*this, index);
+    }
+    /// The same, read-only.
+    VEXOR_INLINE constexpr double const& operator[](int index) const
+    {
+        return VEXOR_CONSTANT_EVALUATED() ? vexor::detail::FieldOf(index, x, y)
+                                          : vexor::detail::ElementOf<double const, 2>(*this, index);
     }
     /// The same operation as `operator[]`.
-    VEXOR_INLINE double& operator()(int index) { return (*this)[index]; }
+    VEXOR_INLINE constexpr double& operator()(int index) { return (*this)[index]; }
     /// The same, read-only.
-    VEXOR_INLINE double const& operator()(int index) const { return (*this)[index]; }
+    VEXOR_INLINE constexpr double const& operator()(int index) const { return (*this)[index]; }
 
     /// Rounds each component to single. Comes with Vec2Flt.h.
     VEXOR_INLINE Vec2Flt ToVec2Flt() const;
@@ -95,35 +103,47 @@ public:
     // ---- Arithmetic --------------------------------------------------------------------------
 
     /// Multiplies each component by the scalar.
-    VEXOR_INLINE Vec2Dbl& operator*=(double scalar) { return SetValue(x * scalar, y * scalar); }
+    VEXOR_INLINE constexpr Vec2Dbl& operator*=(double scalar) { return SetValue(x * scalar, y * scalar); }
     /// Two divisions, unlike the free `operator/`, which multiplies by a reciprocal.
-    VEXOR_INLINE Vec2Dbl& operator/=(double scalar) { return SetValue(x / scalar, y / scalar); }
+    VEXOR_INLINE constexpr Vec2Dbl& operator/=(double scalar) { return SetValue(x / scalar, y / scalar); }
     /// Adds component by component.
-    VEXOR_INLINE Vec2Dbl& operator+=(Vec2Dbl const& other) { return SetValue(x + other.x, y + other.y); }
+    VEXOR_INLINE constexpr Vec2Dbl& operator+=(Vec2Dbl const& other)
+    {
+        return SetValue(x + other.x, y + other.y);
+    }
     /// Subtracts component by component.
-    VEXOR_INLINE Vec2Dbl& operator-=(Vec2Dbl const& other) { return SetValue(x - other.x, y - other.y); }
+    VEXOR_INLINE constexpr Vec2Dbl& operator-=(Vec2Dbl const& other)
+    {
+        return SetValue(x - other.x, y - other.y);
+    }
     /// Flips the sign of each component; 0 becomes −0.
-    VEXOR_INLINE Vec2Dbl& Negate() { return SetValue(-x, -y); }
+    VEXOR_INLINE constexpr Vec2Dbl& Negate() { return SetValue(-x, -y); }
     /// The negated copy.
-    VEXOR_INLINE Vec2Dbl GetNegatedCopy() const { return Vec2Dbl(-x, -y); }
+    VEXOR_INLINE constexpr Vec2Dbl GetNegatedCopy() const { return Vec2Dbl(-x, -y); }
 
     // ---- Products ----------------------------------------------------------------------------
 
     /// x·ox + y·oy, a plain sum, with the range that `Vec3Dbl::Dot` has.
-    VEXOR_INLINE double Dot(Vec2Dbl const& other) const { return x * other.x + y * other.y; }
+    VEXOR_INLINE constexpr double Dot(Vec2Dbl const& other) const { return x * other.x + y * other.y; }
     /// The scalar x·oy − y·ox: above 0 where `other` lies counter-clockwise of this vector.
-    VEXOR_INLINE double Cross(Vec2Dbl const& other) const { return x * other.y - y * other.x; }
+    VEXOR_INLINE constexpr double Cross(Vec2Dbl const& other) const { return x * other.y - y * other.x; }
     /// The products of the components.
-    VEXOR_INLINE Vec2Dbl ElemMult(Vec2Dbl const& other) const { return Vec2Dbl(x * other.x, y * other.y); }
+    VEXOR_INLINE constexpr Vec2Dbl ElemMult(Vec2Dbl const& other) const
+    {
+        return Vec2Dbl(x * other.x, y * other.y);
+    }
     /// Each component divided by the other's; a zero divisor is not checked.
-    VEXOR_INLINE Vec2Dbl ElemDiv(Vec2Dbl const& other) const { return Vec2Dbl(x / other.x, y / other.y); }
+    VEXOR_INLINE constexpr Vec2Dbl ElemDiv(Vec2Dbl const& other) const
+    {
+        return Vec2Dbl(x / other.x, y / other.y);
+    }
     /// Row i, column j is this[i]·other[j]. Comes with Mat2Dbl.h.
-    VEXOR_INLINE Mat2Dbl OuterProduct(Vec2Dbl const& other) const;
+    VEXOR_INLINE constexpr Mat2Dbl OuterProduct(Vec2Dbl const& other) const;
 
     // ---- Length ------------------------------------------------------------------------------
 
     /// x² + y², a plain sum, with the range that `Vec3Dbl::LengthSquared` has.
-    VEXOR_INLINE double LengthSquared() const { return x * x + y * y; }
+    VEXOR_INLINE constexpr double LengthSquared() const { return x * x + y * y; }
     /// The square root of x² + y², right over the whole range of a double, as in `Vec3Dbl`.
     VEXOR_INLINE double Length() const
     {
@@ -159,33 +179,33 @@ public:
     // the two is a NaN. Absolute values are formed as v if v > 0, else −v, so that of (0, 0) is −0.
 
     /// The largest component.
-    VEXOR_INLINE double MaxValue() const { return vexor::detail::MaxOfTwo(x, y); }
+    VEXOR_INLINE constexpr double MaxValue() const { return vexor::detail::MaxOfTwo(x, y); }
     /// The smallest component.
-    VEXOR_INLINE double MinValue() const { return vexor::detail::MinOfTwo(x, y); }
+    VEXOR_INLINE constexpr double MinValue() const { return vexor::detail::MinOfTwo(x, y); }
     /// The largest absolute value.
-    VEXOR_INLINE double MaxAbsValue() const
+    VEXOR_INLINE constexpr double MaxAbsValue() const
     {
         using vexor::detail::Magnitude;
         return vexor::detail::MaxOfTwo(Magnitude(x), Magnitude(y));
     }
     /// The smallest absolute value.
-    VEXOR_INLINE double MinAbsValue() const
+    VEXOR_INLINE constexpr double MinAbsValue() const
     {
         using vexor::detail::Magnitude;
         return vexor::detail::MinOfTwo(Magnitude(x), Magnitude(y));
     }
     /// The index of the largest component.
-    VEXOR_INLINE int MaxValueIdx() const { return vexor::detail::MaxIndexOfTwo(x, y); }
+    VEXOR_INLINE constexpr int MaxValueIdx() const { return vexor::detail::MaxIndexOfTwo(x, y); }
     /// The index of the smallest component.
-    VEXOR_INLINE int MinValueIdx() const { return vexor::detail::MinIndexOfTwo(x, y); }
+    VEXOR_INLINE constexpr int MinValueIdx() const { return vexor::detail::MinIndexOfTwo(x, y); }
     /// The index of the largest absolute value.
-    VEXOR_INLINE int MaxAbsValueIdx() const
+    VEXOR_INLINE constexpr int MaxAbsValueIdx() const
     {
         using vexor::detail::Magnitude;
         return vexor::detail::MaxIndexOfTwo(Magnitude(x), Magnitude(y));
     }
     /// The index of the smallest absolute value.
-    VEXOR_INLINE int MinAbsValueIdx() const
+    VEXOR_INLINE constexpr int MinAbsValueIdx() const
     {
         using vexor::detail::Magnitude;
         return vexor::detail::MinIndexOfTwo(Magnitude(x), Magnitude(y));
@@ -194,27 +214,33 @@ public:
     // ---- Exact comparison --------------------------------------------------------------------
 
     /// Both components exactly 0, of either sign. No tolerance.
-    VEXOR_INLINE int IsNull() const { return int(x == 0.0) & int(y == 0.0); }
+    VEXOR_INLINE constexpr int IsNull() const { return int(x == 0.0) & int(y == 0.0); }
     /// `LengthSquared()` within the squared length given.
     VEXOR_INLINE int IsZeroLength(double length = -1.0) const
     {
         return LengthSquared() <= vexor::detail::LengthTolerance(length);
     }
     /// Exact, component by component; a NaN is unequal to everything.
-    VEXOR_INLINE int operator==(Vec2Dbl const& other) const { return int(x == other.x) & int(y == other.y); }
+    VEXOR_INLINE constexpr int operator==(Vec2Dbl const& other) const
+    {
+        return int(x == other.x) & int(y == other.y);
+    }
     /// The exact negation of `operator==`.
-    VEXOR_INLINE int operator!=(Vec2Dbl const& other) const { return !(*this == other); }
+    VEXOR_INLINE constexpr int operator!=(Vec2Dbl const& other) const { return !(*this == other); }
     /// Strict lexicographic order: the first component that is not equal decides. A NaN there gives 0.
-    VEXOR_INLINE int operator<(Vec2Dbl const& other) const
+    VEXOR_INLINE constexpr int operator<(Vec2Dbl const& other) const
     {
         if (!(x == other.x))
             return x < other.x;
         return y < other.y;
     }
     /// Both components less than or equal to the other's: not strict, and no order.
-    VEXOR_INLINE int IsLessThan(Vec2Dbl const& other) const { return int(x <= other.x) & int(y <= other.y); }
+    VEXOR_INLINE constexpr int IsLessThan(Vec2Dbl const& other) const
+    {
+        return int(x <= other.x) & int(y <= other.y);
+    }
     /// Both components greater than or equal to the other's: not strict, and no order.
-    VEXOR_INLINE int IsGreaterThan(Vec2Dbl const& other) const
+    VEXOR_INLINE constexpr int IsGreaterThan(Vec2Dbl const& other) const
     {
         return int(x >= other.x) & int(y >= other.y);
     }
@@ -312,38 +338,38 @@ public:
 // ---- Free operators --------------------------------------------------------------------------------
 
 /// Each component times the scalar.
-VEXOR_INLINE Vec2Dbl operator*(Vec2Dbl const& vector, double scalar)
+VEXOR_INLINE constexpr Vec2Dbl operator*(Vec2Dbl const& vector, double scalar)
 {
     return Vec2Dbl(vector.x * scalar, vector.y * scalar);
 }
 
 /// The same, the scalar on the left.
-VEXOR_INLINE Vec2Dbl operator*(double scalar, Vec2Dbl const& vector)
+VEXOR_INLINE constexpr Vec2Dbl operator*(double scalar, Vec2Dbl const& vector)
 {
     return vector * scalar;
 }
 
 /// Forms 1 / scalar once and multiplies by it, unlike `operator/=`, which divides: the two may differ
 /// in the last place.
-VEXOR_INLINE Vec2Dbl operator/(Vec2Dbl const& vector, double scalar)
+VEXOR_INLINE constexpr Vec2Dbl operator/(Vec2Dbl const& vector, double scalar)
 {
     return vector * (1.0 / scalar);
 }
 
 /// The sum, component by component.
-VEXOR_INLINE Vec2Dbl operator+(Vec2Dbl const& left, Vec2Dbl const& right)
+VEXOR_INLINE constexpr Vec2Dbl operator+(Vec2Dbl const& left, Vec2Dbl const& right)
 {
     return Vec2Dbl(left.x + right.x, left.y + right.y);
 }
 
 /// The difference, component by component.
-VEXOR_INLINE Vec2Dbl operator-(Vec2Dbl const& left, Vec2Dbl const& right)
+VEXOR_INLINE constexpr Vec2Dbl operator-(Vec2Dbl const& left, Vec2Dbl const& right)
 {
     return Vec2Dbl(left.x - right.x, left.y - right.y);
 }
 
 /// The negated copy: flips the sign of each component; 0 becomes −0.
-VEXOR_INLINE Vec2Dbl operator-(Vec2Dbl const& vector)
+VEXOR_INLINE constexpr Vec2Dbl operator-(Vec2Dbl const& vector)
 {
     return vector.GetNegatedCopy();
 }

@@ -21,15 +21,15 @@ public:
     /// Leaves the components as the memory held them.
     VEXOR_KEEP_MEMORY VEXOR_INLINE Vec2Int() { vexor::detail::LeaveUnset(x, y); }
     /// Both components take the value.
-    VEXOR_INLINE Vec2Int(int value) : x(value), y(value) {}
+    VEXOR_INLINE constexpr Vec2Int(int value) : x(value), y(value) {}
     /// The same for any integer type: a literal 0 is a number here, not a null pointer.
     template <class Integer, vexor::detail::IfInteger<Integer> = 0>
-    Vec2Int(Integer value) : Vec2Int(static_cast<int>(value))
+    constexpr Vec2Int(Integer value) : Vec2Int(static_cast<int>(value))
     {}
     /// The components, in order.
-    VEXOR_INLINE Vec2Int(int x0, int y0) : x(x0), y(y0) {}
+    VEXOR_INLINE constexpr Vec2Int(int x0, int y0) : x(x0), y(y0) {}
     /// Copies two ints from the array.
-    VEXOR_INLINE Vec2Int(int* values) : x(values[0]), y(values[1]) {}
+    VEXOR_INLINE constexpr Vec2Int(int* values) : x(values[0]), y(values[1]) {}
     /// Copies.
     Vec2Int(Vec2Int const&) = default;
     ~Vec2Int() = default;
@@ -40,69 +40,77 @@ public:
     Vec2Int& operator=(Vec2Int const&) = default;
 
     /// Both components take the value.
-    VEXOR_INLINE Vec2Int& SetValue(int value) { return SetValue(value, value); }
+    VEXOR_INLINE constexpr Vec2Int& SetValue(int value) { return SetValue(value, value); }
     /// The same for any integer type: a literal 0 is a number here, not a null pointer.
     template <class Integer, vexor::detail::IfInteger<Integer> = 0>
-    Vec2Int& SetValue(Integer value)
+    constexpr Vec2Int& SetValue(Integer value)
     {
         return SetValue(static_cast<int>(value));
     }
     /// Sets the components, in order.
-    VEXOR_INLINE Vec2Int& SetValue(int x0, int y0)
+    VEXOR_INLINE constexpr Vec2Int& SetValue(int x0, int y0)
     {
         x = x0;
         y = y0;
         return *this;
     }
     /// Copies two ints from the array.
-    VEXOR_INLINE Vec2Int& SetValue(int const* const values) { return SetValue(values[0], values[1]); }
+    VEXOR_INLINE constexpr Vec2Int& SetValue(int const* const values)
+    {
+        return SetValue(values[0], values[1]);
+    }
 
     /// Writes the components to the arguments, in order.
-    VEXOR_INLINE void GetValue(int& x0, int& y0) const
+    VEXOR_INLINE constexpr void GetValue(int& x0, int& y0) const
     {
         int const copy[2] = {x, y}; // an argument may be one of our own components
         x0 = copy[0];
         y0 = copy[1];
     }
     /// Writes the components to the array, in order.
-    VEXOR_INLINE void GetValue(int* const values) const { GetValue(values[0], values[1]); }
+    VEXOR_INLINE constexpr void GetValue(int* const values) const { GetValue(values[0], values[1]); }
 
     /// The component of the index 0 or 1, which is not checked.
-    VEXOR_INLINE int& operator[](int index) { return vexor::detail::ElementOf<int, 2>(*this, index); }
-    /// The same, read-only.
-    VEXOR_INLINE int const& operator[](int index) const
+    VEXOR_INLINE constexpr int& operator[](int index)
     {
-        return vexor::detail::ElementOf<int const, 2>(*this, index);
+        return VEXOR_CONSTANT_EVALUATED() ? vexor::detail::FieldOf(index, x, y)
+                                          : vexor::detail::ElementOf<int, 2>(*this, index);
+    }
+    /// The same, read-only.
+    VEXOR_INLINE constexpr int const& operator[](int index) const
+    {
+        return VEXOR_CONSTANT_EVALUATED() ? vexor::detail::FieldOf(index, x, y)
+                                          : vexor::detail::ElementOf<int const, 2>(*this, index);
     }
     /// The same operation as `operator[]`.
-    VEXOR_INLINE int& operator()(int index) { return (*this)[index]; }
+    VEXOR_INLINE constexpr int& operator()(int index) { return (*this)[index]; }
     /// The same, read-only.
-    VEXOR_INLINE int const& operator()(int index) const { return (*this)[index]; }
+    VEXOR_INLINE constexpr int const& operator()(int index) const { return (*this)[index]; }
 
     // ---- Arithmetic, all of it wrapping ------------------------------------------------------
 
     /// Multiplies each component by the scalar.
-    VEXOR_INLINE Vec2Int& operator*=(int scalar)
+    VEXOR_INLINE constexpr Vec2Int& operator*=(int scalar)
     {
         using vexor::detail::WrappedProduct;
         return SetValue(WrappedProduct(x, scalar), WrappedProduct(y, scalar));
     }
     /// Adds component by component.
-    VEXOR_INLINE Vec2Int& operator+=(Vec2Int const& other)
+    VEXOR_INLINE constexpr Vec2Int& operator+=(Vec2Int const& other)
     {
         using vexor::detail::WrappedSum;
         return SetValue(WrappedSum(x, other.x), WrappedSum(y, other.y));
     }
     /// Subtracts component by component.
-    VEXOR_INLINE Vec2Int& operator-=(Vec2Int const& other)
+    VEXOR_INLINE constexpr Vec2Int& operator-=(Vec2Int const& other)
     {
         using vexor::detail::WrappedDifference;
         return SetValue(WrappedDifference(x, other.x), WrappedDifference(y, other.y));
     }
     /// The most negative int stays itself.
-    VEXOR_INLINE Vec2Int& Negate() { return *this = GetNegatedCopy(); }
+    VEXOR_INLINE constexpr Vec2Int& Negate() { return *this = GetNegatedCopy(); }
     /// The negated copy.
-    VEXOR_INLINE Vec2Int GetNegatedCopy() const
+    VEXOR_INLINE constexpr Vec2Int GetNegatedCopy() const
     {
         using vexor::detail::WrappedNegation;
         return Vec2Int(WrappedNegation(x), WrappedNegation(y));
@@ -111,13 +119,13 @@ public:
     // ---- Products ----------------------------------------------------------------------------
 
     /// x·ox + y·oy.
-    VEXOR_INLINE int Dot(Vec2Int const& other) const
+    VEXOR_INLINE constexpr int Dot(Vec2Int const& other) const
     {
         using vexor::detail::WrappedProduct;
         return vexor::detail::WrappedSum(WrappedProduct(x, other.x), WrappedProduct(y, other.y));
     }
     /// The products of the components.
-    VEXOR_INLINE Vec2Int ElemMult(Vec2Int const& other) const
+    VEXOR_INLINE constexpr Vec2Int ElemMult(Vec2Int const& other) const
     {
         using vexor::detail::WrappedProduct;
         return Vec2Int(WrappedProduct(x, other.x), WrappedProduct(y, other.y));
@@ -138,33 +146,33 @@ public:
     // that same negative number, and is compared as such.
 
     /// The largest component.
-    VEXOR_INLINE int MaxValue() const { return vexor::detail::MaxOfTwo(x, y); }
+    VEXOR_INLINE constexpr int MaxValue() const { return vexor::detail::MaxOfTwo(x, y); }
     /// The smallest component.
-    VEXOR_INLINE int MinValue() const { return vexor::detail::MinOfTwo(x, y); }
+    VEXOR_INLINE constexpr int MinValue() const { return vexor::detail::MinOfTwo(x, y); }
     /// The largest absolute value.
-    VEXOR_INLINE int MaxAbsValue() const
+    VEXOR_INLINE constexpr int MaxAbsValue() const
     {
         using vexor::detail::WrappedMagnitude;
         return vexor::detail::MaxOfTwo(WrappedMagnitude(x), WrappedMagnitude(y));
     }
     /// The smallest absolute value.
-    VEXOR_INLINE int MinAbsValue() const
+    VEXOR_INLINE constexpr int MinAbsValue() const
     {
         using vexor::detail::WrappedMagnitude;
         return vexor::detail::MinOfTwo(WrappedMagnitude(x), WrappedMagnitude(y));
     }
     /// The index of the largest component.
-    VEXOR_INLINE int MaxValueIdx() const { return vexor::detail::MaxIndexOfTwo(x, y); }
+    VEXOR_INLINE constexpr int MaxValueIdx() const { return vexor::detail::MaxIndexOfTwo(x, y); }
     /// The index of the smallest component.
-    VEXOR_INLINE int MinValueIdx() const { return vexor::detail::MinIndexOfTwo(x, y); }
+    VEXOR_INLINE constexpr int MinValueIdx() const { return vexor::detail::MinIndexOfTwo(x, y); }
     /// The index of the largest absolute value.
-    VEXOR_INLINE int MaxAbsValueIdx() const
+    VEXOR_INLINE constexpr int MaxAbsValueIdx() const
     {
         using vexor::detail::WrappedMagnitude;
         return vexor::detail::MaxIndexOfTwo(WrappedMagnitude(x), WrappedMagnitude(y));
     }
     /// The index of the smallest absolute value.
-    VEXOR_INLINE int MinAbsValueIdx() const
+    VEXOR_INLINE constexpr int MinAbsValueIdx() const
     {
         using vexor::detail::WrappedMagnitude;
         return vexor::detail::MinIndexOfTwo(WrappedMagnitude(x), WrappedMagnitude(y));
@@ -174,20 +182,26 @@ public:
     // There is no operator<.
 
     /// Both components 0.
-    VEXOR_INLINE int IsNull() const { return int(x == 0) & int(y == 0); }
+    VEXOR_INLINE constexpr int IsNull() const { return int(x == 0) & int(y == 0); }
     /// The same operation as `IsNull`: it takes no tolerance.
     VEXOR_INLINE int IsZeroLength() const { return IsNull(); }
     /// Exact, field by field.
-    VEXOR_INLINE int operator==(Vec2Int const& other) const { return int(x == other.x) & int(y == other.y); }
+    VEXOR_INLINE constexpr int operator==(Vec2Int const& other) const
+    {
+        return int(x == other.x) & int(y == other.y);
+    }
     /// The exact negation of `operator==`.
-    VEXOR_INLINE int operator!=(Vec2Int const& other) const { return !(*this == other); }
+    VEXOR_INLINE constexpr int operator!=(Vec2Int const& other) const { return !(*this == other); }
     /// Whether the difference of the two is null. It takes no tolerance, and however the difference
     /// wraps, it is null for equal vectors alone: the same answer as `operator==`.
     VEXOR_INLINE int IsEqualTo(Vec2Int const& other) const { return *this == other; }
     /// Both components less than or equal to the other's: not strict, and no order.
-    VEXOR_INLINE int IsLessThan(Vec2Int const& other) const { return int(x <= other.x) & int(y <= other.y); }
+    VEXOR_INLINE constexpr int IsLessThan(Vec2Int const& other) const
+    {
+        return int(x <= other.x) & int(y <= other.y);
+    }
     /// Both components greater than or equal to the other's: not strict, and no order.
-    VEXOR_INLINE int IsGreaterThan(Vec2Int const& other) const
+    VEXOR_INLINE constexpr int IsGreaterThan(Vec2Int const& other) const
     {
         return int(x >= other.x) & int(y >= other.y);
     }
@@ -196,31 +210,31 @@ public:
 // ---- Free operators, all of them wrapping ------------------------------------------------------------
 
 /// Each component times the scalar, wrapping.
-VEXOR_INLINE Vec2Int operator*(Vec2Int const& vector, int scalar)
+VEXOR_INLINE constexpr Vec2Int operator*(Vec2Int const& vector, int scalar)
 {
     return Vec2Int(vector) *= scalar;
 }
 
 /// The same, the scalar on the left.
-VEXOR_INLINE Vec2Int operator*(int scalar, Vec2Int const& vector)
+VEXOR_INLINE constexpr Vec2Int operator*(int scalar, Vec2Int const& vector)
 {
     return vector * scalar;
 }
 
 /// The sum, component by component, wrapping.
-VEXOR_INLINE Vec2Int operator+(Vec2Int const& left, Vec2Int const& right)
+VEXOR_INLINE constexpr Vec2Int operator+(Vec2Int const& left, Vec2Int const& right)
 {
     return Vec2Int(left) += right;
 }
 
 /// The difference, component by component, wrapping.
-VEXOR_INLINE Vec2Int operator-(Vec2Int const& left, Vec2Int const& right)
+VEXOR_INLINE constexpr Vec2Int operator-(Vec2Int const& left, Vec2Int const& right)
 {
     return Vec2Int(left) -= right;
 }
 
 /// The negated copy, wrapping: the most negative int stays as it is.
-VEXOR_INLINE Vec2Int operator-(Vec2Int const& vector)
+VEXOR_INLINE constexpr Vec2Int operator-(Vec2Int const& vector)
 {
     return vector.GetNegatedCopy();
 }

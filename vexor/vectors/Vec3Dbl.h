@@ -35,15 +35,15 @@ public:
     /// Leaves the components as the memory held them.
     VEXOR_KEEP_MEMORY VEXOR_INLINE Vec3Dbl() { vexor::detail::LeaveUnset(x, y, z); }
     /// All three components take the value.
-    VEXOR_INLINE Vec3Dbl(double value) : x(value), y(value), z(value) {}
+    VEXOR_INLINE constexpr Vec3Dbl(double value) : x(value), y(value), z(value) {}
     /// The same for any integer type: a literal 0 is a number here, not a null pointer.
     template <class Integer, vexor::detail::IfInteger<Integer> = 0>
-    Vec3Dbl(Integer value) : Vec3Dbl(static_cast<double>(value))
+    constexpr Vec3Dbl(Integer value) : Vec3Dbl(static_cast<double>(value))
     {}
     /// The components, in order.
-    VEXOR_INLINE Vec3Dbl(double x0, double y0, double z0) : x(x0), y(y0), z(z0) {}
+    VEXOR_INLINE constexpr Vec3Dbl(double x0, double y0, double z0) : x(x0), y(y0), z(z0) {}
     /// Copies three doubles from the array.
-    VEXOR_INLINE Vec3Dbl(double* values) : x(values[0]), y(values[1]), z(values[2]) {}
+    VEXOR_INLINE constexpr Vec3Dbl(double* values) : x(values[0]), y(values[1]), z(values[2]) {}
     /// Copies.
     Vec3Dbl(Vec3Dbl const&) = default;
     /// Widens each component exactly. Comes with Vec3Flt.h.
@@ -59,20 +59,20 @@ public:
     /// Widens each component exactly. Comes with Vec3Flt.h.
     VEXOR_INLINE Vec3Dbl& operator=(Vec3Flt const& other);
     /// Takes the point's coordinates. Comes with Pnt3Dbl.h.
-    VEXOR_INLINE Vec3Dbl& operator=(Pnt3Dbl const& point);
+    VEXOR_INLINE constexpr Vec3Dbl& operator=(Pnt3Dbl const& point);
     /// Takes the point's coordinates, widened exactly. Comes with Pnt3Flt.h.
     VEXOR_INLINE Vec3Dbl& operator=(Pnt3Flt const& point);
 
     /// All three components take the value.
-    VEXOR_INLINE Vec3Dbl& SetValue(double value) { return SetValue(value, value, value); }
+    VEXOR_INLINE constexpr Vec3Dbl& SetValue(double value) { return SetValue(value, value, value); }
     /// The same for any integer type: a literal 0 is a number here, not a null pointer.
     template <class Integer, vexor::detail::IfInteger<Integer> = 0>
-    Vec3Dbl& SetValue(Integer value)
+    constexpr Vec3Dbl& SetValue(Integer value)
     {
         return SetValue(static_cast<double>(value));
     }
     /// Sets the components, in order.
-    VEXOR_INLINE Vec3Dbl& SetValue(double x0, double y0, double z0)
+    VEXOR_INLINE constexpr Vec3Dbl& SetValue(double x0, double y0, double z0)
     {
         x = x0;
         y = y0;
@@ -80,13 +80,13 @@ public:
         return *this;
     }
     /// Copies three doubles from the array.
-    VEXOR_INLINE Vec3Dbl& SetValue(double const* const values)
+    VEXOR_INLINE constexpr Vec3Dbl& SetValue(double const* const values)
     {
         return SetValue(values[0], values[1], values[2]);
     }
 
     /// Writes the components to the arguments, in order.
-    VEXOR_INLINE void GetValue(double& x0, double& y0, double& z0) const
+    VEXOR_INLINE constexpr void GetValue(double& x0, double& y0, double& z0) const
     {
         double const copy[3] = {x, y, z}; // an argument may be one of our own components
         x0 = copy[0];
@@ -94,19 +94,27 @@ public:
         z0 = copy[2];
     }
     /// Writes the components to the array, in order.
-    VEXOR_INLINE void GetValue(double* const values) const { GetValue(values[0], values[1], values[2]); }
+    VEXOR_INLINE constexpr void GetValue(double* const values) const
+    {
+        GetValue(values[0], values[1], values[2]);
+    }
 
     /// The component of the index 0, 1 or 2, which is not checked.
-    VEXOR_INLINE double& operator[](int index) { return vexor::detail::ElementOf<double, 3>(*this, index); }
-    /// The same, read-only.
-    VEXOR_INLINE double const& operator[](int index) const
+    VEXOR_INLINE constexpr double& operator[](int index)
     {
-        return vexor::detail::ElementOf<double const, 3>(*this, index);
+        return VEXOR_CONSTANT_EVALUATED() ? vexor::detail::FieldOf(index, x, y, z)
+                                          : vexor::detail::ElementOf<double, 3>(*this, index);
+    }
+    /// The same, read-only.
+    VEXOR_INLINE constexpr double const& operator[](int index) const
+    {
+        return VEXOR_CONSTANT_EVALUATED() ? vexor::detail::FieldOf(index, x, y, z)
+                                          : vexor::detail::ElementOf<double const, 3>(*this, index);
     }
     /// The same operation as `operator[]`.
-    VEXOR_INLINE double& operator()(int index) { return (*this)[index]; }
+    VEXOR_INLINE constexpr double& operator()(int index) { return (*this)[index]; }
     /// The same, read-only.
-    VEXOR_INLINE double const& operator()(int index) const { return (*this)[index]; }
+    VEXOR_INLINE constexpr double const& operator()(int index) const { return (*this)[index]; }
 
     /// Rounds each component to single. Comes with Vec3Flt.h.
     VEXOR_INLINE Vec3Flt ToVec3Flt() const;
@@ -114,52 +122,61 @@ public:
     // ---- Arithmetic --------------------------------------------------------------------------
 
     /// Multiplies each component by the scalar.
-    VEXOR_INLINE Vec3Dbl& operator*=(double scalar) { return SetValue(x * scalar, y * scalar, z * scalar); }
+    VEXOR_INLINE constexpr Vec3Dbl& operator*=(double scalar)
+    {
+        return SetValue(x * scalar, y * scalar, z * scalar);
+    }
     /// Three divisions, unlike the free `operator/`, which multiplies by a reciprocal.
-    VEXOR_INLINE Vec3Dbl& operator/=(double scalar) { return SetValue(x / scalar, y / scalar, z / scalar); }
+    VEXOR_INLINE constexpr Vec3Dbl& operator/=(double scalar)
+    {
+        return SetValue(x / scalar, y / scalar, z / scalar);
+    }
     /// Adds component by component.
-    VEXOR_INLINE Vec3Dbl& operator+=(Vec3Dbl const& other)
+    VEXOR_INLINE constexpr Vec3Dbl& operator+=(Vec3Dbl const& other)
     {
         return SetValue(x + other.x, y + other.y, z + other.z);
     }
     /// Subtracts component by component.
-    VEXOR_INLINE Vec3Dbl& operator-=(Vec3Dbl const& other)
+    VEXOR_INLINE constexpr Vec3Dbl& operator-=(Vec3Dbl const& other)
     {
         return SetValue(x - other.x, y - other.y, z - other.z);
     }
     /// Flips the sign of each component; 0 becomes −0.
-    VEXOR_INLINE Vec3Dbl& Negate() { return SetValue(-x, -y, -z); }
+    VEXOR_INLINE constexpr Vec3Dbl& Negate() { return SetValue(-x, -y, -z); }
     /// The negated copy.
-    VEXOR_INLINE Vec3Dbl GetNegatedCopy() const { return Vec3Dbl(-x, -y, -z); }
+    VEXOR_INLINE constexpr Vec3Dbl GetNegatedCopy() const { return Vec3Dbl(-x, -y, -z); }
 
     // ---- Products ----------------------------------------------------------------------------
 
     /// (x·ox + y·oy) + z·oz, a plain sum: components between about 1e-77 and 1e77, or 0, lose nothing. Larger
     /// products give an infinity, or NaN where two infinities cancel; smaller ones lose digits or are 0.
-    VEXOR_INLINE double Dot(Vec3Dbl const& other) const { return (x * other.x + y * other.y) + z * other.z; }
+    VEXOR_INLINE constexpr double Dot(Vec3Dbl const& other) const
+    {
+        return (x * other.x + y * other.y) + z * other.z;
+    }
     /// The right-handed cross product, this vector on the left.
-    VEXOR_INLINE Vec3Dbl Cross(Vec3Dbl const& other) const
+    VEXOR_INLINE constexpr Vec3Dbl Cross(Vec3Dbl const& other) const
     {
         return Vec3Dbl(y * other.z - other.y * z, z * other.x - x * other.z, other.y * x - y * other.x);
     }
     /// The products of the components.
-    VEXOR_INLINE Vec3Dbl ElemMult(Vec3Dbl const& other) const
+    VEXOR_INLINE constexpr Vec3Dbl ElemMult(Vec3Dbl const& other) const
     {
         return Vec3Dbl(x * other.x, y * other.y, z * other.z);
     }
     /// Each component divided by the other's; a zero divisor is not checked.
-    VEXOR_INLINE Vec3Dbl ElemDiv(Vec3Dbl const& other) const
+    VEXOR_INLINE constexpr Vec3Dbl ElemDiv(Vec3Dbl const& other) const
     {
         return Vec3Dbl(x / other.x, y / other.y, z / other.z);
     }
     /// Row i, column j is this[i]·other[j]. Comes with Mat3Dbl.h.
-    VEXOR_INLINE Mat3Dbl OuterProduct(Vec3Dbl const& other) const;
+    VEXOR_INLINE constexpr Mat3Dbl OuterProduct(Vec3Dbl const& other) const;
 
     // ---- Length ------------------------------------------------------------------------------
 
     /// (x² + y²) + z², a plain sum. It has all its digits for components between about 1e-146 and 1e153.
     /// Beyond, it is infinity; below, it loses digits, and from about 1e-162 on it is 0.
-    VEXOR_INLINE double LengthSquared() const { return (x * x + y * y) + z * z; }
+    VEXOR_INLINE constexpr double LengthSquared() const { return (x * x + y * y) + z * z; }
     /// The square root of (x² + y²) + z², right over the whole range of a double: where that sum would
     /// overflow or lose digits, it is formed with an exponent of any size.
     VEXOR_INLINE double Length() const
@@ -196,33 +213,33 @@ public:
     // formed as v if v > 0, else −v, so that of (0, 0, 0) is −0.
 
     /// The largest component.
-    VEXOR_INLINE double MaxValue() const { return vexor::detail::MaxOfThree(x, y, z); }
+    VEXOR_INLINE constexpr double MaxValue() const { return vexor::detail::MaxOfThree(x, y, z); }
     /// The smallest component.
-    VEXOR_INLINE double MinValue() const { return vexor::detail::MinOfThree(x, y, z); }
+    VEXOR_INLINE constexpr double MinValue() const { return vexor::detail::MinOfThree(x, y, z); }
     /// The largest absolute value.
-    VEXOR_INLINE double MaxAbsValue() const
+    VEXOR_INLINE constexpr double MaxAbsValue() const
     {
         using vexor::detail::Magnitude;
         return vexor::detail::MaxOfThree(Magnitude(x), Magnitude(y), Magnitude(z));
     }
     /// The smallest absolute value.
-    VEXOR_INLINE double MinAbsValue() const
+    VEXOR_INLINE constexpr double MinAbsValue() const
     {
         using vexor::detail::Magnitude;
         return vexor::detail::MinOfThree(Magnitude(x), Magnitude(y), Magnitude(z));
     }
     /// The index of the largest component.
-    VEXOR_INLINE int MaxValueIdx() const { return vexor::detail::MaxIndexOfThree(x, y, z); }
+    VEXOR_INLINE constexpr int MaxValueIdx() const { return vexor::detail::MaxIndexOfThree(x, y, z); }
     /// The index of the smallest component.
-    VEXOR_INLINE int MinValueIdx() const { return vexor::detail::MinIndexOfThree(x, y, z); }
+    VEXOR_INLINE constexpr int MinValueIdx() const { return vexor::detail::MinIndexOfThree(x, y, z); }
     /// The index of the largest absolute value.
-    VEXOR_INLINE int MaxAbsValueIdx() const
+    VEXOR_INLINE constexpr int MaxAbsValueIdx() const
     {
         using vexor::detail::Magnitude;
         return vexor::detail::MaxIndexOfThree(Magnitude(x), Magnitude(y), Magnitude(z));
     }
     /// The index of the smallest absolute value.
-    VEXOR_INLINE int MinAbsValueIdx() const
+    VEXOR_INLINE constexpr int MinAbsValueIdx() const
     {
         using vexor::detail::Magnitude;
         return vexor::detail::MinIndexOfThree(Magnitude(x), Magnitude(y), Magnitude(z));
@@ -236,21 +253,21 @@ public:
     // ---- Exact comparison --------------------------------------------------------------------
 
     /// All components exactly 0, of either sign. No tolerance.
-    VEXOR_INLINE int IsNull() const { return int(x == 0.0) & int(y == 0.0) & int(z == 0.0); }
+    VEXOR_INLINE constexpr int IsNull() const { return int(x == 0.0) & int(y == 0.0) & int(z == 0.0); }
     /// `LengthSquared()` within the squared length given.
     VEXOR_INLINE int IsZeroLength(double length = -1.0) const
     {
         return LengthSquared() <= vexor::detail::LengthTolerance(length);
     }
     /// Exact, component by component; a NaN is unequal to everything.
-    VEXOR_INLINE int operator==(Vec3Dbl const& other) const
+    VEXOR_INLINE constexpr int operator==(Vec3Dbl const& other) const
     {
         return int(x == other.x) & int(y == other.y) & int(z == other.z);
     }
     /// The exact negation of `operator==`.
-    VEXOR_INLINE int operator!=(Vec3Dbl const& other) const { return !(*this == other); }
+    VEXOR_INLINE constexpr int operator!=(Vec3Dbl const& other) const { return !(*this == other); }
     /// Strict lexicographic order: the first component that is not equal decides. A NaN there gives 0.
-    VEXOR_INLINE int operator<(Vec3Dbl const& other) const
+    VEXOR_INLINE constexpr int operator<(Vec3Dbl const& other) const
     {
         if (!(x == other.x))
             return x < other.x;
@@ -259,12 +276,12 @@ public:
         return z < other.z;
     }
     /// Every component less than or equal to the other's: not strict, and no order.
-    VEXOR_INLINE int IsLessThan(Vec3Dbl const& other) const
+    VEXOR_INLINE constexpr int IsLessThan(Vec3Dbl const& other) const
     {
         return int(x <= other.x) & int(y <= other.y) & int(z <= other.z);
     }
     /// Every component greater than or equal to the other's: not strict, and no order.
-    VEXOR_INLINE int IsGreaterThan(Vec3Dbl const& other) const
+    VEXOR_INLINE constexpr int IsGreaterThan(Vec3Dbl const& other) const
     {
         return int(x >= other.x) & int(y >= other.y) & int(z >= other.z);
     }
@@ -378,38 +395,38 @@ public:
 // ---- Free operators --------------------------------------------------------------------------------
 
 /// Each component times the scalar.
-VEXOR_INLINE Vec3Dbl operator*(Vec3Dbl const& vector, double scalar)
+VEXOR_INLINE constexpr Vec3Dbl operator*(Vec3Dbl const& vector, double scalar)
 {
     return Vec3Dbl(vector.x * scalar, vector.y * scalar, vector.z * scalar);
 }
 
 /// The same, the scalar on the left.
-VEXOR_INLINE Vec3Dbl operator*(double scalar, Vec3Dbl const& vector)
+VEXOR_INLINE constexpr Vec3Dbl operator*(double scalar, Vec3Dbl const& vector)
 {
     return vector * scalar;
 }
 
 /// Forms 1 / scalar once and multiplies by it, unlike `operator/=`, which divides: the two may differ
 /// in the last place.
-VEXOR_INLINE Vec3Dbl operator/(Vec3Dbl const& vector, double scalar)
+VEXOR_INLINE constexpr Vec3Dbl operator/(Vec3Dbl const& vector, double scalar)
 {
     return vector * (1.0 / scalar);
 }
 
 /// The sum, component by component.
-VEXOR_INLINE Vec3Dbl operator+(Vec3Dbl const& left, Vec3Dbl const& right)
+VEXOR_INLINE constexpr Vec3Dbl operator+(Vec3Dbl const& left, Vec3Dbl const& right)
 {
     return Vec3Dbl(left.x + right.x, left.y + right.y, left.z + right.z);
 }
 
 /// The difference, component by component.
-VEXOR_INLINE Vec3Dbl operator-(Vec3Dbl const& left, Vec3Dbl const& right)
+VEXOR_INLINE constexpr Vec3Dbl operator-(Vec3Dbl const& left, Vec3Dbl const& right)
 {
     return Vec3Dbl(left.x - right.x, left.y - right.y, left.z - right.z);
 }
 
 /// The negated copy: flips the sign of each component; 0 becomes −0.
-VEXOR_INLINE Vec3Dbl operator-(Vec3Dbl const& vector)
+VEXOR_INLINE constexpr Vec3Dbl operator-(Vec3Dbl const& vector)
 {
     return vector.GetNegatedCopy();
 }

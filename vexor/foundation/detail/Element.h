@@ -5,6 +5,25 @@
 
 namespace vexor::detail {
 
+/// Whether the compiler evaluates a constant. A compiler that cannot tell gets the form for run time.
+#if defined(__GNUC__) || (defined(_MSC_VER) && _MSC_VER >= 1925)
+#    define VEXOR_CONSTANT_EVALUATED() __builtin_is_constant_evaluated()
+#else
+#    define VEXOR_CONSTANT_EVALUATED() false
+#endif
+
+/// A field of no size.
+struct Nothing {};
+
+/// The field of that index, for constant expressions: there no object can be read as an array of other
+/// objects, as `ElementOf` does. The compiler refuses an index out of range.
+template <class Element, class... Elements>
+constexpr Element& FieldOf(int index, Element& first, Elements&... others)
+{
+    Element* const fields[] = {&first, &others...};
+    return *fields[index];
+}
+
 /// The element of a plain class that is laid out as an array of `count` elements. The address is that
 /// of the whole object and not of its first field, so that no compiler may take the access for one
 /// that stays within that field. The index is not checked, except in checked builds, which name the

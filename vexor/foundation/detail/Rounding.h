@@ -40,7 +40,7 @@ inline float Round<float>(double value)
 }
 
 template <>
-inline double Round<double>(double value)
+constexpr double Round<double>(double value)
 {
     return value;
 }

@@ -39,7 +39,7 @@ static_assert(sizeof(1.0) != sizeof(double) || (pi == 3.141592653589793 && twoPi
 /// The absolute value as the library forms it: v if v > 0, else −v. So a zero has the magnitude −0.0,
 /// and a NaN stays one.
 template <class Number>
-inline Number Magnitude(Number value)
+constexpr Number Magnitude(Number value)
 {
     return VEXOR_CHOOSE(value > Number(0), value, -value);
 }

@@ -12,33 +12,33 @@ template <class Signed>
 using UnsignedOf = std::make_unsigned_t<Signed>;
 
 template <class Signed>
-inline Signed WrappedSum(Signed a, Signed b)
+constexpr Signed WrappedSum(Signed a, Signed b)
 {
     return static_cast<Signed>(static_cast<UnsignedOf<Signed>>(a) + static_cast<UnsignedOf<Signed>>(b));
 }
 
 template <class Signed>
-inline Signed WrappedDifference(Signed a, Signed b)
+constexpr Signed WrappedDifference(Signed a, Signed b)
 {
     return static_cast<Signed>(static_cast<UnsignedOf<Signed>>(a) - static_cast<UnsignedOf<Signed>>(b));
 }
 
 template <class Signed>
-inline Signed WrappedProduct(Signed a, Signed b)
+constexpr Signed WrappedProduct(Signed a, Signed b)
 {
     return static_cast<Signed>(static_cast<UnsignedOf<Signed>>(a) * static_cast<UnsignedOf<Signed>>(b));
 }
 
 /// −a; the most negative number stays itself.
 template <class Signed>
-inline Signed WrappedNegation(Signed a)
+constexpr Signed WrappedNegation(Signed a)
 {
     return WrappedDifference(Signed(0), a);
 }
 
 /// |a|, formed by negating a negative value; the most negative number stays itself, a negative one.
 template <class Signed>
-inline Signed WrappedMagnitude(Signed a)
+constexpr Signed WrappedMagnitude(Signed a)
 {
     return a < Signed(0) ? WrappedNegation(a) : a;
 }

@@ -13,7 +13,7 @@ namespace vexor::detail {
 /// single; for double elements the square and the sum are rounded each. The caller hands in d rounded to
 /// the element type.
 template <class Element>
-inline Element AddSquare(Element sum, Element difference)
+constexpr Element AddSquare(Element sum, Element difference)
 {
     double const d = difference;
     return Round<Element>(sum + d * d);

@@ -10,21 +10,21 @@ VEXOR_EXACT_BEGIN
 namespace vexor::detail {
 
 template <class Number>
-inline Number MaxOfThree(Number x, Number y, Number z)
+constexpr Number MaxOfThree(Number x, Number y, Number z)
 {
     Number const m = VEXOR_CHOOSE(y < x, x, y);
     return VEXOR_CHOOSE(m > z, m, z);
 }
 
 template <class Number>
-inline Number MinOfThree(Number x, Number y, Number z)
+constexpr Number MinOfThree(Number x, Number y, Number z)
 {
     Number const m = VEXOR_CHOOSE(y > x, x, y);
     return VEXOR_CHOOSE(m < z, m, z);
 }
 
 template <class Number>
-inline int MaxIndexOfThree(Number x, Number y, Number z)
+constexpr int MaxIndexOfThree(Number x, Number y, Number z)
 {
     if (y < x)
         return z < x ? 0 : 2;
@@ -32,7 +32,7 @@ inline int MaxIndexOfThree(Number x, Number y, Number z)
 }
 
 template <class Number>
-inline int MinIndexOfThree(Number x, Number y, Number z)
+constexpr int MinIndexOfThree(Number x, Number y, Number z)
 {
     if (y > x)
         return z > x ? 0 : 2;
@@ -40,25 +40,25 @@ inline int MinIndexOfThree(Number x, Number y, Number z)
 }
 
 template <class Number>
-inline Number MaxOfTwo(Number x, Number y)
+constexpr Number MaxOfTwo(Number x, Number y)
 {
     return VEXOR_CHOOSE(x > y, x, y);
 }
 
 template <class Number>
-inline Number MinOfTwo(Number x, Number y)
+constexpr Number MinOfTwo(Number x, Number y)
 {
     return VEXOR_CHOOSE(x < y, x, y);
 }
 
 template <class Number>
-inline int MaxIndexOfTwo(Number x, Number y)
+constexpr int MaxIndexOfTwo(Number x, Number y)
 {
     return x > y ? 0 : 1;
 }
 
 template <class Number>
-inline int MinIndexOfTwo(Number x, Number y)
+constexpr int MinIndexOfTwo(Number x, Number y)
 {
     return x < y ? 0 : 1;
 }
