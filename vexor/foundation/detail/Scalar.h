@@ -21,7 +21,7 @@ namespace vexor::detail {
 
 #if defined(__clang__)
 template <class Number>
-inline Number Choose(bool condition, Number yes, Number no)
+constexpr Number Choose(bool condition, Number yes, Number no)
 {
     if (condition)
         return yes;
