@@ -726,17 +726,6 @@ void RunAffMat2Dbl(Transcript& out, Source& source)
     out.Try([&] { return a.GetInvertedCopy(); });
 }
 
-/// The flag 0 trusts any axis. A checked build stops on one that is not unit; there the rule is written out.
-Quaternion TrustedAxisCosAngle(Vec3Dbl const& axis, double cosine)
-{
-#if defined(VEXOR_CHECKED)
-    Vec3Dbl const part = axis * vexor::detail::SquareRoot((1.0 - cosine) * 0.5);
-    return Quaternion().SetValue(part.x, part.y, part.z, vexor::detail::SquareRoot((cosine + 1.0) * 0.5), 0);
-#else
-    return Quaternion().SetAxisCosAngle(axis, cosine, 0);
-#endif
-}
-
 void RunQuaternion(Transcript& out, Source& source)
 {
     auto const any = [&source] {
@@ -764,7 +753,7 @@ void RunQuaternion(Transcript& out, Source& source)
     out.Add(Quaternion(matrix));
     out.Add(Quaternion(AnyMat3Dbl(source)));
     out.Try([&] { return Quaternion().SetAxisCosAngle(v, b.s, 1); });
-    out.Add(TrustedAxisCosAngle(v, b.u));
+    out.Add(Quaternion().SetAxisCosAngle(v, b.u, 0));
     out.Add(a.GetAxis(source.Below(2)));
     for (int i = 0; i < 3; ++i) {
         out.Add(a.GetCol(i));

@@ -890,7 +890,11 @@ TEST(Vec3Dbl, RotateAboutAnAxisThatIsNotUnit)
     Vec3Dbl v(1.0, 1.0, 1.0);
     v.Rotate(axis, 0.0);
     ExpectBits(v, 1.0, 4.0, 4.0);
-    // A null axis has p = (1, 0, 0) and q = 0: x is left, times the cosine.
+}
+
+TEST(Vec3Dbl, RotateAboutANullAxis)
+{
+    // It has p = (1, 0, 0) and q = 0: x is left, times the cosine.
     Vec3Dbl w(2.0, 3.0, 4.0);
     w.Rotate(Vec3Dbl(0.0), Opaque(1.0));
     ExpectNear(w, 2.0 * 0.54030230586813972, 0.0, 0.0, 1e-15);
