@@ -12,6 +12,7 @@ void EnterPlaneSolver();
 void EnterAffineMaps();
 void EnterQuaternions();
 void EnterIntegers();
+void EnterExtras();
 void EnterDynamicVectors();
 void EnterDynamicMatrices();
 void EnterDrivers();
@@ -27,6 +28,7 @@ inline void EnterFixedSizeStatements()
     EnterAffineMaps();
     EnterQuaternions();
     EnterIntegers();
+    EnterExtras();
 }
 
 /// All, or all but those that rest on LAPACK.

@@ -58,7 +58,8 @@ Fixed<N> ArcTangentInOctant(Fixed<N> const& y, Fixed<N> const& x)
     int const i = static_cast<int>(quotient * 128.0 + 0.5);
     Expansion const& t = arcTangentTable[i];
     double const d = quotient - i * 0x1p-7;
-    double const estimate = t.aHigh + d * (t.bHigh + t.bLow + d * (t.c2 + d * (t.c3 + d * (t.c4 + d * t.c5))));
+    double const estimate =
+        t.aHigh + d * (t.bHigh + t.bLow + d * (t.c2 + d * (t.c3 + d * (t.c4 + d * t.c5))));
 
     Fixed<N> const angle = FromDouble<N>(estimate);
     Fixed<N> const sine = SineSeries(angle);

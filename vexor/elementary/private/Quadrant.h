@@ -8,7 +8,7 @@ namespace vexor::detail::elementary {
 /// An angle in quarter turns, without whole turns: quarters + fraction.
 template <int N>
 struct Quadrant {
-    int quarters; ///< 0 to 3
+    int quarters;      ///< 0 to 3
     Fixed<N> fraction; ///< below 1, less than two units too small
 };
 
