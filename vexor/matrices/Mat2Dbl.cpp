@@ -33,13 +33,13 @@ VEXOR_READS_BEHIND double ReadDoubleAt(std::uintptr_t address)
     return *reinterpret_cast<double const volatile*>(address); // NOLINT(performance-no-int-to-ptr)
 }
 
-/// The symmetric problem (a, b; b, c): r1 is the eigenvalue of larger magnitude, r2 the other; (co, sn)
-/// is a unit eigenvector of r1, formed only if asked for.
+/// The symmetric problem (a, b; b, c): r1 is the eigenvalue of larger magnitude, r2 the other; (cosine,
+/// sine) is a unit eigenvector of r1, formed only if asked for.
 struct SymmetricEigen {
     double r1;
     double r2;
-    double co;
-    double sn;
+    double cosine;
+    double sine;
 };
 
 SymmetricEigen SolveSymmetric(double a, double b, double c, bool withVectors)
@@ -80,25 +80,26 @@ SymmetricEigen SolveSymmetric(double a, double b, double c, bool withVectors)
     if (!withVectors)
         return result;
 
-    // (cs, 2b) has the direction of an eigenvector; the sign of the root is the one that cancels nothing.
+    // (component, 2b) has the direction of an eigenvector. The root takes the sign with which the sum does not
+    // cancel.
     int const differenceSign = difference >= 0.0 ? 1 : -1;
-    double const cs = difference >= 0.0 ? difference + root : difference - root;
-    if (std::fabs(cs) > absTwiceB) {
-        double const ct = -(b + b) / cs;
-        result.sn = 1.0 / SquareRoot(1.0 + ct * ct);
-        result.co = ct * result.sn;
+    double const component = difference >= 0.0 ? difference + root : difference - root;
+    if (std::fabs(component) > absTwiceB) {
+        double const cotangent = -(b + b) / component;
+        result.sine = 1.0 / SquareRoot(1.0 + cotangent * cotangent);
+        result.cosine = cotangent * result.sine;
     } else if (b == 0.0) {
-        result.co = 1.0;
-        result.sn = 0.0;
+        result.cosine = 1.0;
+        result.sine = 0.0;
     } else {
-        double const tn = -cs / (b + b);
-        result.co = 1.0 / SquareRoot(1.0 + tn * tn);
-        result.sn = tn * result.co;
+        double const tangent = -component / (b + b);
+        result.cosine = 1.0 / SquareRoot(1.0 + tangent * tangent);
+        result.sine = tangent * result.cosine;
     }
     if (sumSign == differenceSign) {
-        double const formerCo = result.co;
-        result.co = -result.sn;
-        result.sn = formerCo;
+        double const formerCosine = result.cosine;
+        result.cosine = -result.sine;
+        result.sine = formerCosine;
     }
     return result;
 }
@@ -138,9 +139,9 @@ void Mat2Dbl::EigenSym(Vec2Dbl& values, int withVectors)
     }
     if (e.r2 > e.r1) {
         values.SetValue(e.r1, e.r2);
-        SetValue(Vec2Dbl(e.co, e.sn), Vec2Dbl(-e.sn, e.co));
+        SetValue(Vec2Dbl(e.cosine, e.sine), Vec2Dbl(-e.sine, e.cosine));
     } else {
         values.SetValue(e.r2, e.r1);
-        SetValue(Vec2Dbl(-e.sn, e.co), Vec2Dbl(e.co, e.sn));
+        SetValue(Vec2Dbl(-e.sine, e.cosine), Vec2Dbl(e.cosine, e.sine));
     }
 }

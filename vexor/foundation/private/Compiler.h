@@ -3,7 +3,7 @@
 
 // What the library's sources tell the compiler about a function or a loop.
 
-/// Inlined at every call, whatever the compiler makes of the function's size.
+/// Inlines the function at every call, even if the compiler thinks that it is too large.
 #if defined(__GNUC__)
 #    define VEXOR_ALWAYS_INLINE inline __attribute__((always_inline))
 #elif defined(_MSC_VER)
@@ -12,7 +12,7 @@
 #    define VEXOR_ALWAYS_INLINE inline
 #endif
 
-/// Unrolls the loop that follows by `count`: wholly, if it has that many turns or fewer.
+/// Unrolls the loop that follows by `count`. A loop that has no more turns is unrolled completely.
 #define VEXOR_PRAGMA(text) _Pragma(#text)
 #if defined(__clang__)
 #    define VEXOR_UNROLL(count) VEXOR_PRAGMA(clang loop unroll_count(count))

@@ -1,25 +1,13 @@
 #pragma once
-#include <vexor/foundation/Config.h>
+#include <vexor/foundation/private/Compiler.h>
 
 #include <cmath>
 #include <utility>
 
 // Crout's factorisation with implicitly scaled partial pivoting, and the substitution with its
 // factors. The algorithm stands here once, over a class that says how the rows are held: in storage,
-// for any size, or in local variables, for size 3, where the compiler unrolls every loop and the
-// exchange of rows takes no branch. The operations on the elements and their order are the same for
+// for any size, or in local variables, for size 3, where the compiler unrolls every loop. The operations on the elements and their order are the same for
 // both, and so is every bit of the result.
-
-#if defined(__clang__)
-#    define VEXOR_UNROLL_THREE _Pragma("clang loop unroll_count(3)")
-#    define VEXOR_CROUT_INLINE inline __attribute__((always_inline))
-#elif defined(__GNUC__)
-#    define VEXOR_UNROLL_THREE _Pragma("GCC unroll 3")
-#    define VEXOR_CROUT_INLINE inline
-#else
-#    define VEXOR_UNROLL_THREE
-#    define VEXOR_CROUT_INLINE inline
-#endif
 
 #if defined(__GNUC__) && !defined(__clang__)
 #    pragma GCC diagnostic push
@@ -33,20 +21,6 @@ namespace vexor::detail {
 
 /// The largest size: the row order is kept in bytes.
 inline constexpr int largestSmallSize = 255;
-
-// The choice of a pivot goes either way with equal likelihood, so that a branch on it is mispredicted
-// half the time; hence the next two. The second one becomes a mask where the condition is a comparison
-// of doubles.
-
-inline int Select(bool condition, int whenTrue, int whenFalse)
-{
-    return whenFalse ^ ((whenFalse ^ whenTrue) & -int(condition));
-}
-
-inline double Select(bool condition, double whenTrue, double whenFalse)
-{
-    return condition ? whenTrue : whenFalse;
-}
 
 /// Rows where they are stored, reached through their order: only the order is ever permuted.
 class StoredRows {
@@ -63,7 +37,7 @@ public:
     /// Belongs to the row, wherever the order puts it.
     double& Scale(int i) { return scales[order[i]]; }
     /// Row i is chosen, until a later one is, if its candidate is greater than the best before it.
-    void Compare(int i, double candidate, double best) { chosen = Select(candidate > best, i, chosen); }
+    void Compare(int i, double candidate, double best) { chosen = candidate > best ? i : chosen; }
     /// Exchanges row j with the row chosen, j itself or one after it.
     void Exchange(int j) { std::swap(order[j], order[chosen]); }
 
@@ -90,32 +64,25 @@ public:
     }
     void LoadColumn(int k)
     {
-        VEXOR_UNROLL_THREE
+        VEXOR_UNROLL(3)
         for (int i = 0; i < 3; ++i)
             rows[i][k] = elements[3 * order[i] + k];
     }
     double& operator()(int i, int k) { return rows[i][k]; }
     double& Scale(int i) { return scales[order[i]]; }
-    void Compare(int i, double candidate, double best)
-    {
-        chosen = Select(candidate > best, i, chosen);
-        isBetter[i] = candidate > best;
-    }
+    void Compare(int i, double candidate, double best) { chosen = candidate > best ? i : chosen; }
     void Exchange(int j)
     {
-        VEXOR_UNROLL_THREE
+        VEXOR_UNROLL(3)
         for (int i = j + 1; i < 3; ++i) {
             int const other = order[i];
-            order[i] = Select(i == chosen, order[j], order[i]);
-            order[j] = Select(i == chosen, other, order[j]);
-            // Asked of the comparisons themselves, not of the index, the answer never leaves the registers
-            // of the doubles.
-            bool const isChosen = isBetter[i] && !(i < 2 && isBetter[2]);
-            VEXOR_UNROLL_THREE
+            order[i] = i == chosen ? order[j] : order[i];
+            order[j] = i == chosen ? other : order[j];
+            VEXOR_UNROLL(3)
             for (int k = 0; k <= j; ++k) {
                 double const element = rows[i][k];
-                rows[i][k] = Select(isChosen, rows[j][k], element);
-                rows[j][k] = Select(isChosen, element, rows[j][k]);
+                rows[i][k] = i == chosen ? rows[j][k] : element;
+                rows[j][k] = i == chosen ? element : rows[j][k];
             }
         }
     }
@@ -124,16 +91,16 @@ public:
     int Order(int i) const { return order[i]; }
     void StoreOrder(unsigned char* rowOrder) const
     {
-        VEXOR_UNROLL_THREE
+        VEXOR_UNROLL(3)
         for (int i = 0; i < 3; ++i)
             rowOrder[i] = static_cast<unsigned char>(order[i]);
     }
     void Store(double* storage, unsigned char* rowOrder) const
     {
         StoreOrder(rowOrder);
-        VEXOR_UNROLL_THREE
+        VEXOR_UNROLL(3)
         for (int i = 0; i < 3; ++i) {
-            VEXOR_UNROLL_THREE
+            VEXOR_UNROLL(3)
             for (int k = 0; k < 3; ++k)
                 storage[3 * order[i] + k] = rows[i][k];
         }
@@ -141,10 +108,10 @@ public:
     /// Takes up factors from where `Store` has put them.
     void Load(unsigned char const* rowOrder)
     {
-        VEXOR_UNROLL_THREE
+        VEXOR_UNROLL(3)
         for (int i = 0; i < 3; ++i) {
             order[i] = rowOrder[i];
-            VEXOR_UNROLL_THREE
+            VEXOR_UNROLL(3)
             for (int k = 0; k < 3; ++k)
                 rows[i][k] = elements[3 * order[i] + k];
         }
@@ -156,7 +123,6 @@ private:
     double scales[3];
     int order[3];
     int chosen = 0;
-    bool isBetter[3];
 };
 
 /// The sum of the terms from `begin` to `end` − 1, of which there is at least one, in rising order. It
@@ -165,7 +131,7 @@ template <class Term>
 inline double SumOfTerms(int begin, int end, Term term)
 {
     double sum = term(begin);
-    VEXOR_UNROLL_THREE
+    VEXOR_UNROLL(3)
     for (int k = begin + 1; k < end; ++k)
         sum += term(k);
     return sum;
@@ -174,14 +140,14 @@ inline double SumOfTerms(int begin, int end, Term term)
 /// Returns 0; −2 if the elements of a row are zeros or NaN, with no element changed; −3 if a column has no
 /// pivot, with the elements partly transformed.
 template <class Rows>
-VEXOR_CROUT_INLINE int Decompose(Rows& rows)
+VEXOR_ALWAYS_INLINE int Decompose(Rows& rows)
 {
     int const size = rows.Size();
-    VEXOR_UNROLL_THREE
+    VEXOR_UNROLL(3)
     for (int i = 0; i < size; ++i) {
         rows.Begin(i);
         double largest = 0.0;
-        VEXOR_UNROLL_THREE
+        VEXOR_UNROLL(3)
         for (int k = 0; k < size; ++k) {
             double const magnitude = std::fabs(rows(i, k));
             largest = magnitude > largest ? magnitude : largest; // passes over a NaN
@@ -191,15 +157,15 @@ VEXOR_CROUT_INLINE int Decompose(Rows& rows)
         rows.Scale(i) = 1.0 / largest;
     }
 
-    VEXOR_UNROLL_THREE
+    VEXOR_UNROLL(3)
     for (int j = 0; j < size; ++j) {
         rows.LoadColumn(j);
-        VEXOR_UNROLL_THREE
+        VEXOR_UNROLL(3)
         for (int i = 1; i < j; ++i)
             rows(i, j) -= SumOfTerms(0, i, [&](int k) { return rows(k, j) * rows(i, k); });
 
         double best = 0.0;
-        VEXOR_UNROLL_THREE
+        VEXOR_UNROLL(3)
         for (int i = j; i < size; ++i) {
             if (j > 0)
                 rows(i, j) -= SumOfTerms(0, j, [&](int k) { return rows(k, j) * rows(i, k); });
@@ -207,13 +173,13 @@ VEXOR_CROUT_INLINE int Decompose(Rows& rows)
             rows.Compare(i, candidate, best); // the first of equals stays, a NaN never wins
             best = candidate > best ? candidate : best;
         }
-        if (!(best > 0.0)) // asked of the row chosen, this would become a branch on the choice
+        if (!(best > 0.0))
             return -3;
         rows.Exchange(j);
 
         double const reciprocal = 1.0 / rows(j, j);
         rows(j, j) = reciprocal;
-        VEXOR_UNROLL_THREE
+        VEXOR_UNROLL(3)
         for (int i = j + 1; i < size; ++i)
             rows(i, j) *= reciprocal;
     }
@@ -222,19 +188,19 @@ VEXOR_CROUT_INLINE int Decompose(Rows& rows)
 
 /// Overwrites a right-hand side by the solution. `value(i)` is its element at the row that acts as row i.
 template <class Rows, class Values>
-VEXOR_CROUT_INLINE void Substitute(Rows& rows, Values value)
+VEXOR_ALWAYS_INLINE void Substitute(Rows& rows, Values value)
 {
     int const size = rows.Size();
-    VEXOR_UNROLL_THREE
+    VEXOR_UNROLL(3)
     for (int first = 0; first < size; ++first) {
         if (value(first) == 0.0)
             continue; // leading zeros stay as they are
-        VEXOR_UNROLL_THREE
+        VEXOR_UNROLL(3)
         for (int i = first + 1; i < size; ++i)
             value(i) -= SumOfTerms(first, i, [&](int k) { return value(k) * rows(i, k); });
         break;
     }
-    VEXOR_UNROLL_THREE
+    VEXOR_UNROLL(3)
     for (int i = size - 1; i >= 0; --i) {
         if (i + 1 < size)
             value(i) -= SumOfTerms(i + 1, size, [&](int k) { return value(k) * rows(i, k); });
@@ -249,6 +215,3 @@ VEXOR_EXACT_END
 #if defined(__GNUC__) && !defined(__clang__)
 #    pragma GCC diagnostic pop
 #endif
-
-#undef VEXOR_CROUT_INLINE
-#undef VEXOR_UNROLL_THREE
