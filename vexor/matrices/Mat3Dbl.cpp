@@ -8,8 +8,6 @@
 #include <vexor/matrices/SmallSolver.h>
 
 #include <cmath>
-#include <cstdint>
-#include <cstring>
 #include <limits>
 
 using vexor::detail::LocalRowsOfThree;
@@ -177,151 +175,66 @@ Vec3Dbl UpperTriangle::EigenValues() const
     return Vec3Dbl(lower, e3, higher);
 }
 
-// The magnitudes of doubles are ordered as their bits are, seen as integers, with the NaNs on top.
-std::uint64_t MagnitudeBits(double value)
+// The cross product of two rows of the matrix less the eigenvalue: those with the largest 2×2 minor through
+// the largest element. Of equal candidates the first wins; a NaN never wins. Rank means comparison with
+// exactly 0.
+//
+// The branches on the two choices are mispredicted. A form without them, three times as long, took 0.95 of the
+// time of `EigenSym` with vectors on an AMD Zen 5, 0.85 on an Intel Sapphire Rapids (0.75 with clang), and half
+// the time of `GetEigenVectorGivenEigenValue`.
+Vec3Dbl UpperTriangle::EigenVector(double eigenValue) const
 {
-    std::uint64_t bits = 0;
-    std::memcpy(&bits, &value, sizeof bits);
-    return bits & 0x7fffffffffffffff;
-}
+    double const w[3][3] = {{a - eigenValue, b, c}, {b, d - eigenValue, e}, {c, e, f - eigenValue}};
 
-constexpr std::uint64_t infinityBits = 0x7ff0000000000000;
-
-VEXOR_COLD int IndexOfLargestAmongNaNs(double const* values, int count)
-{
-    std::uint64_t largest = 0;
-    int index = -1;
-    for (int i = 0; i < count; ++i) {
-        std::uint64_t const magnitude = MagnitudeBits(values[i]);
-        if (magnitude <= infinityBits && magnitude > largest) {
-            largest = magnitude;
-            index = i;
+    double largest = 0.0;
+    int p = 0;
+    int q = 0;
+    for (int i = 0; i < 3; ++i) {
+        for (int k = i; k < 3; ++k) {
+            if (std::fabs(w[i][k]) > largest) {
+                largest = std::fabs(w[i][k]);
+                p = i;
+                q = k;
+            }
         }
     }
-    return index;
-}
+    if (largest == 0.0)
+        return Vec3Dbl(1.0, 0.0, 0.0); // every vector is an eigenvector
 
-struct Candidate {
-    std::uint64_t magnitude;
-    int index;
-};
-
-// The larger of the largest of either half, of equals the earlier.
-template <int begin, int end, int count>
-inline Candidate Largest(double const (&values)[count])
-{
-    if constexpr (end - begin == 1) {
-        return Candidate{MagnitudeBits(values[begin]), begin};
-    } else {
-        constexpr int middle = (begin + end) / 2;
-        Candidate const left = Largest<begin, middle>(values);
-        Candidate const right = Largest<middle, end>(values);
-        bool const isRight = right.magnitude > left.magnitude;
-        return Candidate{isRight ? right.magnitude : left.magnitude,
-                         isRight ? right.index : left.index};
+    constexpr int next[] = {1, 2, 0, 1}; // cyclically
+    int const q1 = next[q];
+    int const q2 = next[q + 1];
+    double minor = 0.0;
+    int partner = 0; // the minor's other row
+    int column = q1; // the minor's other column
+    for (int const row : {next[p], next[p + 1]}) {
+        for (int const k : {q1, q2}) {
+            double const candidate = w[row][k] * w[p][q] - w[p][k] * w[row][q];
+            if (std::fabs(candidate) > std::fabs(minor)) {
+                minor = candidate;
+                partner = row;
+                column = k;
+            }
+        }
     }
-}
+    int const leftOut = 3 - q - column;
 
-/// The index of the largest magnitude, of equals the first; −1 if all are 0. NaNs are passed over.
-template <int count>
-inline int IndexOfLargest(double const (&values)[count])
-{
-    Candidate const largest = Largest<0, count>(values);
-    if (largest.magnitude > 0 && largest.magnitude <= infinityBits)
-        return largest.index;
-    return IndexOfLargestAmongNaNs(values, count);
-}
-
-// The index of an element of a symmetric matrix among the six of its upper triangle, row by row.
-constexpr int TriangleIndex(int i, int k)
-{
-    return i > k ? TriangleIndex(k, i) : i == 0 ? k : i + k + 1;
-}
-
-/// For the place (p, q) of an element: the rows and columns that follow it cyclically, the four 2×2
-/// minors through it and the cross product of rows that belongs to each. These are given by their
-/// indices among the twelve products in `EigenVector`.
-struct Pivot {
-    int p, q, q1, q2;
-    int minors[4];
-    int products[4][3];
-};
-
-constexpr Pivot PivotAt(int p, int q)
-{
-    int const p1 = (p + 1) % 3;
-    int const p2 = (p + 2) % 3;
-    int const q1 = (q + 1) % 3;
-    int const q2 = (q + 2) % 3;
-    // The row that each minor leaves out and the column that it leaves out. With the columns in the order
-    // q, q1, q2 the product is row p × the partner, otherwise the partner × row p; for the partner p1 the
-    // former is the forward one, for p2 the latter.
-    int const rows[4] = {p2, p2, p1, p1};
-    int const columns[4] = {q2, q1, q2, q1};
-    int const offsets[4] = {0, 6, 6, 0};
-    Pivot pivot{p, q, q1, q2, {}, {}};
-    for (int i = 0; i < 4; ++i) {
-        pivot.minors[i] = TriangleIndex(rows[i], columns[i]);
-        for (int k = 0; k < 3; ++k)
-            pivot.products[i][k] = TriangleIndex(rows[i], k) + offsets[i];
-    }
-    return pivot;
-}
-
-constexpr Pivot pivots[6] = {PivotAt(0, 0), PivotAt(0, 1), PivotAt(0, 2),
-                             PivotAt(1, 1), PivotAt(1, 2), PivotAt(2, 2)};
-
-// A vector perpendicular to row p, where all rows are multiples of one.
-VEXOR_COLD Vec3Dbl RankOneEigenVector(Vec3Dbl const& row0, Vec3Dbl const& row1, Vec3Dbl const& row2,
-                                      Pivot const& at)
-{
-    Vec3Dbl const row = at.p == 0 ? row0 : at.p == 1 ? row1 : row2;
-    double const a1 = std::fabs(row[at.q1]);
-    double const a2 = std::fabs(row[at.q2]);
     Vec3Dbl result(0.0);
-    if (a2 < a1) {
-        result[at.q1] = 1.0;
-        result[at.q] = -row[at.q1] / row[at.q];
-    } else if (a2 > a1) {
-        result[at.q2] = 1.0;
-        result[at.q] = -row[at.q2] / row[at.q];
+    if (minor != 0.0) {
+        result[q] = w[p][column] * w[partner][leftOut] - w[partner][column] * w[p][leftOut];
+        result[column] = w[partner][q] * w[p][leftOut] - w[p][q] * w[partner][leftOut];
+        result[leftOut] = minor;
+    } else if (std::fabs(w[p][q2]) < std::fabs(w[p][q1])) { // all rows are multiples of row p
+        result[q1] = 1.0;
+        result[q] = -w[p][q1] / w[p][q];
+    } else if (std::fabs(w[p][q2]) > std::fabs(w[p][q1])) {
+        result[q2] = 1.0;
+        result[q] = -w[p][q2] / w[p][q];
     } else { // whatever the signs of the two elements
-        result[at.q1] = 1.0;
-        result[at.q2] = -1.0;
+        result[q1] = 1.0;
+        result[q2] = -1.0;
     }
     return result.Normalize();
-}
-
-// The cross product of two rows of the matrix less the eigenvalue: those with the largest 2×2 minor
-// through the largest element. Rank means comparison with exactly 0.
-//
-// Which element and which minor is largest is as good as random, so that branches on it would be
-// mispredicted; hence all cross products are formed, and the one wanted is taken by its index. Inlined,
-// what the vectors of one matrix have in common is computed once, and their computations overlap.
-VEXOR_ALWAYS_INLINE Vec3Dbl UpperTriangle::EigenVector(double eigenValue) const
-{
-    Vec3Dbl const row0(a - eigenValue, b, c);
-    Vec3Dbl const row1(b, d - eigenValue, e);
-    Vec3Dbl const row2(c, e, f - eigenValue);
-
-    int const place = IndexOfLargest({row0.x, row0.y, row0.z, row1.y, row1.z, row2.z});
-    if (place < 0)
-        return Vec3Dbl(1.0, 0.0, 0.0); // every vector is an eigenvector
-    Pivot const& pivot = pivots[place];
-
-    // The cross products row1 × row2, row2 × row0, row0 × row1, whose components form a symmetric matrix;
-    // then the reverse products. These are not made by a change of sign, which would give other zeros.
-    Vec3Dbl const forward[3] = {row1.Cross(row2), row2.Cross(row0), row0.Cross(row1)};
-    Vec3Dbl const reverse[3] = {row2.Cross(row1), row0.Cross(row2), row1.Cross(row0)};
-    double const products[12] = {forward[0].x, forward[0].y, forward[0].z, forward[1].y,
-                                 forward[1].z, forward[2].z, reverse[0].x, reverse[0].y,
-                                 reverse[0].z, reverse[1].y, reverse[1].z, reverse[2].z};
-    int const minor = IndexOfLargest({products[pivot.minors[0]], products[pivot.minors[1]],
-                                      products[pivot.minors[2]], products[pivot.minors[3]]});
-    if (minor < 0)
-        return RankOneEigenVector(row0, row1, row2, pivot);
-    int const(&product)[3] = pivot.products[minor];
-    return Vec3Dbl(products[product[0]], products[product[1]], products[product[2]]).Normalize();
 }
 
 } // namespace
