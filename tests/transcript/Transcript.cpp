@@ -1,9 +1,10 @@
-// Performs millions of seeded operations over the whole interface, except what rests on the platform's
-// sin, cos, acos or atan2 or on LAPACK, and prints one hash for each class. The hashes are the same on
+// Performs millions of seeded operations over the whole interface, except what rests on LAPACK, and
+// prints one hash for each class, and one for each group of members that turn or measure angles. The hashes are the same on
 // every platform and in every build; the expected ones are in hashes.txt.
 //
 // Usage: transcript [ROUNDS]
 
+#include <vexor/elementary.h>
 #include <vexor/vexor.h>
 
 #include <cmath>
@@ -819,6 +820,98 @@ void RunMatDbl(Transcript& out, Source& source)
     out.Add(Mat3Dbl(a));
 }
 
+Vec3Dbl UnitAxis(Source& source)
+{
+    double const x = source.Plain();
+    double const y = source.Plain();
+    return Vec3Dbl(x, y, source.Below(3) - 1.0).GetNormalizedCopy();
+}
+
+void RunTurns(Transcript& out, Source& source)
+{
+    VexorTolerance tolerance;
+    tolerance.SetAngle(source.Double());
+    out.Add(tolerance.GetSin2Angle());
+
+    double const angle = source.Double();
+    Vec3Dbl const v = AnyVec3Dbl(source);
+    Vec3Dbl const axis = UnitAxis(source);
+    Pnt3Dbl const point(AnyVec3Dbl(source));
+    out.Add(Vec3Dbl(v).Rotate(axis, angle));
+    out.Try([&] { return AffMat3Dbl(1.0).SetRotation(point, axis, angle); });
+    out.Try([&] { return AffMat3Dbl(1.0).SetRotation(point, v, axis); });
+    out.Try([&] { return Quaternion(v, angle, 1); });
+    out.Try([&] { return Quaternion(v.x, v.y, v.z, angle, 1); });
+    Quaternion a(axis, angle, 0);
+    out.Add(a);
+    out.Add(a.GetAngle());
+    out.Add(a.GetAbsoluteAngle());
+    out.Add(a.Distance(Quaternion(axis, source.Double(), 0)));
+    out.Add(a.GetEulerAngles());
+    Vec3Dbl angles = AnyVec3Dbl(source);
+    out.Add(a.SetFromEulerAngles(angles));
+    out.Add(angles);
+    out.Add(a.GetEulerAngles());
+}
+
+void RunAngles(Transcript& out, Source& source)
+{
+    Vec3Dbl const a = AnyVec3Dbl(source);
+    Vec3Dbl const b = AnyVec3Dbl(source);
+    Vec3Dbl const normal = AnyVec3Dbl(source);
+    out.Try([&] { return a.GetAngleWith(b); });
+    out.Try([&] { return a.GetCCWAngleWith(b, normal); });
+    out.Try([&] { return a.ToVec3Flt().GetAngleWith(b.ToVec3Flt()); });
+    out.Try([&] { return Vec2Dbl(a.x, a.y).GetAngleWith(Vec2Dbl(b.x, b.y)); });
+    out.Try([&] { return Vec2Dbl(a.x, a.y).GetCCWAngleWith(Vec2Dbl(b.x, b.y)); });
+    out.Try([&] { return Vec2Dbl(a.x, a.y).ToVec2Flt().GetAngleWith(Vec2Dbl(b.x, b.y).ToVec2Flt()); });
+    VecDbl const left(a);
+    VecDbl const right(b);
+    out.Try([&] { return left.GetAngleWith(right); });
+    VecFlt narrowLeft;
+    VecFlt narrowRight;
+    narrowLeft = left;
+    narrowRight = right;
+    out.Try([&] { return narrowLeft.GetAngleWith(narrowRight); });
+}
+
+void RunSpectra(Transcript& out, Source& source)
+{
+    double const xx = source.Plain(), xy = source.Plain(), xz = source.Plain();
+    double const yy = source.Plain(), yz = source.Plain(), zz = source.Plain();
+    for (int withVectors = 0; withVectors < 2; ++withVectors) {
+        out.Try([&] {
+            Mat3Dbl m(0.0);
+            m(0, 0) = xx, m(0, 1) = m(1, 0) = xy, m(0, 2) = m(2, 0) = xz;
+            m(1, 1) = yy, m(1, 2) = m(2, 1) = yz, m(2, 2) = zz;
+            Vec3Dbl values(0.0);
+            m.EigenSym(values, withVectors);
+            if (withVectors != 0)
+                out.Add(m);
+            return values;
+        });
+    }
+}
+
+void RunElementary(Transcript& out, Source& source)
+{
+    double const any = FromBits(source.Word());
+    double const other = FromBits(source.Word());
+    double const a = source.Double();
+    double const b = source.Double();
+    out.Add(vexor::Sin(any));
+    out.Add(vexor::Cos(any));
+    out.Add(vexor::Sin(a));
+    out.Add(vexor::Cos(a));
+    vexor::SineAndCosine const both = vexor::SinCos(b);
+    out.Add(both.sine);
+    out.Add(both.cosine);
+    out.Add(vexor::Acos(any));
+    out.Add(vexor::Acos(a));
+    out.Add(vexor::Atan2(any, other));
+    out.Add(vexor::Atan2(a, b));
+}
+
 struct Class {
     char const* name;
     void (*run)(Transcript&, Source&);
@@ -845,6 +938,10 @@ constexpr Class classes[] = {
     {"VecDbl", RunVecDbl},
     {"VecFlt", RunVecFlt},
     {"MatDbl", RunMatDbl},
+    {"turns", RunTurns},
+    {"angles", RunAngles},
+    {"spectra", RunSpectra},
+    {"elementary", RunElementary},
 };
 
 } // namespace
