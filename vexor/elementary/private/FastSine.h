@@ -27,15 +27,16 @@ inline Reduced ReduceSmall(double x)
     Sum const middle = Multiply(count, 0x1.1a62633145c07p-61);
     Sum const sum = AddSmaller(rest, -middle.high);
     double const low = sum.low - __builtin_fma(count, -0x1.f1976b7ed8fbcp-117, middle.low);
+    return {BitsOf(shifted), sum.high, low, count};
 #else
     // Two parts of 30 bits, whose products with the count are exact.
     double const rest = x - count * 0x1.921fb54800000p-7;
     Sum const sum = AddSmaller(rest, count * 0x1.de973dc800000p-38);
     double const low = sum.low + count * 0x1.9d9cceba3f91fp-69;
-#endif
-    // The series takes it for granted that the low part is less than a place of the high one.
+    // Unlike above, the low part can exceed a place of the high one, which the series does not allow for.
     Sum const angle = AddSmaller(sum.high, low);
     return {BitsOf(shifted), angle.high, angle.low, count};
+#endif
 }
 
 inline Reduced ReduceAny(double x)
@@ -64,6 +65,16 @@ inline RestTerms Terms(Reduced const& angle)
     return {r * square * odd, MultiplyAdd(square, even, -(r * angle.low))};
 }
 
+/// Of a multiple's sine; docs/elementary.md derives it.
+#if VEXOR_ELEMENTARY_IS_FUSED
+inline constexpr double sineError = 0x1.28p-66;
+#else
+inline constexpr double sineError = 0x1.8p-66;
+#endif
+
+/// Of the sine in the two half turns.
+inline constexpr double signs[2] = {1.0, -1.0};
+
 /// The sine of the angle plus offset·π/256; false if that needs the accurate step.
 inline bool SineOf(Reduced const& angle, RestTerms const& terms, std::uint64_t offset, double& result)
 {
@@ -78,10 +89,10 @@ inline bool SineOf(Reduced const& angle, RestTerms const& terms, std::uint64_t o
     double const low = MultiplyAdd(sine, terms.even, MultiplyAdd(cosine, terms.odd + angle.low, small));
     // docs/elementary.md derives the three bounds.
     double const error =
-        MultiplyAdd(Absolute(sine), 0x1.8p-66,
+        MultiplyAdd(Absolute(sine), sineError,
                     MultiplyAdd(Absolute(angle.high), 0x1p-67, Absolute(angle.count) * 0x1p-120));
     bool const decided = IsDecided({sum.high, sum.low + low}, error, result);
-    result = FromBits(BitsOf(result) ^ ((index & 256) << 55));
+    result *= signs[index >> 8 & 1];
     return decided;
 }
 

@@ -33,5 +33,7 @@ extern Expansion const arcCosineQuotientTable[33];
 extern std::uint64_t const piFraction[12];
 /// 2/π in words of 64 bits, the most significant first.
 extern std::uint64_t const twoOverPi[31];
+/// 1/n! for n from 2 in words of 64 bits, the most significant first.
+extern std::uint64_t const inverseFactorial[136][12];
 
 } // namespace vexor::detail::elementary
