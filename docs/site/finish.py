@@ -30,6 +30,7 @@ NAVIGATION = [
         ("md_docs_performance.html", "Performance"),
         ("md_docs_eigen_accuracy.html", "Accuracy"),
         ("md_docs_exactness.html", "Exactness"),
+        ("md_docs_elementary.html", "Sine and angle"),
         ("md_docs_mutation.html", "Mutation tests"),
     ]),
     ("Vectors", ["Vec2Dbl", "Vec3Dbl", "Vec2Flt", "Vec3Flt", "Vec2Int"]),
