@@ -2,7 +2,8 @@
 #include <vexor/foundation/Config.h>
 
 // Where a value is rounded to single precision is part of each operation's definition. Every such
-// rounding of a computed double in the library goes through this file.
+// rounding of a computed double in the library goes through this file. A register of doubles is rounded in
+// foundation/private/Registers.h.
 
 VEXOR_EXACT_BEGIN
 
