@@ -1,0 +1,72 @@
+#include <support/Bench.h>
+
+#include <vexor/elementary.h>
+
+// The four functions beside the C library's. "1000" computes independent results, "chain" makes each
+// argument wait for the result before it.
+
+namespace {
+
+using One = double (*)(double);
+using Two = double (*)(double, double);
+
+double BothOfVexor(double x)
+{
+    vexor::SineAndCosine const both = vexor::SinCos(x);
+    return both.sine + both.cosine;
+}
+
+double BothOfLibc(double x)
+{
+    return std::sin(x) + std::cos(x); // one call of sincos, optimised
+}
+
+void Run(benchmark::State& state, std::vector<double> const& x, std::vector<double> const& y, Two function,
+         double link)
+{
+    for (auto _ : state) {
+        double last = 0.0;
+        double sum = 0.0;
+        for (std::size_t i = 0; i < x.size(); ++i) {
+            last = function(link != 0.0 ? y[i] + last * link : y[i], x[i]);
+            sum += last;
+        }
+        benchmark::DoNotOptimize(sum);
+    }
+    state.SetItemsProcessed(state.iterations() * static_cast<std::int64_t>(x.size()));
+}
+
+void Register(std::string const& name, char const* library, Two function, double scale)
+{
+    std::vector<double> const x = bench::Numbers(1000, 1);
+    std::vector<double> y = bench::Numbers(1000, 2);
+    for (double& each : y)
+        each *= scale;
+    benchmark::RegisterBenchmark((name + "/" + library + "/1000").c_str(),
+                                 [=](benchmark::State& state) { Run(state, x, y, function, 0.0); });
+    // Too small to change the argument.
+    benchmark::RegisterBenchmark((name + "/" + library + "/chain").c_str(),
+                                 [=](benchmark::State& state) { Run(state, x, y, function, 0x1p-900); });
+}
+
+template <One function>
+double Ignoring(double y, double)
+{
+    return function(y);
+}
+
+[[maybe_unused]] bool const registered = [] {
+    Register("Sin", "vexor", Ignoring<vexor::Sin>, 1.6);
+    Register("Sin", "libc", Ignoring<static_cast<One>(std::sin)>, 1.6);
+    Register("Cos", "vexor", Ignoring<vexor::Cos>, 1.6);
+    Register("Cos", "libc", Ignoring<static_cast<One>(std::cos)>, 1.6);
+    Register("SinCos", "vexor", Ignoring<BothOfVexor>, 1.6);
+    Register("SinCos", "libc", Ignoring<BothOfLibc>, 1.6);
+    Register("Acos", "vexor", Ignoring<vexor::Acos>, 0.5);
+    Register("Acos", "libc", Ignoring<static_cast<One>(std::acos)>, 0.5);
+    Register("Atan2", "vexor", vexor::Atan2, 1.0);
+    Register("Atan2", "libc", static_cast<Two>(std::atan2), 1.0);
+    return true;
+}();
+
+} // namespace
