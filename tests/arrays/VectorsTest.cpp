@@ -122,6 +122,25 @@ TYPED_TEST(ArraysOfVectors, IsEqualTo)
     ExaminePair<TypeParam, TypeParam>("IsEqualTo", PAIR(IsEqualTo), MEMBER(IsEqualTo));
 }
 
+// Quotients that a kernel forms without a division, over mantissas and exponents of many kinds.
+TEST(ArraysNormalize, ManyVectors)
+{
+    std::mt19937_64 engine(16);
+    std::vector<Vec3Dbl> vectors(300000);
+    for (Vec3Dbl& vector : vectors) {
+        for (int k = 0; k < 3; ++k) {
+            std::uint64_t mantissa = engine() >> 12U;
+            if (engine() % 4 == 0) // close to a power of two, from below and from above
+                mantissa = engine() % 2 ? 0xfffffffffffffu - engine() % 4 : engine() % 4;
+            double const number = 1.0 + double(mantissa) * 0x1p-52;
+            vector[k] = std::ldexp(engine() % 2 ? number : -number, int(engine() % 40) - 20);
+        }
+        if (engine() % 16 == 0)
+            vector *= std::ldexp(1.0, int(engine() % 1200) - 600);
+    }
+    CompareSingle("Normalize", vectors, SINGLE(Normalize), OWN(GetNormalizedCopy), false);
+}
+
 // Wide tolerances, so that about half of the answers are 1, which chance gives the tests above rarely.
 TYPED_TEST(ArraysOfVectors, TestsWithTolerancesOfTheCaller)
 {

@@ -138,8 +138,11 @@ void Test(TestOperation operation, Operand<Element> left, Operand<Element> right
         vexor::detail::LengthTolerance(Element(-1)), angular, vexor::detail::SquaredDistanceLimit(angular)};
     Copy<Element, dimension> const oneLeft(left);
     Copy<Element, dimension> const oneRight(right);
-    KernelsFor<Element, dimension>(*chosen).tests[static_cast<int>(operation)](
-        oneLeft.Of(left), oneRight.Of(right), limits, results, count);
+    auto const index = static_cast<int>(operation);
+    TestKernel<Element> kernel = KernelsFor<Element, dimension>(*chosen).tests[index];
+    if (kernel == nullptr)
+        kernel = KernelsFor<Element, dimension>(plain::kernels).tests[index];
+    kernel(oneLeft.Of(left), oneRight.Of(right), limits, results, count);
 }
 
 template <class Element, int dimension>
@@ -249,8 +252,10 @@ void MultiplyVectors(Matrices matrices, Operand<double> vectors, double* results
 
 void Invert(Mat3Dbl const* matrices, Mat3Dbl* results, std::size_t count)
 {
-    if (count != 0)
-        chosen->invert(ElementsIn(matrices), ElementsIn(results), count);
+    if (count == 0)
+        return;
+    auto const kernel = chosen->invert != nullptr ? chosen->invert : plain::kernels.invert;
+    kernel(ElementsIn(matrices), ElementsIn(results), count);
 }
 
 void Solve(Matrices matrices, Operand<double> rightSides, double* results, std::size_t count)
