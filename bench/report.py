@@ -136,6 +136,27 @@ def fixed(files, size):
     return table(["operation", "vexor"] + PEERS + ["fastest peer"], rows)
 
 
+def arrays(results, size):
+    """Functions of vexor::arrays by instruction set, beside the loop over the member and the peers' loops."""
+    sets = [name for name in ("baseline", "AVX2", "AVX-512")
+            if any(name in results.at(operation, size) for operation in results.operations)]
+    rows = []
+    for operation in results.operations:
+        times = results.at(operation, size)
+        if "loop" not in times:
+            continue
+        best = min((times[peer] for peer in PEERS if peer in times), default=None)
+        cells = [f"{times['loop'] / int(size):.2f} ns", f"{best / int(size):.2f} ns" if best else "–"]
+        for name in sets:
+            cells += [f"{times[name] / int(size):.2f} ns", f"{times['loop'] / times[name]:.2f}"]
+        last = times[sets[-1]]
+        rows.append([operation] + cells + [f"{best / last:.2f}" if best else "–"])
+    head = ["operation", "loop", "fastest peer"]
+    for name in sets:
+        head += [name, "× loop"]
+    return table(head + ["× peer"], rows)
+
+
 def guard(results, name):
     """What asking for the range costs, against the null check that a normalisation needs anyway."""
     times = results.at("GetNormalizedCopy", "1000"), results.at("GetNormalizedCopy", "call")
@@ -247,6 +268,16 @@ def main():
                     if any(results[0].at(o, size) for o in results[0].operations):
                         others.append(f"#### {title}, g++ -O3\n\n" + fixed(results, size))
 
+    over_arrays = []
+    for variant, flags in VARIANTS:
+        file = folder / f"g++-bench_arrays_{variant}.json"
+        if not file.exists():
+            continue
+        results = Results(file)
+        for size in ("200", "1000", "100000", "1000000"):
+            if any(results.at(operation, size) for operation in results.operations):
+                over_arrays.append(f"#### {int(size):,} elements, loops by g++ {flags}\n\n" + arrays(results, size))
+
     libraries = ", ".join(f"{name} {version(package)}" for name, package in (
         ("OpenBLAS", "libopenblas-dev"), ("Eigen", "libeigen3-dev"), ("GLM", "libglm-dev"), ("Imath", "libimath-dev")))
     values = {
@@ -265,6 +296,7 @@ def main():
                            ["LAPACK", "with workspace"]),
         "FIXED": "\n".join(sections),
         "OTHERS": "\n".join(others),
+        "ARRAYS": "\n".join(over_arrays),
         "GUARD": table(["flags", "arrays of 1,000", "a single call"], guards),
         "GROWTH": growth(dynamic),
     }

@@ -122,7 +122,8 @@ void TestKernelOf(Operand<Element> left, Operand<Element> right, Limits<Element>
                                      VectorOf<Element, size>>;
     Values<Value, Element> const a(left);
     Values<Value, Element> const b(right);
-    auto const test = [&limits](Value const& x, Value const& y) {
+    // By copy: the results are bytes, which might lie anywhere as far as the compiler knows.
+    auto const test = [limits](Value const& x, Value const& y) {
         if constexpr (operation == Operation::IsParallelTo)
             return x.IsParallelTo(y, limits.angular, limits.length);
         if constexpr (operation == Operation::IsCodirectionalTo)
