@@ -74,7 +74,7 @@ template <class Value>
 class ArraysSums : public testing::Test {};
 using Values =
     testing::Types<double, float, Vec3Dbl, Vec3Flt, Vec2Dbl, Vec2Flt, Pnt3Dbl, Pnt3Flt, Pnt2Dbl, Pnt2Flt>;
-TYPED_TEST_SUITE(ArraysSums, Values);
+TYPED_TEST_SUITE(ArraysSums, Values, );
 
 TYPED_TEST(ArraysSums, SumHasTheStatedOrder)
 {
@@ -142,7 +142,7 @@ TYPED_TEST(ArraysSums, AllSetsGiveTheSameBox)
 template <class Value>
 class ArraysCovariance : public testing::Test {};
 using PlacedValues = testing::Types<Pnt3Dbl, Pnt3Flt, Pnt2Dbl, Pnt2Flt, Vec3Dbl>;
-TYPED_TEST_SUITE(ArraysCovariance, PlacedValues);
+TYPED_TEST_SUITE(ArraysCovariance, PlacedValues, );
 
 TYPED_TEST(ArraysCovariance, HasTheStatedOrder)
 {

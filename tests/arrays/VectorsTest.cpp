@@ -9,12 +9,12 @@ using namespace arrays_test;
 template <class Vector>
 class ArraysOfVectors : public testing::Test {};
 using Vectors = testing::Types<Vec3Dbl, Vec3Flt, Vec2Dbl, Vec2Flt>;
-TYPED_TEST_SUITE(ArraysOfVectors, Vectors);
+TYPED_TEST_SUITE(ArraysOfVectors, Vectors, );
 
 template <class Point>
 class ArraysOfPoints : public testing::Test {};
 using Points = testing::Types<Pnt3Dbl, Pnt3Flt, Pnt2Dbl, Pnt2Flt>;
-TYPED_TEST_SUITE(ArraysOfPoints, Points);
+TYPED_TEST_SUITE(ArraysOfPoints, Points, );
 
 // `results` is a pointer: a parameter pack of references would make it an array's element type const.
 #define PAIR(name)                                                                                           \

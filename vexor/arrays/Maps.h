@@ -118,17 +118,18 @@ void MultiplyViews(View<Left> const& left, View<Right> const& right, Range<Resul
 template <class Left, class Right, class Results, class... Count>
 void Multiply(Left const& left, Right const& right, Results&& results, Count... count)
 {
-    detail::MultiplyViews(detail::ViewOf(left, count...), detail::ViewOf(right, count...),
-                          detail::RangeOf(results, count...));
+    detail::MultiplyViews(detail::ViewOf(left, static_cast<std::size_t>(count)...),
+                          detail::ViewOf(right, static_cast<std::size_t>(count)...),
+                          detail::RangeOf(results, static_cast<std::size_t>(count)...));
 }
 
 /// quaternions[i].RotatePoint(points[i]), of vectors or points.
 template <class Quaternions, class Points, class Results, class... Count>
 void RotatePoint(Quaternions const& quaternions, Points const& points, Results&& results, Count... count)
 {
-    auto const a = detail::ViewOf(quaternions, count...);
-    auto const b = detail::ViewOf(points, count...);
-    auto const c = detail::RangeOf(results, count...);
+    auto const a = detail::ViewOf(quaternions, static_cast<std::size_t>(count)...);
+    auto const b = detail::ViewOf(points, static_cast<std::size_t>(count)...);
+    auto const c = detail::RangeOf(results, static_cast<std::size_t>(count)...);
     static_assert(
         std::is_same_v<std::decay_t<decltype(*c.data)>, std::decay_t<decltype(a.data->RotatePoint(*b.data))>>,
         "the results have the type that the member gives");
@@ -141,8 +142,8 @@ void RotatePoint(Quaternions const& quaternions, Points const& points, Results&&
 template <class Quaternions, class Results, class... Count>
 void GetRotationMatrix(Quaternions const& quaternions, Results&& results, Count... count)
 {
-    auto const a = detail::ViewOf(quaternions, count...);
-    auto const c = detail::RangeOf(results, count...);
+    auto const a = detail::ViewOf(quaternions, static_cast<std::size_t>(count)...);
+    auto const c = detail::RangeOf(results, static_cast<std::size_t>(count)...);
     detail::CheckOperands(c, a);
     detail::GetRotationMatrix(a.data, c.data, c.count);
 }

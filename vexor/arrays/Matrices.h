@@ -11,8 +11,8 @@ namespace vexor::arrays {
 template <class Matrices, class Results, class... Count>
 void Invert(Matrices const& matrices, Results&& results, Count... count)
 {
-    auto const a = detail::ViewOf(matrices, count...);
-    auto const c = detail::RangeOf(results, count...);
+    auto const a = detail::ViewOf(matrices, static_cast<std::size_t>(count)...);
+    auto const c = detail::RangeOf(results, static_cast<std::size_t>(count)...);
     detail::CheckOperands(c, a);
     detail::Invert(a.data, c.data, c.count);
 }
@@ -22,9 +22,9 @@ void Invert(Matrices const& matrices, Results&& results, Count... count)
 template <class Matrices, class RightSides, class Results, class... Count>
 void Solve(Matrices const& matrices, RightSides const& rightSides, Results&& results, Count... count)
 {
-    auto const a = detail::ViewOf(matrices, count...);
-    auto const b = detail::ViewOf(rightSides, count...);
-    auto const c = detail::RangeOf(results, count...);
+    auto const a = detail::ViewOf(matrices, static_cast<std::size_t>(count)...);
+    auto const b = detail::ViewOf(rightSides, static_cast<std::size_t>(count)...);
+    auto const c = detail::RangeOf(results, static_cast<std::size_t>(count)...);
     static_assert(std::is_same_v<std::decay_t<decltype(*c.data)>, Vec3Dbl>, "solutions are Vec3Dbl");
     detail::CheckOperands(c, a, b);
     detail::Solve({a.data, a.isOne}, detail::OperandOf(b), detail::ElementsOf(c.data), c.count);
@@ -35,8 +35,8 @@ void Solve(Matrices const& matrices, RightSides const& rightSides, Results&& res
 template <class Matrices, class Values, class... Count>
 void EigenSymValues(Matrices const& matrices, Values&& eigenValues, Count... count)
 {
-    auto const a = detail::ViewOf(matrices, count...);
-    auto const c = detail::RangeOf(eigenValues, count...);
+    auto const a = detail::ViewOf(matrices, static_cast<std::size_t>(count)...);
+    auto const c = detail::RangeOf(eigenValues, static_cast<std::size_t>(count)...);
     detail::CheckOperands(c, a);
     detail::EigenSym(a.data, c.data, nullptr, c.count);
 }
@@ -46,9 +46,9 @@ void EigenSymValues(Matrices const& matrices, Values&& eigenValues, Count... cou
 template <class Matrices, class Values, class Vectors, class... Count>
 void EigenSym(Matrices const& matrices, Values&& eigenValues, Vectors&& vectors, Count... count)
 {
-    auto const a = detail::ViewOf(matrices, count...);
-    auto const b = detail::RangeOf(eigenValues, count...);
-    auto const c = detail::RangeOf(vectors, count...);
+    auto const a = detail::ViewOf(matrices, static_cast<std::size_t>(count)...);
+    auto const b = detail::RangeOf(eigenValues, static_cast<std::size_t>(count)...);
+    auto const c = detail::RangeOf(vectors, static_cast<std::size_t>(count)...);
     detail::CheckOperands(b, a);
     detail::CheckOperands(c, a);
     detail::EigenSym(a.data, b.data, c.data, c.count);

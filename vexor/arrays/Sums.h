@@ -194,7 +194,7 @@ Box<Value> BoxOfBlock(Value const* values, std::size_t count)
 template <class Values, class... Count>
 auto Sum(Values const& values, Count... count)
 {
-    auto const view = detail::ArrayOf(detail::ViewOf(values, count...));
+    auto const view = detail::ArrayOf(detail::ViewOf(values, static_cast<std::size_t>(count)...));
     using Value = std::decay_t<decltype(*view.data)>;
     return detail::OverBlocks(view, detail::SumOf<Value>(0.0), SumOfBlock<Value>);
 }
@@ -203,7 +203,7 @@ auto Sum(Values const& values, Count... count)
 template <class Values, class... Count>
 auto Centroid(Values const& values, Count... count)
 {
-    auto const view = detail::ArrayOf(detail::ViewOf(values, count...));
+    auto const view = detail::ArrayOf(detail::ViewOf(values, static_cast<std::size_t>(count)...));
     using Value = std::decay_t<decltype(*view.data)>;
     if (view.count == 0)
         vexor::detail::RaiseComputationFailed();
@@ -218,7 +218,7 @@ auto Centroid(Values const& values, Count... count)
 template <class Values, class... Count>
 auto Covariance(Values const& values, Count... count)
 {
-    auto const view = detail::ArrayOf(detail::ViewOf(values, count...));
+    auto const view = detail::ArrayOf(detail::ViewOf(values, static_cast<std::size_t>(count)...));
     using Value = std::decay_t<decltype(*view.data)>;
     auto const centroid = Centroid(view.data, view.count);
     auto sum = detail::OverBlocks(view, detail::MatrixOf<Value>(0.0),
@@ -234,7 +234,7 @@ auto Covariance(Values const& values, Count... count)
 template <class Values, class... Count>
 auto BoundingBox(Values const& values, Count... count)
 {
-    auto const view = detail::ArrayOf(detail::ViewOf(values, count...));
+    auto const view = detail::ArrayOf(detail::ViewOf(values, static_cast<std::size_t>(count)...));
     using Value = std::decay_t<decltype(*view.data)>;
     return detail::OverBlocks(view, BoxOfBlock<Value>(view.data, 0), BoxOfBlock<Value>);
 }
@@ -243,7 +243,7 @@ auto BoundingBox(Values const& values, Count... count)
 template <class Values, class... Count>
 auto MinMax(Values const& values, Count... count)
 {
-    return BoundingBox(values, count...);
+    return BoundingBox(values, static_cast<std::size_t>(count)...);
 }
 
 } // namespace vexor::arrays

@@ -81,9 +81,9 @@ using AreTolerances = std::enable_if_t<std::is_floating_point_v<Angular> && std:
 template <class Left, class Right, class Results, class... Count>
 void Add(Left const& left, Right const& right, Results&& results, Count... count)
 {
-    auto const a = detail::ViewOf(left, count...);
-    auto const b = detail::ViewOf(right, count...);
-    auto const c = detail::RangeOf(results, count...);
+    auto const a = detail::ViewOf(left, static_cast<std::size_t>(count)...);
+    auto const b = detail::ViewOf(right, static_cast<std::size_t>(count)...);
+    auto const c = detail::RangeOf(results, static_cast<std::size_t>(count)...);
     static_assert(std::is_same_v<std::decay_t<decltype(*c.data)>, std::decay_t<decltype(*a.data + *b.data)>>,
                   "the results have the type that the member gives");
     detail::ComputePair<detail::PairOperation::Add>(a, b, c);
@@ -92,9 +92,9 @@ void Add(Left const& left, Right const& right, Results&& results, Count... count
 template <class Left, class Right, class Results, class... Count>
 void Subtract(Left const& left, Right const& right, Results&& results, Count... count)
 {
-    auto const a = detail::ViewOf(left, count...);
-    auto const b = detail::ViewOf(right, count...);
-    auto const c = detail::RangeOf(results, count...);
+    auto const a = detail::ViewOf(left, static_cast<std::size_t>(count)...);
+    auto const b = detail::ViewOf(right, static_cast<std::size_t>(count)...);
+    auto const c = detail::RangeOf(results, static_cast<std::size_t>(count)...);
     static_assert(std::is_same_v<std::decay_t<decltype(*c.data)>, std::decay_t<decltype(*a.data - *b.data)>>,
                   "the results have the type that the member gives");
     detail::ComputePair<detail::PairOperation::Subtract>(a, b, c);
@@ -103,9 +103,9 @@ void Subtract(Left const& left, Right const& right, Results&& results, Count... 
 template <class Vectors, class Scalars, class Results, class... Count>
 void Scale(Vectors const& vectors, Scalars const& scalars, Results&& results, Count... count)
 {
-    auto const a = detail::ViewOf(vectors, count...);
-    auto const b = detail::ViewOf(scalars, count...);
-    auto const c = detail::RangeOf(results, count...);
+    auto const a = detail::ViewOf(vectors, static_cast<std::size_t>(count)...);
+    auto const b = detail::ViewOf(scalars, static_cast<std::size_t>(count)...);
+    auto const c = detail::RangeOf(results, static_cast<std::size_t>(count)...);
     static_assert(std::is_same_v<std::decay_t<decltype(*c.data)>, std::decay_t<decltype(*a.data)>>,
                   "the results have the type that the member gives");
     detail::ComputeScale(a, b, c);
@@ -114,8 +114,8 @@ void Scale(Vectors const& vectors, Scalars const& scalars, Results&& results, Co
 template <class Operand, class Results, class... Count>
 void Negate(Operand const& operand, Results&& results, Count... count)
 {
-    auto const a = detail::ViewOf(operand, count...);
-    auto const c = detail::RangeOf(results, count...);
+    auto const a = detail::ViewOf(operand, static_cast<std::size_t>(count)...);
+    auto const c = detail::RangeOf(results, static_cast<std::size_t>(count)...);
     static_assert(std::is_same_v<std::decay_t<decltype(*c.data)>, std::decay_t<decltype(-*a.data)>>,
                   "the results have the type that the member gives");
     detail::ComputeSingle<detail::SingleOperation::Negate>(a, c);
@@ -124,9 +124,9 @@ void Negate(Operand const& operand, Results&& results, Count... count)
 template <class Left, class Right, class Results, class... Count>
 void ElemMult(Left const& left, Right const& right, Results&& results, Count... count)
 {
-    auto const a = detail::ViewOf(left, count...);
-    auto const b = detail::ViewOf(right, count...);
-    auto const c = detail::RangeOf(results, count...);
+    auto const a = detail::ViewOf(left, static_cast<std::size_t>(count)...);
+    auto const b = detail::ViewOf(right, static_cast<std::size_t>(count)...);
+    auto const c = detail::RangeOf(results, static_cast<std::size_t>(count)...);
     static_assert(
         std::is_same_v<std::decay_t<decltype(*c.data)>, std::decay_t<decltype(a.data->ElemMult(*b.data))>>,
         "the results have the type that the member gives");
@@ -139,9 +139,9 @@ void ElemMult(Left const& left, Right const& right, Results&& results, Count... 
 template <class Left, class Right, class Results, class... Count>
 void Dot(Left const& left, Right const& right, Results&& results, Count... count)
 {
-    auto const a = detail::ViewOf(left, count...);
-    auto const b = detail::ViewOf(right, count...);
-    auto const c = detail::RangeOf(results, count...);
+    auto const a = detail::ViewOf(left, static_cast<std::size_t>(count)...);
+    auto const b = detail::ViewOf(right, static_cast<std::size_t>(count)...);
+    auto const c = detail::RangeOf(results, static_cast<std::size_t>(count)...);
     static_assert(
         std::is_same_v<std::decay_t<decltype(*c.data)>, std::decay_t<decltype(a.data->Dot(*b.data))>>,
         "the results have the type that the member gives");
@@ -151,9 +151,9 @@ void Dot(Left const& left, Right const& right, Results&& results, Count... count
 template <class Left, class Right, class Results, class... Count>
 void Cross(Left const& left, Right const& right, Results&& results, Count... count)
 {
-    auto const a = detail::ViewOf(left, count...);
-    auto const b = detail::ViewOf(right, count...);
-    auto const c = detail::RangeOf(results, count...);
+    auto const a = detail::ViewOf(left, static_cast<std::size_t>(count)...);
+    auto const b = detail::ViewOf(right, static_cast<std::size_t>(count)...);
+    auto const c = detail::RangeOf(results, static_cast<std::size_t>(count)...);
     static_assert(
         std::is_same_v<std::decay_t<decltype(*c.data)>, std::decay_t<decltype(a.data->Cross(*b.data))>>,
         "the results have the type that the member gives");
@@ -163,8 +163,8 @@ void Cross(Left const& left, Right const& right, Results&& results, Count... cou
 template <class Operand, class Results, class... Count>
 void LengthSquared(Operand const& operand, Results&& results, Count... count)
 {
-    auto const a = detail::ViewOf(operand, count...);
-    auto const c = detail::RangeOf(results, count...);
+    auto const a = detail::ViewOf(operand, static_cast<std::size_t>(count)...);
+    auto const c = detail::RangeOf(results, static_cast<std::size_t>(count)...);
     static_assert(
         std::is_same_v<std::decay_t<decltype(*c.data)>, std::decay_t<decltype(a.data->LengthSquared())>>,
         "the results have the type that the member gives");
@@ -174,8 +174,8 @@ void LengthSquared(Operand const& operand, Results&& results, Count... count)
 template <class Operand, class Results, class... Count>
 void Length(Operand const& operand, Results&& results, Count... count)
 {
-    auto const a = detail::ViewOf(operand, count...);
-    auto const c = detail::RangeOf(results, count...);
+    auto const a = detail::ViewOf(operand, static_cast<std::size_t>(count)...);
+    auto const c = detail::RangeOf(results, static_cast<std::size_t>(count)...);
     static_assert(std::is_same_v<std::decay_t<decltype(*c.data)>, std::decay_t<decltype(a.data->Length())>>,
                   "the results have the type that the member gives");
     detail::ComputeSingle<detail::SingleOperation::Length>(a, c);
@@ -184,8 +184,8 @@ void Length(Operand const& operand, Results&& results, Count... count)
 template <class Operand, class Results, class... Count>
 void Normalize(Operand const& operand, Results&& results, Count... count)
 {
-    auto const a = detail::ViewOf(operand, count...);
-    auto const c = detail::RangeOf(results, count...);
+    auto const a = detail::ViewOf(operand, static_cast<std::size_t>(count)...);
+    auto const c = detail::RangeOf(results, static_cast<std::size_t>(count)...);
     static_assert(
         std::is_same_v<std::decay_t<decltype(*c.data)>, std::decay_t<decltype(a.data->GetNormalizedCopy())>>,
         "the results have the type that the member gives");
@@ -195,9 +195,9 @@ void Normalize(Operand const& operand, Results&& results, Count... count)
 template <class Left, class Right, class Results, class... Count>
 void DistanceSqTo(Left const& left, Right const& right, Results&& results, Count... count)
 {
-    auto const a = detail::ViewOf(left, count...);
-    auto const b = detail::ViewOf(right, count...);
-    auto const c = detail::RangeOf(results, count...);
+    auto const a = detail::ViewOf(left, static_cast<std::size_t>(count)...);
+    auto const b = detail::ViewOf(right, static_cast<std::size_t>(count)...);
+    auto const c = detail::RangeOf(results, static_cast<std::size_t>(count)...);
     static_assert(std::is_same_v<std::decay_t<decltype(*c.data)>,
                                  std::decay_t<decltype(a.data->DistanceSqTo(*b.data))>>,
                   "the results have the type that the member gives");
@@ -207,9 +207,9 @@ void DistanceSqTo(Left const& left, Right const& right, Results&& results, Count
 template <class Left, class Right, class Results, class... Count>
 void DistanceTo(Left const& left, Right const& right, Results&& results, Count... count)
 {
-    auto const a = detail::ViewOf(left, count...);
-    auto const b = detail::ViewOf(right, count...);
-    auto const c = detail::RangeOf(results, count...);
+    auto const a = detail::ViewOf(left, static_cast<std::size_t>(count)...);
+    auto const b = detail::ViewOf(right, static_cast<std::size_t>(count)...);
+    auto const c = detail::RangeOf(results, static_cast<std::size_t>(count)...);
     static_assert(
         std::is_same_v<std::decay_t<decltype(*c.data)>, std::decay_t<decltype(a.data->DistanceTo(*b.data))>>,
         "the results have the type that the member gives");
@@ -219,9 +219,9 @@ void DistanceTo(Left const& left, Right const& right, Results&& results, Count..
 template <class Left, class Right, class Results, class... Count>
 void GetAngleWith(Left const& left, Right const& right, Results&& results, Count... count)
 {
-    auto const a = detail::ViewOf(left, count...);
-    auto const b = detail::ViewOf(right, count...);
-    auto const c = detail::RangeOf(results, count...);
+    auto const a = detail::ViewOf(left, static_cast<std::size_t>(count)...);
+    auto const b = detail::ViewOf(right, static_cast<std::size_t>(count)...);
+    auto const c = detail::RangeOf(results, static_cast<std::size_t>(count)...);
     static_assert(std::is_same_v<std::decay_t<decltype(*c.data)>,
                                  std::decay_t<decltype(a.data->GetAngleWith(*b.data))>>,
                   "the results have the type that the member gives");
@@ -369,8 +369,8 @@ void IsEqualTo(Left const& left, Right const& right, Results&& results, Angular 
 template <class Values, class Results, class... Count>
 void Convert(Values const& values, Results&& results, Count... count)
 {
-    auto const a = detail::ViewOf(values, count...);
-    auto const c = detail::RangeOf(results, count...);
+    auto const a = detail::ViewOf(values, static_cast<std::size_t>(count)...);
+    auto const c = detail::RangeOf(results, static_cast<std::size_t>(count)...);
     using From = std::decay_t<decltype(*a.data)>;
     using To = std::decay_t<decltype(*c.data)>;
     static_assert(
