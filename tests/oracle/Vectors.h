@@ -157,11 +157,10 @@ Dbl DirectionLimit(E const& argument)
     return limit > 0.0 ? limit : Dbl(0.0);
 }
 
-/// ((d·d) / A) / B. The smallest double goes to each divisor; it changes none from 2^-1020 on.
+/// ((d·d) / A) / B. Nothing asks for it where A or B is 0.
 inline Dbl SquaredCosine(Dbl const& d, Dbl const& a, Dbl const& b)
 {
-    Dbl const least(0x1p-1074);
-    return ((d * d) / (a + least)) / (b + least);
+    return ((d * d) / a) / b;
 }
 
 template <class E>

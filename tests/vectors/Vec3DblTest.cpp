@@ -528,6 +528,20 @@ TEST(Vec3Dbl, IsParallelToPassesWhenRoundingTakesTheCosineAbove1)
     }
 }
 
+TEST(Vec3Dbl, IsParallelToDividesByATinySquaredLengthAsItStands)
+{
+    // A = 149 * 2^-1030 has no room for another bit, d = 127 * 2^-515, B = 131. The sine squared
+    // 1 - ((d * d) / A) / B was worked out in IEEE doubles.
+    Vec3Dbl const tiny(0x1p-512, 0x1.8p-513, 0x1.cp-513);
+    Vec3Dbl const other(9, 1, 7);
+    double const sineSquared = 0x1.63b0baf938258p-3;
+    EXPECT_EQ(tiny.IsParallelTo(other, sineSquared, 0.0), 1);
+    EXPECT_EQ(other.IsParallelTo(tiny, 0x1.63b0baf93825cp-3, 0.0), 1); // B and A change places
+    EXPECT_EQ(other.IsParallelTo(tiny, 0x1.63b0baf93825bp-3, 0.0), 0);
+    EXPECT_EQ(tiny.IsParallelTo(other, 0x1.63b0baf938257p-3, 0.0), 0);
+    EXPECT_EQ(tiny.IsParallelTo(other, sineSquared), 0); // shorter than the global's tolerance
+}
+
 TEST(Vec3Dbl, IsCodirectionalToNeedsADotProductAbove0)
 {
     Vec3Dbl const x(1.0, 0.0, 0.0);
