@@ -30,9 +30,9 @@ inline int AreBothLonger(Element a, Element b, Element lengthArgument)
 /// The squared cosine ((d·d) / A) / B, in double and without a root.
 ///
 /// 0 / 0 would raise FE_INVALID, for vectors that count as zero anyway. So a divisor of 0 is replaced by the
-/// smallest double, as the larger of the two: one instruction, while a selection by a comparison with 0 takes 5 to
-/// 20 % longer in a loop over vectors, and a branch keeps the loop from vectorising. A NaN is replaced as well; the
-/// dot product is a NaN then, and so is the result.
+/// smallest double, as the larger of the two. In a loop over vectors that costs up to 3 %, with g++ for AVX2, which
+/// blends instead, 10 to 15 %. A comparison with 0 costs 5 to 20 %, and a branch keeps the loop from vectorising. A NaN
+/// is replaced as well; the dot product is a NaN then, and so is the result.
 template <class Element>
 inline double SquaredCosine(Element d, Element a, Element b)
 {
