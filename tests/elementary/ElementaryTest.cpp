@@ -164,6 +164,26 @@ TEST(Elementary, AnArcTangentThatUnderflowsIsRoundedOnce)
     CheckArcTangent(largest, largest, pi / 4.0);
 }
 
+TEST(Elementary, QuotientsBetweenTwoPointsOfTheTable)
+{
+    // The quotient 2^-8 is half-way between the first two points; the computed one lies just below. The
+    // difference to the second point has 54 bits then.
+    for (double x : {0x1.8e8p+0, 0x1.88cp-80, -0x1.708p+24, 0x1.b33121eabe1a9p-84}) {
+        double const y = x * 0x1p-8;
+        CheckArcTangent(std::fabs(y), std::fabs(x), 0x1.ffff5555bbbb7p-9);
+    }
+    vexor_test::Reference reference;
+    for (int i = 0; i < 128; ++i) {
+        double const middle = (i + 0.5) * 0x1p-7;
+        for (double x : {std::nextafter(middle, 0.0), middle, std::nextafter(middle, 1.0)}) {
+            CheckArcCosine(x, reference.Acos(x));
+            CheckArcCosine(-x, reference.Acos(-x));
+            for (double scale : {1.0, 1.7, 0x1.8e8p+0})
+                CheckArcTangent(x * scale, scale, reference.Atan2(x * scale, scale));
+        }
+    }
+}
+
 TEST(Elementary, HardToRoundArguments)
 {
     vexor_test::Reference reference;

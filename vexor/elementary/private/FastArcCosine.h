@@ -21,7 +21,7 @@ inline Sum Evaluate(Expansion const& t, double d)
 inline bool ArcCosineBelowHalf(double x, double& result)
 {
     double const magnitude = Absolute(x);
-    int const i = static_cast<int>(magnitude * 128.0 + 0.5);
+    int const i = NearestPoint(magnitude, 128.0);
     Sum const arcSine = Evaluate(arcSineTable[i], magnitude - i * 0x1p-7);
     double const sign = x < 0.0 ? -1.0 : 1.0;
     Sum const sum = AddSmaller(0x1.921fb54442d18p+0, -(sign * arcSine.high));
@@ -33,7 +33,7 @@ inline bool ArcCosineBelowHalf(double x, double& result)
 inline bool ArcCosineBeyondHalf(double x, double& result)
 {
     double const t = 1.0 - Absolute(x);
-    int const i = static_cast<int>(t * 64.0 + 0.5);
+    int const i = NearestPoint(t, 64.0);
     Sum const factor = Evaluate(arcCosineQuotientTable[i], t - i * 0x1p-6);
 
     double const square = t + t;

@@ -38,7 +38,7 @@ inline bool ArcTangentOf(double y, double x, double& result)
     Sum const product = Multiply(quotient, larger);
     double const rest = ((smaller - product.high) - product.low) * inverse;
 
-    int const i = static_cast<int>(quotient * 128.0 + 0.5);
+    int const i = NearestPoint(quotient, 128.0);
     Expansion const& t = arcTangentTable[i];
     double const d = quotient - i * 0x1p-7;
     Sum const linear = MultiplyShort(t.bHigh, d);

@@ -82,6 +82,14 @@ inline bool IsDecided(Sum const& value, double error, double& result)
     return result == value.high + (value.low - error);
 }
 
+/// The nearest point of an expansion, of points that are 1/perUnit apart, for a positive number. The constant
+/// is the double below 1/2: with 1/2 itself, the double below half a distance would go to the second point, and its
+/// difference to that would not be exact.
+inline int NearestPoint(double value, double perUnit)
+{
+    return static_cast<int>(value * perUnit + 0x1.fffffffffffffp-2);
+}
+
 /// c2 + c3·d + … + c8·d⁶.
 inline double Tail(Expansion const& t, double d)
 {
