@@ -97,6 +97,23 @@ TEST(ArraysForms, NothingIsDoneForNone)
     EXPECT_NO_THROW(vexor::arrays::Normalize(nowhere, noResults, 0));
 }
 
+// What checked builds stop on: arrays that share memory without being one and the same.
+TEST(ArraysForms, PartialOverlapIsKnown)
+{
+    using vexor::arrays::detail::OverlapPartly;
+    Vec3Dbl vectors[10];
+    auto* const numbers = reinterpret_cast<double*>(vectors);
+    EXPECT_FALSE(OverlapPartly(vectors, 10, vectors, 10)) << "one and the same";
+    EXPECT_FALSE(OverlapPartly(vectors, 5, vectors + 5, 5)) << "side by side";
+    EXPECT_TRUE(OverlapPartly(vectors, 5, vectors + 4, 5));
+    EXPECT_TRUE(OverlapPartly(vectors + 1, 5, vectors, 5));
+    EXPECT_TRUE(OverlapPartly(vectors, 5, numbers, 5)) << "numbers over vectors";
+    EXPECT_FALSE(OverlapPartly(vectors, 0, vectors, 5)) << "none";
+#if defined(VEXOR_CHECKED)
+    EXPECT_DEATH(vexor::arrays::Cross(vectors, vectors, vectors + 1, 5), "the results overlap an operand");
+#endif
+}
+
 // A null vector at place 20 of 40: the results before it, its own place and those behind.
 TEST(ArraysForms, FailureLeavesTheRest)
 {
