@@ -7,7 +7,7 @@
 
 void vexor::detail::StopOnMisuse(char const* file, int line, char const* what)
 {
-    // The program stops whether or not it could be told why.
+    // The program stops even if the message cannot be written.
     static_cast<void>(std::fprintf(stderr, "%s:%d: vexor: %s\n", file, line, what));
     std::abort();
 }

@@ -26,8 +26,8 @@
 #        define VEXOR_INLINE inline
 #    endif
 #else
-// clang describes a class to debuggers only where one of its constructors is compiled. Here that is the library, which
-// is shipped without debug information.
+// clang emits a class's debug information only where one of its constructors is compiled. Here that is the
+// library, which is shipped without debug information.
 #    if defined(__clang__) && __has_attribute(standalone_debug)
 #        define VEXOR_DEBUGGABLE __attribute__((standalone_debug))
 #    else
@@ -52,9 +52,9 @@
 #    define VEXOR_COLD
 #endif
 
-/// Stands before a default constructor that leaves the fields as the memory held them. g++ takes what such
-/// a constructor finds in memory for dead (-flifetime-dse=2, its default) and drops the stores before it;
-/// this has it drop only the stores after the end of an object's life. The constructor is inlined as before.
+/// Precedes a default constructor that leaves the fields unset. By default (-flifetime-dse=2) g++ drops
+/// stores to an object's memory that precede its constructor. With this macro it drops only the stores after
+/// the end of the object's lifetime. The constructor is still inlined.
 #if defined(__GNUC__) && !defined(__clang__)
 #    define VEXOR_KEEP_MEMORY __attribute__((optimize("lifetime-dse=1")))
 #else
@@ -71,13 +71,13 @@
 #    error "vexor: x87 evaluation changes documented results; build with -msse2 -mfpmath=sse (/arch:SSE2)"
 #endif
 
-// VEXOR_EXACT_BEGIN and VEXOR_EXACT_END enclose every inline function that handles floating-point numbers. They tell
-// the compiler, for these functions alone, what the client's flags may have told it otherwise: no fused a*b + c, no
-// reordering, no reciprocals, signed zeros, infinities and NaNs. VEXOR_FP_CONTRACT_OFF is the client's word that it
-// is built with -ffp-contract=off; vexor::vexor and vexor.pc hand out both.
+// VEXOR_EXACT_BEGIN and VEXOR_EXACT_END enclose every inline function that handles floating-point numbers.
+// They override the client's flags for these functions alone: no fused a*b + c, no reordering, no
+// reciprocals; signed zeros, infinities and NaNs are kept. A client defines VEXOR_FP_CONTRACT_OFF to state
+// that it is built with -ffp-contract=off; vexor::vexor and vexor.pc pass both to the client.
 #if defined(__clang__) && (defined(__FMA__) || defined(__FMA4__)) && !defined(VEXOR_FP_CONTRACT_OFF)
-// -ffp-contract=fast, which no macro tells of, has clang's back end fuse whatever FP_CONTRACT says. It leaves alone
-// operations that keep the exception flags exact; these are not vectorised either.
+// With -ffp-contract=fast, which no macro reveals, clang's back end fuses despite FP_CONTRACT. It does not
+// fuse operations that keep the exception flags exact; it does not vectorise these either.
 #    define VEXOR_EXACT_BEGIN                                                                                \
         _Pragma("float_control(push)") _Pragma("float_control(precise, on)")                                 \
             _Pragma("float_control(except, on)") _Pragma("STDC FP_CONTRACT OFF")
@@ -97,7 +97,8 @@
 #        define VEXOR_UNSAFE_FLAGS 1
 #    endif
 #    if defined(VEXOR_UNSAFE_FLAGS)
-// A function with options of its own is not inlined into one without: this is exact, but slow.
+// g++ does not inline a function with options of its own into one without them: the results are exact, but
+// the calls are slow.
 // clang-format off
 #        define VEXOR_EXACT_OPTIONS                                                                          \
             _Pragma("GCC optimize(\"fp-contract=off\", \"no-unsafe-math-optimizations\", \"no-associative-math\", \"no-reciprocal-math\", \"no-finite-math-only\", \"signed-zeros\", \"trapping-math\")")
@@ -107,7 +108,7 @@
 #        define VEXOR_EXACT_OPTIONS
 #    endif
 #    if defined(__x86_64__) || defined(__i386__)
-// Comparisons with a NaN are false. -mno-ieee-fp, which no macro tells of, says otherwise; without that flag this
+// Makes comparisons with a NaN false, even with -mno-ieee-fp, which no macro reveals. Without that flag this
 // changes nothing.
 #        define VEXOR_EXACT_COMPARISONS _Pragma("GCC target(\"ieee-fp\")")
 #    else
@@ -138,7 +139,7 @@ namespace vexor::detail {
 #    define VEXOR_CHECK(condition, what)                                                                     \
         ((condition) ? static_cast<void>(0) : ::vexor::detail::StopOnMisuse(__FILE__, __LINE__, what))
 #    if defined(_MSC_VER) && _MSC_VER < 1926 && !defined(__clang__)
-// No way to learn where the call stands: the helper names itself.
+// This compiler cannot pass on the line of the call: the message names the helper's own line.
 #        define VEXOR_CHECK_PLACE , char const *file = __FILE__, int line = __LINE__
 #    else
 #        define VEXOR_CHECK_PLACE , char const *file = __builtin_FILE(), int line = __builtin_LINE()

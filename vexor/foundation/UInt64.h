@@ -5,8 +5,8 @@
 #include <cstdint>
 #include <type_traits>
 
-// The signed 64-bit integer type of the interface. Where neither the compiler nor a macro provides the
-// name, it is `long long` under that name.
+// The signed 64-bit integer type of the interface. If neither the compiler nor a macro provides the name, it
+// stands for `long long`.
 #if !defined(__int64) && !defined(_MSC_VER)
 #    if !defined(__is_identifier)
 #        define VEXOR_LACKS_INT64 1
@@ -21,7 +21,7 @@ typedef long long __int64;
 
 namespace vexor::detail {
 
-/// Of `long` and `long long` the one that `Int64` is not.
+/// The one of `long` and `long long` that differs from `Int64`.
 template <class Int64>
 using OtherInt64 = std::conditional_t<std::is_same_v<Int64, long>, long long, long>;
 
@@ -29,10 +29,10 @@ using OtherInt64 = std::conditional_t<std::is_same_v<Int64, long>, long long, lo
 
 /// A 64-bit counter in two 32-bit words, the low one first.
 ///
-/// In spite of its name it compares, divides and converts as a signed number V in two's complement;
-/// equality, sum, difference and product have the same bits in both readings. Overflow wraps. The set
-/// of operators is small and uneven: callers rely on it as it stands. The two words are not written at
-/// once: an update is not atomic.
+/// Despite its name it compares, divides and converts as a signed number V in two's complement; equality,
+/// sum, difference and product have the same bits in both readings. Overflow wraps. The set of operators is
+/// small and uneven; callers rely on exactly this set. An update is not atomic: it writes the two words
+/// separately.
 class VEXOR_CLASS UInt64 {
 public:
     std::uint32_t lowWord;  ///< Bits 0 to 31.
@@ -40,26 +40,26 @@ public:
 
     // ---- Construction and assignment ---------------------------------------------------------
 
-    /// Zero.
+    /// Sets the value 0.
     VEXOR_INLINE UInt64() : lowWord(0), highWord(0) {}
-    /// The value of the integer.
+    /// Sets the value of the integer.
     VEXOR_INLINE UInt64(__int64 const& value)
         : lowWord(static_cast<std::uint32_t>(value & 0xFFFFFFFF)),
           highWord(static_cast<std::uint32_t>(static_cast<std::uint64_t>(value) >> 32))
     {}
-    /// Copies.
+    /// Copies both words.
     UInt64(UInt64 const&) = default;
     ~UInt64() = default;
 
-    /// Copies.
+    /// Copies both words.
     UInt64& operator=(UInt64 const&) = default;
     /// Takes the value of the integer.
     VEXOR_INLINE UInt64& operator=(__int64 const& value) { return *this = UInt64(value); }
 
     // ---- Comparison --------------------------------------------------------------------------
-    // These four alone, and none of them const.
+    // Only these four exist, and none of them is const.
 
-    /// The same in all 64 bits.
+    /// True if all 64 bits are equal.
     VEXOR_INLINE bool operator==(UInt64 const& other) { return int64() == other.int64(); }
     /// The exact negation of `operator==`.
     VEXOR_INLINE bool operator!=(UInt64 const& other) { return !(*this == other); }
@@ -90,7 +90,7 @@ public:
     /// a structured exception, some yield a number.
     VEXOR_API UInt64 operator/(UInt64 const& other) const;
 
-    /// Multiplies nothing: the value stays as it is. Write `a = a * b`.
+    /// Does nothing: the value is unchanged. To multiply, write `a = a * b`.
     VEXOR_INLINE UInt64& operator*=(UInt64 const&) { return *this; }
     /// Adds to V. The result is a copy of the new value, not a reference.
     VEXOR_INLINE UInt64 operator+=(int value)
@@ -102,18 +102,18 @@ public:
     {
         return *this = vexor::detail::WrappedDifference(int64(), static_cast<__int64>(value));
     }
-    /// The result is a copy of the new value, not a reference.
+    /// Adds 1. The result is a copy of the new value, not a reference.
     VEXOR_INLINE UInt64 operator++() { return *this += 1; }
-    /// The result is the old value.
+    /// Adds 1. The result is the old value.
     VEXOR_INLINE UInt64 operator++(int)
     {
         UInt64 const old(*this);
         *this += 1;
         return old;
     }
-    /// The result is a copy of the new value, not a reference.
+    /// Subtracts 1. The result is a copy of the new value, not a reference.
     VEXOR_INLINE UInt64 operator--() { return *this -= 1; }
-    /// The result is the old value.
+    /// Subtracts 1. The result is the old value.
     VEXOR_INLINE UInt64 operator--(int)
     {
         UInt64 const old(*this);
@@ -123,23 +123,23 @@ public:
 
     // ---- Conversion --------------------------------------------------------------------------
 
-    /// The low 32 bits, read as a signed number: the high word is dropped.
+    /// The low 32 bits as a signed number; the high word is dropped.
     VEXOR_INLINE operator int() const { return static_cast<int>(lowWord); }
-    /// V, rounded once.
+    /// Converts V, rounded once.
     VEXOR_INLINE operator float() const { return static_cast<float>(int64()); }
-    /// V, rounded once.
+    /// Converts V, rounded once.
     VEXOR_INLINE operator double() const { return static_cast<double>(int64()); }
-    /// V.
+    /// Converts V exactly.
     VEXOR_INLINE operator __int64() const { return int64(); }
 #if defined(__SIZEOF_LONG__) && __SIZEOF_LONG__ == 8
-    /// V as the other signed type of 64 bits: where `long` has 64 bits, `std::int64_t` is one of `long` and
+    /// V as the other signed 64-bit type: if `long` has 64 bits, `std::int64_t` is one of `long` and
     /// `long long`, and `__int64` may be the other.
     operator vexor::detail::OtherInt64<__int64>() const
     {
         return int64();
     }
 #endif
-    /// V. The same operation as the conversion.
+    /// V, by the same operation as the conversion.
     VEXOR_INLINE __int64 int64() const
     {
         return static_cast<__int64>((static_cast<std::uint64_t>(highWord) << 32) | lowWord);

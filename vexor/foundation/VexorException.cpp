@@ -2,8 +2,8 @@
 
 #include <vexor/foundation/detail/Raise.h>
 
-// Defined here and nowhere inline, so that each class has one table and one type record in the
-// process: an exception then crosses the library's boundary under its own type.
+// Defined here and not inline, so that each class has one vtable and one typeinfo in the process: an
+// exception then keeps its type across the library's boundary.
 
 VexorException::VexorException() = default;
 VexorException::VexorException(VexorException const&) = default;

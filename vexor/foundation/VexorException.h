@@ -1,84 +1,84 @@
 #pragma once
 #include <vexor/foundation/Config.h>
 
-/// The root of the library's failures, never raised by itself: every failure is one of the five derived
-/// classes, raised by value.
+/// The base class of the library's exceptions. It is never raised itself: every failure raises one of the
+/// five derived classes, by value.
 ///
-/// They are told apart by type alone: there is no text and no code, and no base class in the standard
-/// library.
+/// Only the type tells them apart: they have no message, no code and no base class from the standard library.
 class VEXOR_API VexorException {
 public:
-    /// There is nothing to set.
+    /// Constructs the exception, which holds no data.
     VexorException();
-    /// There is nothing to copy.
+    /// Constructs another exception of this type; neither holds data.
     VexorException(VexorException const&);
-    /// Does nothing: there is nothing to copy.
+    /// Does nothing, since the exception holds no data.
     VexorException& operator=(VexorException const&);
-    /// There is nothing to free.
+    /// Destroys the exception, which owns no resources.
     virtual ~VexorException();
 };
 
 /// A fixed-size matrix is singular and cannot be inverted or solved.
 class VEXOR_API VexorSingular : public VexorException {
 public:
-    /// There is nothing to set.
+    /// Constructs the exception, which holds no data.
     VexorSingular();
-    /// There is nothing to copy.
+    /// Constructs another exception of this type; neither holds data.
     VexorSingular(VexorSingular const&);
-    /// Does nothing: there is nothing to copy.
+    /// Does nothing, since the exception holds no data.
     VexorSingular& operator=(VexorSingular const&);
-    /// There is nothing to free.
+    /// Destroys the exception, which owns no resources.
     ~VexorSingular() override;
 };
 
-/// Operands of run-time size do not fit, or a size demanded of such an object is wrong.
+/// The sizes of operands of run-time size do not match, or the operation needs another size (a square matrix,
+/// say).
 class VEXOR_API VexorDimensionMismatch : public VexorException {
 public:
-    /// There is nothing to set.
+    /// Constructs the exception, which holds no data.
     VexorDimensionMismatch();
-    /// There is nothing to copy.
+    /// Constructs another exception of this type; neither holds data.
     VexorDimensionMismatch(VexorDimensionMismatch const&);
-    /// Does nothing: there is nothing to copy.
+    /// Does nothing, since the exception holds no data.
     VexorDimensionMismatch& operator=(VexorDimensionMismatch const&);
-    /// There is nothing to free.
+    /// Destroys the exception, which owns no resources.
     ~VexorDimensionMismatch() override;
 };
 
-/// A storage request of an object of run-time size was not met; a size below 1 counts as one.
+/// Storage for an object of run-time size could not be allocated, or its size is below 1.
 class VEXOR_API VexorAllocationFailed : public VexorException {
 public:
-    /// There is nothing to set.
+    /// Constructs the exception, which holds no data.
     VexorAllocationFailed();
-    /// There is nothing to copy.
+    /// Constructs another exception of this type; neither holds data.
     VexorAllocationFailed(VexorAllocationFailed const&);
-    /// Does nothing: there is nothing to copy.
+    /// Does nothing, since the exception holds no data.
     VexorAllocationFailed& operator=(VexorAllocationFailed const&);
-    /// There is nothing to free.
+    /// Destroys the exception, which owns no resources.
     ~VexorAllocationFailed() override;
 };
 
 /// A numerical driver reported failure.
 class VEXOR_API VexorComputationFailed : public VexorException {
 public:
-    /// There is nothing to set.
+    /// Constructs the exception, which holds no data.
     VexorComputationFailed();
-    /// There is nothing to copy.
+    /// Constructs another exception of this type; neither holds data.
     VexorComputationFailed(VexorComputationFailed const&);
-    /// Does nothing: there is nothing to copy.
+    /// Does nothing, since the exception holds no data.
     VexorComputationFailed& operator=(VexorComputationFailed const&);
-    /// There is nothing to free.
+    /// Destroys the exception, which owns no resources.
     ~VexorComputationFailed() override;
 };
 
-/// A null vector was given to an operation that needs a direction.
+/// An operation that needs a direction got a null vector.
 class VEXOR_API VexorNullVector : public VexorException {
 public:
-    /// There is nothing to set.
+    /// Constructs the exception, which holds no data.
     VexorNullVector();
-    /// There is nothing to copy.
+    /// Constructs another exception of this type; neither holds data.
     VexorNullVector(VexorNullVector const&);
-    /// Does nothing: there is nothing to copy.
+    /// Does nothing, since the exception holds no data.
     VexorNullVector& operator=(VexorNullVector const&);
-    /// There is nothing to free.
+    /// Destroys the exception, which owns no resources.
     ~VexorNullVector() override;
 };

@@ -6,10 +6,13 @@
 #include <vexor/foundation/private/StartUp.h>
 
 // What SetAngle(1e-7) and SetLength(1e-5) store in the default rounding mode. They are constants, because a
-// program may load the library, or construct an object, in another mode. The last one lies one unit in the last
+// program may load the library, or construct an object, in another mode. The last one is one unit in the last
 // place below the single nearest to 1e-10.
 VexorTolerance::VexorTolerance()
-    : angle(0x1.ad7f2ap-24f), sin2Angle(0x1.6849b8p-47f), length(0x1.4f8b58p-17f), lengthSquared(0x1.b7cdfcp-34f)
+    : angle(0x1.ad7f2ap-24f),
+      sin2Angle(0x1.6849b8p-47f),
+      length(0x1.4f8b58p-17f),
+      lengthSquared(0x1.b7cdfcp-34f)
 {}
 
 void VexorTolerance::SetAngle(double radians)
@@ -26,7 +29,7 @@ void VexorTolerance::SetLength(double newLength)
     lengthSquared = vexor::detail::RoundToSingle(rounded * rounded);
 }
 
-// The objects that the library sets at load stand in one source, which fixes their order.
+// This one source defines all objects that are initialised at load, which fixes their order.
 vexor::detail::InstructionSet const vexor::detail::instructionSet = vexor::detail::FastestInstructionSet();
 bool const vexor::detail::hasFusedMultiplyAdd = vexor::detail::elementary::HasFusedMultiplyAdd();
 VexorTolerance gVexorTolerance;

@@ -25,8 +25,8 @@ void StoreVectorPart(Quaternion& quaternion, Vec3Dbl const& vector)
     quaternion.w = vector.z;
 }
 
-/// Stores the axis, normalised if asked to, times the factor. If the normalisation raises, the axis stays
-/// stored as it was given.
+/// Stores the axis, normalised if the flag is not 0, times the factor. If the normalisation raises, the axis
+/// is stored as given.
 void StoreAxis(Quaternion& quaternion, Vec3Dbl axis, int normalize, double factor)
 {
     StoreVectorPart(quaternion, axis);

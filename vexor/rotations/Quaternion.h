@@ -13,13 +13,13 @@ VEXOR_EXACT_BEGIN
 /// `Vec3Dbl` does, then the scalar s. A turn by the angle a about the unit axis n is u, v, w = n·sin(a/2)
 /// and s = cos(a/2).
 ///
-/// Rotations are active, they move the vector: counter-clockwise as seen with the axis pointing at the
-/// viewer. Angles are in radians. q and −q are distinct values of the same rotation; no operation picks
-/// one of the two. Nothing but `Normalize`, and what says that it calls it, makes a quaternion unit; a
-/// quaternion of another length turns and scales by the squared norm. No tolerance takes part anywhere.
+/// Rotations are active: they turn the vector, counter-clockwise as seen with the axis pointing at the
+/// viewer. Angles are in radians. q and −q are distinct values of the same rotation; no operation picks one
+/// of the two. Only `Normalize`, and members that say they call it, make a quaternion unit. A quaternion that
+/// is not unit rotates and scales by the squared norm. No member uses a tolerance.
 ///
-/// The trailing int of `SetValue`, of the axis forms and of `GetAxis` is a normalisation flag: 0 takes the
-/// input as it stands. It has no default, so that a call says which it means.
+/// The trailing int of `SetValue`, of the axis forms and of `GetAxis` is a normalisation flag: 0 uses the
+/// input unchanged. It has no default, so that every call states its choice.
 class VEXOR_CLASS Quaternion {
 public:
     double u; ///< Component 0: the vector part along X.
@@ -31,28 +31,29 @@ public:
 
     /// The identity, (0, 0, 0, 1).
     VEXOR_INLINE constexpr Quaternion() : u(0.0), v(0.0), w(0.0), s(1.0) {}
-    /// Copies.
+    /// Copies the four components.
     Quaternion(Quaternion const&) = default;
-    /// As `SetAxisAngle`: an axis and an angle, not the four components that `SetValue` takes.
+    /// Calls `SetAxisAngle`. The arguments are an axis and an angle, not the four components that `SetValue`
+    /// takes.
     VEXOR_INLINE Quaternion(double x, double y, double z, double angle, int normalize)
     {
         SetAxisAngle(x, y, z, angle, normalize);
     }
-    /// As `SetAxisAngle`.
+    /// Calls `SetAxisAngle`.
     VEXOR_INLINE Quaternion(Vec3Dbl const& axis, double angle, int normalize)
     {
         SetAxisAngle(axis, angle, normalize);
     }
-    /// As `SetFromMatrix`.
+    /// Calls `SetFromMatrix`.
     VEXOR_INLINE Quaternion(Mat3Dbl const& matrix) { SetFromMatrix(matrix); }
     ~Quaternion() = default;
 
     // ---- Assignment and access ---------------------------------------------------------------
 
-    /// Copies.
+    /// Copies the four components.
     Quaternion& operator=(Quaternion const&) = default;
 
-    /// Component 0, 1 or 2 of the vector part; every index from 3 up is the scalar. A negative index is
+    /// Component 0, 1 or 2 of the vector part; every index of 3 or more is the scalar. A negative index is
     /// not checked.
     VEXOR_INLINE constexpr double& operator[](int index)
     {
@@ -93,9 +94,10 @@ public:
     VEXOR_INLINE constexpr Vec3Dbl GetUvwParam() { return Vec3Dbl(u, v, w); }
     /// Sets (0, 0, 0, 1).
     VEXOR_INLINE constexpr Quaternion& Identity() { return SetValue(0.0, 0.0, 0.0, 1.0, 0); }
-    /// 1 where the vector part is exactly 0, whatever the scalar: (0, 0, 0, −1) and even (0, 0, 0, 0) count.
+    /// 1 if the vector part is exactly 0. The scalar is not tested: (0, 0, 0, −1) and even (0, 0, 0, 0) give
+    /// 1.
     VEXOR_INLINE constexpr int IsIdentity() const { return Vec3Dbl(u, v, w).IsNull(); }
-    /// Stores the four components; with a flag other than 0, runs `Normalize` on them.
+    /// Stores the four components. A flag other than 0 then calls `Normalize`.
     VEXOR_INLINE constexpr Quaternion& SetValue(double u0, double v0, double w0, double s0, int normalize)
     {
         u = u0;
@@ -104,11 +106,11 @@ public:
         s = s0;
         return normalize != 0 ? Normalize() : *this;
     }
-    /// Multiplies by 1 / √(((u² + v²) + w²) + s²), a reciprocal formed once, then clamps s into [−1, 1].
-    /// A vector part that is exactly 0 sets s to 1, whatever it was: (0, 0, 0, 0) and (0, 0, 0, −1) become
-    /// the identity, and nothing is raised. The sum is the plain one, unlike that of the vectors: above
-    /// about 1e154 it overflows and below 1e-162 it vanishes, and the components become zeros, infinities or
-    /// NaN; between 1e-162 and 1e-154 they lose digits.
+    /// Multiplies by 1 / √(((u² + v²) + w²) + s²), a reciprocal formed once, then clamps s into [−1, 1]. If
+    /// the vector part is exactly 0, s becomes 1 whatever it was: (0, 0, 0, 0) and (0, 0, 0, −1) become the
+    /// identity, without an exception. Unlike in the vectors, the sum is a plain one. For components above
+    /// about 1e154 it overflows and below 1e-162 it is 0: the components then become zeros, infinities or
+    /// NaN. Between 1e-162 and 1e-154 they lose digits.
     VEXOR_INLINE Quaternion& Normalize()
     {
         if (IsIdentity()) {
@@ -126,8 +128,8 @@ public:
 
     // ---- Algebra -----------------------------------------------------------------------------
 
-    /// Conjugates: flips the signs of u, v and w. There is no division by the squared norm, so this is the
-    /// inverse of a unit quaternion only.
+    /// Conjugates: flips the signs of u, v and w. It does not divide by the squared norm, so the result is
+    /// the inverse of a unit quaternion only.
     VEXOR_INLINE constexpr Quaternion& Invert() { return SetValue(-u, -v, -w, s, 0); }
     /// The same operation as `Invert`.
     VEXOR_INLINE constexpr Quaternion& NegateAngle() { return Invert(); }
@@ -166,23 +168,23 @@ public:
 
     // ---- Angles ------------------------------------------------------------------------------
 
-    /// The signed angle in radians about the stored axis, above −π and up to π: 2·acos(s), less 2π where
-    /// that is above π. So a negative s gives a negative angle, and s = 0 gives π. The axis is not looked at.
-    /// An arc cosine loses half the digits near 0: below about 2e-8 the angle is 0. docs/conventions.md shows
-    /// how to get a small angle with all digits.
+    /// The signed angle in radians about the stored axis, above −π and up to π: 2·acos(s), minus 2π if that
+    /// is above π. So a negative s gives a negative angle, and s = 0 gives π. The axis is not used. An arc
+    /// cosine loses half the digits near 0: below about 2e-8 the angle is 0. docs/conventions.md shows how to
+    /// get a small angle with all digits.
     VEXOR_INLINE double GetAngle() const
     {
         double const angle = 2.0 * vexor::detail::ClampedArcCosine(s);
         return angle > vexor::detail::pi ? angle - vexor::detail::twoPi : angle;
     }
-    /// The unsigned angle in radians, from 0 to π: 2·acos(|s|). The same for q and −q. Small angles lose digits
-    /// as in `GetAngle`.
+    /// The unsigned angle in radians, from 0 to π: 2·acos(|s|). q and −q give the same angle. Small angles
+    /// lose digits as in `GetAngle`.
     VEXOR_INLINE double GetAbsoluteAngle() const
     {
         return 2.0 * vexor::detail::ClampedArcCosine(vexor::detail::Magnitude(s));
     }
-    /// The unsigned angle in radians, from 0 to π, of the rotation that leads from one to the other; 0,
-    /// with its sign bit set, between q and q as between q and −q. Small angles lose digits as in `GetAngle`.
+    /// The unsigned angle in radians, from 0 to π, of the rotation that leads from one to the other; −0.0 if
+    /// the two are equal or opposite. Small angles lose digits as in `GetAngle`.
     VEXOR_INLINE double Distance(Quaternion const& other) const
     {
         Quaternion relative = *this * other.Inverse();
@@ -191,9 +193,9 @@ public:
     }
 
     // ---- Axis and angle ----------------------------------------------------------------------
-    // A flag other than 0 normalises the axis by `Vec3Dbl::Normalize`, that is by true divisions. It raises
-    // `VexorNullVector` for a null axis, which is then stored in u, v and w, with s left as it was. With the
-    // flag 0 the axis is trusted: one that is not unit gives a quaternion that is not unit.
+    // A flag other than 0 normalises the axis by `Vec3Dbl::Normalize`, which divides each component. It
+    // raises `VexorNullVector` for a null axis, which is then stored in u, v and w; s is unchanged. With the
+    // flag 0 the axis is used unchanged: one that is not unit gives a quaternion that is not unit.
 
     /// (axis·sin(angle/2), cos(angle/2)). The angle is not wrapped: 2π gives s = −1.
     VEXOR_API Quaternion& SetAxisAngle(double x, double y, double z, double angle, int normalize);
@@ -203,9 +205,9 @@ public:
         return SetAxisAngle(axis.x, axis.y, axis.z, angle, normalize);
     }
     /// (axis·√((1 − c)/2), √((c + 1)/2)), without a trigonometric call: the angle is the one from 0 to π. A
-    /// cosine outside [−1, 1] is not clamped and leaves NaN.
+    /// cosine outside [−1, 1] is not clamped and gives NaN.
     VEXOR_API Quaternion& SetAxisCosAngle(Vec3Dbl const& axis, double cosine, int normalize);
-    /// The vector part, normalised if the flag is not 0; (0, 1, 0) where it is exactly 0, for either flag.
+    /// The vector part, normalised if the flag is not 0; (0, 1, 0) if it is exactly 0, for either flag.
     VEXOR_INLINE Vec3Dbl GetAxis(int normalize) const
     {
         Vec3Dbl axis(u, v, w);
@@ -216,9 +218,10 @@ public:
 
     // ---- Matrices and basis vectors ----------------------------------------------------------
 
-    /// From the largest of the trace and the three diagonal elements, the earlier of equal ones; then
-    /// `Normalize`. The trace gives a positive s, a diagonal element a positive component of that index.
-    /// That the matrix is a rotation is not checked; the zero matrix gives the identity.
+    /// Sets the rotation that the matrix describes, then calls `Normalize`. The formula starts from the
+    /// largest of the trace and the three diagonal elements, the earliest on a tie. If it starts from the
+    /// trace, s is positive; if from a diagonal element, the component of that index is. The matrix is not
+    /// checked to be a rotation; the zero matrix gives the identity.
     VEXOR_API Quaternion& SetFromMatrix(Mat3Dbl const& matrix);
     /// Writes the rotation as a matrix that acts on column vectors from the left. A quaternion that is not
     /// unit gives the rotation times the squared norm.
@@ -252,10 +255,11 @@ public:
     // ---- Euler angles ------------------------------------------------------------------------
     // The rotation matrix is Rz(z)·Ry(y)·Rx(x) about the fixed axes: the turn about X acts first.
 
-    /// The angles in radians: y from −π/2 to π/2, x and z from −π to π. Within 1e-10 of gimbal lock, in the
-    /// cosine of y, z is 0 and x holds the whole turn about the axis that X and Z then share.
+    /// The angles in radians: y from −π/2 to π/2, x and z from −π to π. If the cosine of y is within 1e-10 of
+    /// 0 (gimbal lock), z is 0 and x holds the whole turn about the axis that X and Z then share.
     VEXOR_API Vec3Dbl GetEulerAngles() const;
-    /// The normalised product qz·(qy·qx) of the three turns. The angles, in radians, are only read.
+    /// The normalised product qz·(qy·qx) of the three turns. The angles are in radians; the argument is not
+    /// changed.
     VEXOR_API Quaternion& SetFromEulerAngles(Vec3Dbl& angles);
 };
 

@@ -5,18 +5,18 @@
 
 namespace vexor::detail {
 
-/// Whether the compiler evaluates a constant. A compiler that cannot tell gets the form for run time.
+/// Whether this is a constant evaluation. A compiler that cannot tell uses the run-time form.
 #if defined(__GNUC__) || (defined(_MSC_VER) && _MSC_VER >= 1925)
 #    define VEXOR_CONSTANT_EVALUATED() __builtin_is_constant_evaluated()
 #else
 #    define VEXOR_CONSTANT_EVALUATED() false
 #endif
 
-/// A field of no size.
+/// An empty type for a field that holds no data.
 struct Nothing {};
 
-/// The field of that index, for constant expressions: there no object can be read as an array of other
-/// objects, as `ElementOf` does. The compiler refuses an index out of range.
+/// The field of that index, for constant expressions. These cannot read an object as an array of its fields,
+/// as `ElementOf` does. The compiler refuses an index out of range.
 template <class Element, class... Elements>
 constexpr Element& FieldOf(int index, Element& first, Elements&... others)
 {
@@ -24,10 +24,9 @@ constexpr Element& FieldOf(int index, Element& first, Elements&... others)
     return *fields[index];
 }
 
-/// The element of a plain class that is laid out as an array of `count` elements. The address is that
-/// of the whole object and not of its first field, so that no compiler may take the access for one
-/// that stays within that field. The index is not checked, except in checked builds, which name the
-/// place of the call.
+/// The element of a plain class that is laid out as an array of `count` elements. Indexes from the object's
+/// address, not its first field's, so the compiler cannot assume that the access stays inside that field.
+/// Only checked builds check the index; they name the line of the call.
 template <class Element, int count, class Object>
 inline Element& ElementOf(Object& object, int index VEXOR_CHECK_PLACE)
 {
@@ -36,7 +35,7 @@ inline Element& ElementOf(Object& object, int index VEXOR_CHECK_PLACE)
     return reinterpret_cast<Element*>(&object)[index];
 }
 
-/// The same for a matrix that lies row by row. In checked builds row and column must each be in range.
+/// The same for a matrix that is stored row by row. In checked builds row and column must each be in range.
 template <class Element, int rows, int columns, class Object>
 inline Element& ElementOf(Object& object, int row, int column VEXOR_CHECK_PLACE)
 {
@@ -45,7 +44,7 @@ inline Element& ElementOf(Object& object, int row, int column VEXOR_CHECK_PLACE)
     return reinterpret_cast<Element*>(&object)[row * columns + column];
 }
 
-/// What checked builds put into an unset element: a signalling NaN, or the most negative integer.
+/// The value that checked builds put into an unset element: a signalling NaN, or the most negative integer.
 template <class Element>
 constexpr Element UnsetValue()
 {
@@ -53,7 +52,7 @@ constexpr Element UnsetValue()
                                                            : (std::numeric_limits<Element>::min)();
 }
 
-/// Leaves the elements as the memory held them; in checked builds marks them as unset.
+/// Leaves the elements as they are in memory; in checked builds marks them as unset.
 template <class... Elements>
 inline void LeaveUnset([[maybe_unused]] Elements&... elements)
 {

@@ -3,8 +3,8 @@
 
 namespace vexor::detail {
 
-/// Lets a template take integers only. A literal 0 fits a number and a pointer equally well, so a class that
-/// takes either also takes an integer as it stands, and reads it as a number.
+/// Restricts a template to integers. A literal 0 converts equally well to a number and to a pointer. So a
+/// class that accepts both also has an overload for integers, which treats them as numbers.
 template <class Number>
 using IfInteger = std::enable_if_t<std::is_integral_v<Number>, int>;
 

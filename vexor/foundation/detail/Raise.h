@@ -1,8 +1,8 @@
 #pragma once
 #include <vexor/foundation/Config.h>
 
-// Raising happens out of line, so that inlined members stay small and pull no exception code into
-// the caller's loop.
+// Exceptions are raised out of line, so that inlined members stay small and add no exception code to the
+// caller's loop.
 
 namespace vexor::detail {
 

@@ -1,9 +1,8 @@
 #pragma once
 #include <vexor/foundation/Config.h>
 
-// Where a value is rounded to single precision is part of each operation's definition. Every such
-// rounding of a computed double in the library goes through this file. A register of doubles is rounded in
-// foundation/private/Registers.h.
+// Where a value is rounded to single precision is part of each operation's definition. This file does every
+// such rounding of a computed double; foundation/private/Registers.h rounds registers of doubles.
 
 VEXOR_EXACT_BEGIN
 
@@ -11,9 +10,9 @@ namespace vexor::detail {
 
 /// Rounds to the nearest single.
 ///
-/// GCC 12 at -O2 and -O3 drops the rounding in neighbouring `p.x = (float)a; p.y = (float)b;` with
-/// double fields: its vectoriser takes the pair of conversions for none. The empty statement, which
-/// costs no instruction, hides the single from that step in the client's code as well as in ours.
+/// GCC 12 at -O2 and -O3 drops the rounding in neighbouring `p.x = (float)a; p.y = (float)b;` with double
+/// fields: its vectoriser treats the pair of conversions as a no-op. The empty asm emits nothing but hides
+/// the value from that pass, in the client's code as well as in ours.
 inline float RoundToSingle(double value)
 {
     float single = static_cast<float>(value);
@@ -29,8 +28,8 @@ inline float RoundToSingle(double value)
     return single;
 }
 
-/// Rounds a double-precision intermediate to the element type: to single for `float` elements,
-/// nothing for `double` elements. Templates over the element type name their rounding points with it.
+/// Rounds a double-precision intermediate to the element type: to single for `float` elements; `double`
+/// elements stay unchanged. Templates over the element type call it at each rounding point.
 template <class Element>
 inline Element Round(double value);
 

@@ -1,9 +1,9 @@
 #pragma once
 #include <vexor/foundation/VexorTolerance.h>
 
-// How a predicate reads its tolerance arguments. Both are compared as they stand: an angular one is
-// the square of a sine, a length is squared. An argument strictly below 0 selects the global's value
-// at the moment of the call; 0, −0 and NaN are used as they are.
+// How a predicate interprets its tolerance arguments. Neither is converted: an angular one is a sine squared,
+// a length one is a squared length. An argument below 0 selects the global's value at the time of the call.
+// 0, −0 and NaN are used as given.
 
 VEXOR_EXACT_BEGIN
 

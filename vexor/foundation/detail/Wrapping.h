@@ -3,8 +3,8 @@
 
 #include <type_traits>
 
-// Integer arithmetic that wraps in two's complement. Signed overflow is undefined in C++, so it is
-// computed in the unsigned type of the same width, where it wraps, and converted back.
+// Integer arithmetic that wraps in two's complement. Signed overflow is undefined in C++, so each operation
+// runs in the unsigned type of the same width, where it wraps, and the result is converted back.
 
 namespace vexor::detail {
 
@@ -36,7 +36,7 @@ constexpr Signed WrappedNegation(Signed a)
     return WrappedDifference(Signed(0), a);
 }
 
-/// |a|, formed by negating a negative value; the most negative number stays itself, a negative one.
+/// |a|, formed by negating a negative value; the most negative number stays itself and so stays negative.
 template <class Signed>
 constexpr Signed WrappedMagnitude(Signed a)
 {

@@ -4,8 +4,8 @@
 
 namespace vexor::detail {
 
-/// A checksum of doubles by their bits, for checked builds to tell whether factors have changed. It runs
-/// on: `start` is 0 or the checksum of what comes before.
+/// A checksum over the bits of doubles. Checked builds use it to detect that factors have changed. `start` is
+/// 0, or the checksum of the values before these.
 inline std::uint64_t Checksum(double const* values, std::int64_t count, std::uint64_t start = 0)
 {
     std::uint64_t sum = start;

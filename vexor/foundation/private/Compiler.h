@@ -1,7 +1,7 @@
 #pragma once
 #include <vexor/foundation/Config.h>
 
-// What the library's sources tell the compiler about a function or a loop.
+// Attributes and pragmas for functions and loops of the library's sources.
 
 /// Inlines the function at every call, even if the compiler thinks that it is too large.
 #if defined(__GNUC__)
@@ -12,7 +12,7 @@
 #    define VEXOR_ALWAYS_INLINE inline
 #endif
 
-/// Unrolls the loop that follows by `count`. A loop that has no more turns is unrolled completely.
+/// Unrolls the loop that follows by `count`. A loop with at most `count` iterations is unrolled completely.
 #define VEXOR_PRAGMA(text) _Pragma(#text)
 #if defined(__clang__)
 #    define VEXOR_UNROLL(count) VEXOR_PRAGMA(clang loop unroll_count(count))

@@ -1,8 +1,8 @@
 #pragma once
 #include <vexor/foundation/Config.h>
 
-// The instruction sets for which loops over registers are compiled, and what this CPU offers of them.
-// A header alone, with nothing exported, so that each shared library built on it has its own copy.
+// The instruction sets for which loops over registers are compiled, and a test for the ones that this CPU
+// supports. The header exports nothing, so each shared library that includes it has its own copy.
 
 // GCC for 64-bit Windows does not align the stack for registers of more than 128 bits.
 #if defined(__GNUC__) && defined(__x86_64__) && !(defined(_WIN32) && !defined(__clang__))
@@ -12,15 +12,15 @@
 
 namespace vexor::detail {
 
-/// In rising order of speed. The baseline, registers of 128 bits (SSE2, NEON), is on every target of the
-/// library. It is 0, so that a variable of this type holds it before its initialiser has run.
+/// In rising order of speed. Every target of the library supports the baseline, registers of 128 bits (SSE2,
+/// NEON). It is 0, so that a variable of this type is the baseline before its initialiser has run.
 enum class InstructionSet { Baseline, Avx2, Avx512 };
 
 #if defined(VEXOR_WIDE_SETS)
 
 inline bool HasAvx2()
 {
-    __builtin_cpu_init(); // the answer may be asked for before the constructors have run
+    __builtin_cpu_init(); // this may run before the constructors do
     return __builtin_cpu_supports("avx2");
 }
 

@@ -12,8 +12,8 @@
 // file and the loops. Needs the vector types of GCC and Clang.
 //
 // A header with such loops includes all other headers first and puts its text between VEXOR_SET_BEGIN and
-// VEXOR_SET_END, in namespace vexor::detail::VEXOR_SET. Code for the set is generated between the two only:
-// an inline function shared with other sources must not be compiled for a CPU that may not be there.
+// VEXOR_SET_END, in namespace vexor::detail::VEXOR_SET. Only the code between the two is compiled for the
+// set. An inline function that other sources share must run on every CPU.
 //
 // VEXOR_SET       the namespace of the set
 // VEXOR_SET_NAME  its name, a string
@@ -70,11 +70,11 @@ constexpr int registerWidth = 2;
 constexpr int registerCount = 16;
 #endif
 
-/// A place relative to another, in elements.
+/// A distance between two places, in elements.
 using Offset = std::ptrdiff_t;
 
-/// A register of `width` elements; for a width of 1 the element itself. Operators work on each element by
-/// itself, and round it as they would alone; a scalar operand stands for a register full of it.
+/// A register of `width` elements; for a width of 1 the element itself. Operators work on each element
+/// separately and round it like a scalar. A scalar operand is broadcast to all elements.
 template <class Element, int width>
 struct RegisterOf {
     typedef Element Type __attribute__((vector_size(width * sizeof(Element))));
@@ -101,7 +101,7 @@ VEXOR_ALWAYS_INLINE void Store(Element* to, Vector const& vector)
     __builtin_memcpy(to, &vector, sizeof vector);
 }
 
-/// A register full of one value. Not value + Vector{}, which changes −0.
+/// Broadcasts one value to a register. The expression value + Vector{} would change −0.
 template <class Vector, class Element>
 VEXOR_ALWAYS_INLINE Vector Broadcast(Element value)
 {
@@ -121,7 +121,7 @@ VEXOR_ALWAYS_INLINE Register<Element, width> RoundEach(Register<double, width> c
         return __builtin_convertvector(values, Register<Element, width>);
 }
 
-/// The elements of two registers at the given places; those of `b` are counted on from those of `a`.
+/// The elements of two registers at the given indices; the indices of `b` continue those of `a`.
 template <class Vector, int... places>
 VEXOR_ALWAYS_INLINE Vector Shuffle(Vector const& a, Vector const& b, std::integer_sequence<int, places...>)
 {
