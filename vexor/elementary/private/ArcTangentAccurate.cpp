@@ -55,7 +55,7 @@ template <int N>
 Fixed<N> ArcTangentInOctant(Fixed<N> const& y, Fixed<N> const& x)
 {
     double const quotient = Nearest(y) / Nearest(x);
-    int const i = static_cast<int>(quotient * 128.0 + 0.5);
+    int const i = static_cast<int>(quotient * 128.0);
     Expansion const& t = arcTangentTable[i];
     double const d = quotient - i * 0x1p-7;
     double const estimate =

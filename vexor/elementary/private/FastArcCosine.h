@@ -49,7 +49,7 @@ inline bool ArcCosineBeyondHalf(double x, double& result)
     return IsDecided({sum.high, sum.low + (0x1.1a62633145c07p-53 - low)}, 0x1.4p-67, result);
 }
 
-double Acos(double x)
+double Acos(double x) // NOLINT(misc-definitions-in-headers)
 {
     double const magnitude = Absolute(x);
     double result = 0.0;

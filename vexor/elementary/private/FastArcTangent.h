@@ -82,7 +82,7 @@ VEXOR_COLD inline double RareArcTangent(double y, double x)
     return IsNegative(y) ? -angle : angle;
 }
 
-double Atan2(double y, double x)
+double Atan2(double y, double x) // NOLINT(misc-definitions-in-headers)
 {
     // From 2^-900 to 2^900, and at most 2^59 apart.
     std::uint64_t const lowest = 0x07b0000000000000;

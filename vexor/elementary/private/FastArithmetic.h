@@ -3,7 +3,7 @@
 #include <vexor/elementary/private/Tables.h>
 
 // Part of the fast step, which two sources compile, each in its own namespace: without and with a fused
-// multiply-add.
+// multiply-add. So the functions that the headers define are each compiled once.
 #if !defined(VEXOR_ELEMENTARY_NAMESPACE)
 #    error "Include this from FastPlain.cpp or FastFused.cpp"
 #endif

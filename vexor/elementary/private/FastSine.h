@@ -96,7 +96,7 @@ inline bool SineOf(Reduced const& angle, RestTerms const& terms, std::uint64_t o
     return decided;
 }
 
-double Sin(double x)
+double Sin(double x) // NOLINT(misc-definitions-in-headers)
 {
     std::uint64_t const magnitude = MagnitudeBits(x);
     if (magnitude < 0x3e50000000000000) // 2^-26: x³/6 is less than half a place
@@ -110,7 +110,7 @@ double Sin(double x)
     return AccurateSin(x);
 }
 
-double Cos(double x)
+double Cos(double x) // NOLINT(misc-definitions-in-headers)
 {
     std::uint64_t const magnitude = MagnitudeBits(x);
     if (magnitude < 0x3e40000000000000) // 2^-27: x²/2 is less than half a place
@@ -124,7 +124,7 @@ double Cos(double x)
     return AccurateCos(x);
 }
 
-SineAndCosine SinCos(double x)
+SineAndCosine SinCos(double x) // NOLINT(misc-definitions-in-headers)
 {
     std::uint64_t const magnitude = MagnitudeBits(x);
     if (magnitude < 0x3e40000000000000)
