@@ -143,7 +143,8 @@ public:
     Block(std::vector<Value> const& values, std::size_t valueCount, std::size_t offset = 0)
         : Block(valueCount, offset)
     {
-        std::memcpy(static_cast<void*>(Data()), values.data(), valueCount * sizeof(Value));
+        if (valueCount != 0)
+            std::memcpy(static_cast<void*>(Data()), values.data(), valueCount * sizeof(Value));
     }
 
     Value* Data() { return reinterpret_cast<Value*>(bytes.get() + offsetBytes); }
