@@ -64,12 +64,12 @@ MatDbl::~MatDbl()
 
 MatDbl& MatDbl::operator=(MatDbl const& other)
 {
-    // Everything is taken before anything changes.
+    // All storage is allocated before anything changes.
     bool const staysAsItIs = rowCount == other.rowCount && columnCount == other.columnCount && !isExternal;
     bool const needsPivots = other.pivots && !(staysAsItIs && pivots);
     Owned<int> freshPivots =
         needsPivots ? TakeOrRaise<Owned<int>>(PivotArrayLength(other.rowCount)) : nullptr;
-    // The other may be a view on our own block, which therefore lives until the copy is made.
+    // The other may be a view on our own block, so that block is freed only after the copy.
     OwnedBlock const former(Shape(other.rowCount, other.columnCount, nullptr));
 
     CopyRun(columns[0], other.columns[0], CountOf(other));
@@ -294,7 +294,7 @@ VecDbl MatDbl::RowAverage()
 }
 
 // ---- Free operators --------------------------------------------------------------------------------
-// Element (0, 0) stands at the start of the block.
+// Element (0, 0) is at the start of the block.
 
 MatDbl operator*(MatDbl const& matrix, double scalar)
 {

@@ -1,8 +1,8 @@
 // The members of MatDbl that call LAPACK.
 //
-// A matrix goes to LAPACK as it lies: from columns[0], with the row count as leading dimension. Each
-// workspace is a fixed multiple of a dimension, taken before the driver runs and given back when it has
-// returned, before INFO is looked at. Any INFO but 0 raises `VexorComputationFailed`.
+// LAPACK gets the matrix in place: from columns[0], with the row count as leading dimension. Each workspace
+// is a fixed multiple of a dimension. It is allocated before the driver runs and freed when the driver has
+// returned, before INFO is tested. Any INFO other than 0 raises `VexorComputationFailed`.
 
 #include <vexor/dynamic/MatDbl.h>
 #include <vexor/dynamic/private/Lapack.h>
@@ -26,7 +26,7 @@ void RequireSuccess(int info)
         RaiseComputationFailed();
 }
 
-/// The pivots 1 to n, which exchange nothing: an array that a failed driver leaves unwritten holds them.
+/// The pivots 1 to n, which exchange nothing. The array holds them if a failing driver does not write it.
 Owned<int> TakeIdentityPivots(int n)
 {
     Owned<int> pivots = TakeOrRaise<Owned<int>>(PivotArrayLength(n));
@@ -134,7 +134,8 @@ void MatDbl::DoSolveSym(double* rhs, int rhsCount, int factorise)
 {
     int info = 0;
     if (factorise) {
-        // Without workspace the pivots are dropped, also those of a former factorisation.
+        // If the workspace cannot be allocated, the pivots are dropped, even those of an earlier
+        // factorisation.
         Owned<int> kept = Exchange<Owned<int>>(pivots, nullptr);
         if (!kept)
             kept = TakeIdentityPivots(rowCount);
@@ -157,10 +158,10 @@ void MatDbl::DoSolveSym(double* rhs, int rhsCount, int factorise)
 }
 
 // ---- Least squares ---------------------------------------------------------------------------------
-// DGELS wants a right-hand side with room for the larger dimension, and leaves the solution in its
-// first columnCount rows. So one with another number of rows than the solution moves to new storage:
-// before the driver runs where it must grow, after it where it must shrink. All storage is taken
-// before the right-hand side changes, so that no failed allocation costs it or the solution.
+// DGELS needs a right-hand side with room for the larger dimension, and leaves the solution in its first
+// columnCount rows. So a right-hand side whose row count differs from the solution's moves to new storage:
+// before the driver runs if it must grow, after it if it must shrink. All storage is allocated before the
+// right-hand side changes, so a failed allocation never loses it or the solution.
 
 void MatDbl::SolveLinearLeastSquares(VecDbl& b)
 {
@@ -191,7 +192,7 @@ void MatDbl::SolveLinearLeastSquares(MatDbl& b)
 
 void MatDbl::DoSolveLinearLeastSquares(double* rhs, int rhsCount, Workspace<double>& work)
 {
-    // DGELS would refuse it by calling XERBLA, which ends the process in some LAPACKs.
+    // DGELS would reject it by calling XERBLA, which ends the process in some LAPACKs.
     if (work.length < LeastSquaresMinimum(rowCount, columnCount, rhsCount))
         RaiseComputationFailed();
 
@@ -203,7 +204,7 @@ void MatDbl::DoSolveLinearLeastSquares(double* rhs, int rhsCount, Workspace<doub
     RequireSuccess(info);
 }
 
-/// Carries the rows that fit over to another block, which becomes own storage with that many rows.
+/// Copies the rows that fit to another block, which becomes own storage with that many rows.
 void MatDbl::MoveRowsTo(double* block, int rows)
 {
     int const carried = std::min(rows, rowCount);
@@ -234,7 +235,7 @@ MatDbl& MatDbl::Invert()
     DoSolve(inverse.get(), rowCount, 1);
 
     if (isExternal) {
-        Adopt(inverse.release(), rowCount); // and leaves the caller's block
+        Adopt(inverse.release(), rowCount); // no longer uses the caller's block
     } else {
         CopyRun(columns[0], inverse.get(), count);
         ReleasePivots();
@@ -282,8 +283,8 @@ void MatDbl::EigenSym(VecDbl& eigenValues, int wantVectors, int firstIndex, int 
     bool const wantsAll = il == 1 && iu == rowCount;
     eigenValues.Init(rowCount, nullptr);
 
-    // The vectors come in columns, here to be copied into rows. They start as zeros, since a driver
-    // that fails need not write them.
+    // The driver returns the vectors in columns; they are copied into rows. They start as zeros, since a
+    // failing driver need not write them.
     std::int64_t const vectorElements = wantVectors ? CountOf(rowCount, selected) : 1;
     auto const vectors = TakeOrRaise<Owned<double>>(vectorElements);
     FillRun(vectors.get(), vectorElements, 0.0);
@@ -291,7 +292,7 @@ void MatDbl::EigenSym(VecDbl& eigenValues, int wantVectors, int firstIndex, int 
     Workspace<int> integerWork(5, rowCount);
     Workspace<int> unconverged(1, rowCount);
 
-    // With a NaN in the matrix the driver may find fewer values and report success all the same.
+    // With a NaN in the matrix the driver may find fewer values and still report success.
     FillRun(eigenValues.values, selected, std::numeric_limits<double>::quiet_NaN());
 
     double const unused = 0.0; // the bounds of an interval, which is not how values are selected here

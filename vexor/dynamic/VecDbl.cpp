@@ -11,8 +11,9 @@ using namespace vexor::detail;
 namespace {
 using Elements = ElementBlock<Owned<double>>;
 
-/// Whether a sum of the squares of a run, added one by one, is the same with an exponent of any size. From the
-/// first element on that is not 0 every partial sum is at least 2^-968, which no underflowed square changes.
+/// Whether a sum of the squares of a run, added one by one, is the same as with an unlimited exponent range.
+/// From the first nonzero element on, every partial sum is then at least 2^-968, which no underflowed square
+/// changes.
 bool IsPlainRun(double const* values, int count, double sumOfSquares)
 {
     if (!std::isfinite(sumOfSquares))
@@ -57,7 +58,7 @@ VecDbl::~VecDbl()
 
 VecDbl& VecDbl::operator=(VecDbl const& other)
 {
-    // The other may be a view on our own array, which therefore lives until the copy is made.
+    // The other may be a view on our own array, so that array is freed only after the copy.
     auto const former = Resize(Elements(values, isExternal), size, other.size, nullptr);
     CopyRun(values, other.values, size);
     return *this;
@@ -232,7 +233,7 @@ VecDbl VecDbl::GetProjectionOnTo(VecDbl const& target) const
         smallest = SmallerMagnitude(SmallerMagnitude(smallest, unit), product);
     }
     bool isPlain = IsInNormalRange(smallest);
-    if (!isPlain) { // zeros, most often
+    if (!isPlain) { // most often zeros
         isPlain = true;
         for (int i = 0; i < size && isPlain; ++i)
             isPlain = IsPlainTerm(values[i], target.values[i], result.values[i]);
@@ -369,14 +370,14 @@ int VecDbl::IsUnitPerpendicularTo(VecDbl const& other, double angular) const
 int VecDbl::IsEqualTo(VecDbl const& other, double angular, double length) const
 {
     RequireSameSize(size, other.size);
-    // The distance is summed without a vector for the difference: a predicate allocates nothing.
+    // Sums the distance without a vector for the difference, since a predicate allocates nothing.
     return AreEqual(*this, other, angular, length, [](VecDbl const& a, VecDbl const& b) {
         return RunningSquaredDistance(a.values, b.values, a.size);
     });
 }
 
 // ---- Free operators --------------------------------------------------------------------------------
-// Through the index operators, which are plain accesses, since the fields are private.
+// These use the index operators, which are plain accesses, since the fields are private.
 
 VecDbl operator*(VecDbl const& vector, double scalar)
 {

@@ -8,63 +8,64 @@ VEXOR_EXACT_BEGIN
 
 /// A vector of doubles whose size, at least 1, is chosen at run time.
 ///
-/// It owns its elements, or it is a view on an array of the caller's: nothing is copied then, the
-/// elements are read and written in place, and the array is never freed. The caller keeps it alive as
-/// long as the view uses it. Fresh elements are unset.
+/// It owns its elements, or it is a view on an array of the caller's. A view copies nothing, reads and writes
+/// the elements in place, and never frees the array. The caller keeps the array alive as long as the view
+/// uses it. New elements are unset.
 ///
-/// Sums run over the elements in index order from 0.0 and are rounded at each step. A tolerance
-/// argument is compared as it stands: an angular one is the square of a sine, a length one is a
-/// squared length; a negative one, the default, selects the value of `gVexorTolerance`. Every
-/// tolerance test is inclusive. Predicates return 1 or 0 and allocate nothing.
+/// Sums run over the elements in index order from 0.0 and are rounded at each step. A tolerance argument is
+/// not converted: an angular one is a sine squared, a length one is a squared length. A negative one, the
+/// default, selects the value of `gVexorTolerance`. Every tolerance test is inclusive. Predicates return 1 or
+/// 0 and allocate nothing.
 ///
-/// A size below 1 and storage that cannot be had raise `VexorAllocationFailed`, the object unchanged.
-/// Operands of different sizes raise `VexorDimensionMismatch` before anything is changed, in every
-/// operation on two vectors but `Dot`, `OuterProduct`, `==` and `!=`.
+/// A size below 1 or a failed allocation raises `VexorAllocationFailed`; the object is unchanged. Operands of
+/// different sizes raise `VexorDimensionMismatch` before anything is changed, in every operation on two
+/// vectors except `Dot`, `OuterProduct`, `==` and `!=`.
 class VEXOR_CLASS VecDbl {
 public:
     // ---- Construction and size -----------------------------------------------------------------
 
-    /// One unset element.
+    /// Creates one unset element.
     VEXOR_API VecDbl();
-    /// That many unset elements.
+    /// Creates that many unset elements.
     VEXOR_INLINE explicit VecDbl(int newSize) : VecDbl(newSize, static_cast<double*>(nullptr)) {}
-    /// A view on that many elements of the caller's; that many unset elements if the pointer is null.
+    /// Creates a view on that many elements of the caller's, or that many unset elements if the pointer is
+    /// null.
     VEXOR_API VecDbl(int newSize, double* externalStorage);
-    /// That many elements of the value; it is written through into the caller's array as well.
+    /// Creates that many elements and sets them to the value, in the caller's array too.
     VEXOR_API VecDbl(int newSize, double value, double* externalStorage = nullptr);
     /// The same for any integer type: a literal 0 is a number here, not a null pointer.
     template <class Integer, vexor::detail::IfInteger<Integer> = 0>
     VecDbl(int newSize, Integer value) : VecDbl(newSize, static_cast<double>(value))
     {}
-    /// A copy owns its elements, also the copy of a view.
+    /// Copies the elements into own storage, even from a view.
     VEXOR_API VecDbl(VecDbl const& other);
-    /// The three components.
+    /// Creates three elements from the components.
     VEXOR_API VecDbl(Vec3Dbl const& vector);
-    /// Widens each element exactly. Comes with VecFlt.h.
+    /// Widens each element exactly. Requires VecFlt.h.
     VEXOR_API VecDbl(VecFlt const& other);
-    /// Frees own storage; a block of the caller stays.
+    /// Frees own storage; the caller's storage is not freed.
     VEXOR_API ~VecDbl();
 
-    /// Takes the other's size and elements into own storage: a view that is assigned to leaves the
-    /// caller's array as it is. A view assigned to itself is left with unset elements.
+    /// Copies the other's size and elements into own storage. A view that is assigned to stops being a view
+    /// and does not change the caller's array. A view assigned to itself ends with unset elements.
     VEXOR_API VecDbl& operator=(VecDbl const& other);
-    /// As above, widening each element exactly. Comes with VecFlt.h.
+    /// As above, widening each element exactly. Requires VecFlt.h.
     VEXOR_API VecDbl& operator=(VecFlt const& other);
 
-    /// Changes the size, and lets go of a view unless a pointer is given. Elements are not carried
-    /// over. A vector with own storage of that size already stays as it is, pointer or no pointer.
+    /// Changes the size. Without a pointer a view becomes a vector with own storage. Elements are not carried
+    /// over. A vector that already has own storage of that size is unchanged, and a pointer is ignored.
     ///
-    /// A literal 0 is refused, since as a pointer it keeps the elements of an unchanged size and as a number
-    /// it overwrites them. Compilers show the line of the declaration with their message.
+    /// A literal 0 does not compile: as a pointer it would keep the elements of an unchanged size, as a
+    /// number it would overwrite them. Compilers show the line of this declaration with their message.
     VEXOR_API void ReSize(int newSize, double* externalStorage = nullptr); // write nullptr or 0.0
-    /// As above, and every element then takes the value.
+    /// As above, then sets every element to the value.
     VEXOR_API void ReSize(int newSize, double value, double* externalStorage = nullptr);
     /// The number of elements, at least 1.
     VEXOR_INLINE int Size() const { return size; }
 
     // ---- Access --------------------------------------------------------------------------------
 
-    /// The element of that index, from 0, which is not checked.
+    /// The element of that index, counted from 0. The index is not checked.
     VEXOR_INLINE double& operator[](int index)
     {
         VEXOR_CHECK(index >= 0 && index < size, "index out of range");
@@ -81,7 +82,7 @@ public:
     /// The same, read-only.
     VEXOR_INLINE double const& operator()(int index) const { return (*this)[index]; }
 
-    /// Every element takes the value.
+    /// Sets every element to the value.
     VEXOR_API VecDbl& SetValue(double value);
     /// The same for any integer type: a literal 0 is a number here, not a null pointer.
     template <class Integer, vexor::detail::IfInteger<Integer> = 0>
@@ -96,8 +97,8 @@ public:
 
     // ---- Exact comparison ------------------------------------------------------------------------
 
-    /// Exact, element by element; a NaN is unequal to everything. Vectors of different sizes are
-    /// unequal, without a raise.
+    /// Exact, element by element; a NaN is unequal to everything. Vectors of different sizes are unequal; no
+    /// exception is raised.
     VEXOR_API int operator==(VecDbl const& other) const;
     /// The exact negation of `operator==`.
     VEXOR_INLINE int operator!=(VecDbl const& other) const { return !(*this == other); }
@@ -106,7 +107,7 @@ public:
 
     /// Multiplies each element by the scalar.
     VEXOR_API VecDbl& operator*=(double scalar);
-    /// One division for each element; a zero divisor is not checked.
+    /// Divides each element by the scalar. A zero divisor is not checked.
     VEXOR_API VecDbl& operator/=(double scalar);
     /// Adds element by element. Raises `VexorDimensionMismatch` if the sizes differ.
     VEXOR_API VecDbl& operator+=(VecDbl const& other);
@@ -119,21 +120,22 @@ public:
 
     // ---- Sums, products, length ------------------------------------------------------------------
 
-    /// The elements added up in index order, from 0.0, rounded at each step.
+    /// The sum of the elements in index order, from 0.0, rounded at each step.
     VEXOR_API double Sum() const;
-    /// The sum of the squares in index order, from 0, rounded at each step: a plain sum. It is right for elements
-    /// between about 1e-146 and 1e150. Beyond, it is infinity; below, it loses digits, and from about 1e-162 on
-    /// it is 0.
+    /// The sum of the squares in index order, from 0, rounded at each step: a plain sum. It is accurate for
+    /// elements between about 1e-146 and 1e150. Above, it overflows to infinity. Below, it loses digits;
+    /// below about 1e-162 it is 0.
     VEXOR_API double LengthSquared() const;
-    /// The root of that sum, right over the whole range of a double.
+    /// The square root of that sum, accurate over the whole range of a double.
     VEXOR_API double Length() const;
-    /// The sum of the products in index order, from 0, over this vector's size. The sizes are not compared: the
-    /// other must not be shorter. A plain sum: elements between about 1e-77 and 1e77, or 0, lose nothing. Larger
-    /// products give an infinity, or NaN where two infinities cancel; smaller ones lose digits or are 0.
+    /// The sum of the products in index order, from 0, over this vector's size. The sizes are not compared:
+    /// `other` must not be shorter. It is a plain sum, accurate for elements between about 1e-77 and 1e77, or
+    /// 0. Larger products give an infinity, or NaN if two infinities cancel; smaller ones lose digits or are
+    /// 0.
     VEXOR_API double Dot(VecDbl const& other) const;
-    /// Divides each element by `Length()`. Raises `VexorNullVector`, the vector unchanged, if every
-    /// element is exactly 0. However short or long, any other vector is normalised, also where `Length()` itself
-    /// is out of a double's range.
+    /// Divides each element by `Length()`. Raises `VexorNullVector`, with the vector unchanged, if every
+    /// element is exactly 0. Any other vector is normalised, even if `Length()` itself is outside the range
+    /// of a double.
     VEXOR_API VecDbl& Normalize();
     /// As `Normalize`, on a copy.
     VEXOR_API VecDbl GetNormalizedCopy() const;
@@ -141,30 +143,31 @@ public:
     VEXOR_API VecDbl ElemMult(VecDbl const& other) const;
     /// Each element divided by the other's; a zero divisor is not checked.
     VEXOR_API VecDbl ElemDiv(VecDbl const& other) const;
-    /// Always a 3×3 matrix. Element (i, j) is this[i]·other[j] for i and j below this vector's size,
-    /// the other elements hold that size as a number: only size 3 gives the whole product. The sizes
-    /// are not compared: the other must not be shorter. Raises `VexorDimensionMismatch` where this
-    /// vector has more than three elements. Comes with MatDbl.h.
+    /// The outer product, always a 3×3 matrix. Element (i, j) is this[i]·other[j] for i and j below this
+    /// vector's size. The other elements hold that size as a number, so only size 3 gives the whole product.
+    /// The sizes are not compared: `other` must not be shorter. Raises `VexorDimensionMismatch` if this
+    /// vector has more than three elements. Requires MatDbl.h.
     VEXOR_API MatDbl OuterProduct(VecDbl const& other) const;
 
     // ---- Projection, angle, area -----------------------------------------------------------------
 
-    /// The component of this vector along `target`, right over the whole range of a double. Raises
+    /// The component of this vector along `target`, accurate over the whole range of a double. Raises
     /// `VexorNullVector` if `target` is null.
     VEXOR_API VecDbl GetProjectionOnTo(VecDbl const& target) const;
-    /// The unsigned angle in radians, from 0 to π; 0 if one of the vectors is exactly null. Right over the whole
-    /// range of a double. An arc cosine loses half the digits near 0 and π: below about 1.5e-8 the angle is 0.
+    /// The unsigned angle in radians, from 0 to π; 0 if one of the vectors is exactly null. Correct over the
+    /// whole range of a double. An arc cosine loses half the digits near 0 and π: below about 1.5e-8 the
+    /// angle is 0.
     VEXOR_API double GetAngleWith(VecDbl const& other) const;
     /// 0.5·√(A·B − d·d) with d the dot product and A, B the squared lengths, plain sums. A·B overflows for
-    /// elements above about 1e77, and loses digits below about 1e-73. Nearly parallel vectors can give NaN: the
-    /// difference is not clamped.
+    /// elements above about 1e77 and loses digits below about 1e-73. The difference is not clamped: nearly
+    /// parallel vectors can give NaN.
     VEXOR_API double GetAreaFormedByTriangleWith(VecDbl const& other) const;
 
     // ---- Extremes --------------------------------------------------------------------------------
-    // The first of equal candidates wins. The scan starts from a bound, −1e20 for a maximum and 1e20
-    // for a minimum, not from an element: where no element beats it, the bound is the value, and the
-    // index is 0 and means nothing. A NaN beats nothing. Absolute values are formed as v if v > 0,
-    // else −v, so that of a zero vector is −0.
+    // On a tie the first element wins. The scan starts from a bound and not from an element: −1e20 for a
+    // maximum, 1e20 for a minimum. If no element passes the bound, the value is the bound, and the index is 0
+    // and meaningless. A NaN never passes it. The absolute value is v if v > 0, else −v, so that of a zero
+    // vector is −0.
 
     /// The largest element.
     VEXOR_API double MaxValue() const;
@@ -184,37 +187,38 @@ public:
     VEXOR_API int MinAbsValueIdx() const;
 
     // ---- Predicates ------------------------------------------------------------------------------
-    // With d the dot product and A, B the squared lengths, Q = ((d·d) / A) / B is the squared cosine.
-    // A vector whose squared length is within the length tolerance has no direction: the first three
-    // direction tests answer 0 for it. The answers are true for vectors between about 1e-77 and 1e77
-    // long; `Vec3Dbl` says what they are for others.
+    // With d the dot product and A, B the squared lengths, Q = ((d·d) / A) / B is the squared cosine. A
+    // vector whose squared length is within the length tolerance has no direction: the first three direction
+    // tests return 0 for it. The results are correct for vectors of length between about 1e-77 and 1e77;
+    // `Vec3Dbl` documents the results for others.
 
-    /// Every element exactly 0, of either sign. No tolerance.
+    /// 1 if every element is exactly 0, of either sign. Uses no tolerance.
     VEXOR_API int IsNull() const;
-    /// `LengthSquared()` within the squared length given.
+    /// 1 if `LengthSquared()` is within the tolerance, a squared length.
     VEXOR_API int IsZeroLength(double length = -1.0) const;
-    /// Parallel or antiparallel: 1 − Q within the sine squared.
+    /// 1 if 1 − Q is within `angular`, a sine squared: parallel or antiparallel. `length` is a squared
+    /// length.
     VEXOR_API int IsParallelTo(VecDbl const& other, double angular = -1.0, double length = -1.0) const;
-    /// Parallel, and the dot product above 0.
+    /// 1 if parallel (`angular` a sine squared, `length` a squared length) and the dot product is above 0.
     VEXOR_API int IsCodirectionalTo(VecDbl const& other, double angular = -1.0, double length = -1.0) const;
-    /// Q itself within the sine squared.
+    /// 1 if Q is within `angular`, a sine squared. `length` is a squared length.
     VEXOR_API int IsPerpendicularTo(VecDbl const& other, double angular = -1.0, double length = -1.0) const;
-    /// For two vectors known to be unit: |1 − d·d| within the sine squared.
+    /// For two unit vectors: 1 if |1 − d·d| is within the tolerance, a sine squared.
     VEXOR_API int IsUnitParallelTo(VecDbl const& other, double angular = -1.0) const;
-    /// For two vectors known to be unit: parallel as above, and d above 0.
+    /// For two unit vectors: 1 if parallel as above, within a sine squared, and d is above 0.
     VEXOR_API int IsUnitCodirectionalTo(VecDbl const& other, double angular = -1.0) const;
-    /// For two vectors known to be unit: d·d within the sine squared.
+    /// For two unit vectors: 1 if d·d is within the tolerance, a sine squared.
     VEXOR_API int IsUnitPerpendicularTo(VecDbl const& other, double angular = -1.0) const;
-    /// The same direction within the angle (sine squared) and a difference within the length
-    /// (squared). Two exactly null vectors are equal; a vector that is not null but within the
-    /// global's length tolerance equals nothing, not even itself, whatever `length` says.
+    /// 1 if the directions agree within `angular`, a sine squared, and the difference is within `length`, a
+    /// squared length. Two exactly null vectors are equal. A vector that is not null but within the global's
+    /// length tolerance is unequal to everything, even to itself, for every `length`.
     VEXOR_API int IsEqualTo(VecDbl const& other, double angular = -1.0, double length = -1.0) const;
 
 private:
-    friend class MatDbl; // hands the elements to LAPACK, and installs a solution of another size
+    friend class MatDbl; // passes the elements to LAPACK, and installs a solution of another size
 
     VEXOR_LOCAL void Init(int newSize, double* externalStorage);
-    // Carries the elements that fit over to another block, which becomes own storage of that size.
+    // Copies the elements that fit to another block, which becomes own storage of that size.
     VEXOR_LOCAL void MoveTo(double* block, int newSize);
 
     double* values; // never null
@@ -228,7 +232,7 @@ private:
 VEXOR_API VecDbl operator*(VecDbl const& vector, double scalar);
 /// The same, the scalar on the left.
 VEXOR_API VecDbl operator*(double scalar, VecDbl const& vector);
-/// One division for each element; a zero divisor is not checked.
+/// Divides each element by the scalar. A zero divisor is not checked.
 VEXOR_API VecDbl operator/(VecDbl const& vector, double scalar);
 /// The negated copy: flips the sign of each element; 0 becomes −0.
 VEXOR_API VecDbl operator-(VecDbl const& vector);

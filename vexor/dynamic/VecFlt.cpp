@@ -38,7 +38,7 @@ VecFlt::~VecFlt()
 
 VecFlt& VecFlt::operator=(VecFlt const& other)
 {
-    // The other may be a view on our own array, which therefore lives until the copy is made.
+    // The other may be a view on our own array, so that array is freed only after the copy.
     auto const former = Resize(Elements(values, isExternal), size, other.size, nullptr);
     CopyRun(values, other.values, size);
     return *this;
@@ -301,14 +301,14 @@ int VecFlt::IsUnitPerpendicularTo(VecFlt const& other, float angular) const
 int VecFlt::IsEqualTo(VecFlt const& other, float angular, float length) const
 {
     RequireSameSize(size, other.size);
-    // The distance is summed without a vector for the difference: a predicate allocates nothing.
+    // Sums the distance without a vector for the difference, since a predicate allocates nothing.
     return AreEqual(*this, other, angular, length, [](VecFlt const& a, VecFlt const& b) {
         return RunningSquaredDistance(a.values, b.values, a.size);
     });
 }
 
 // ---- Free operators --------------------------------------------------------------------------------
-// Through the index operators, which are plain accesses, since the fields are private.
+// These use the index operators, which are plain accesses, since the fields are private.
 
 VecFlt operator*(VecFlt const& vector, float scalar)
 {

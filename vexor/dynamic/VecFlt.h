@@ -3,54 +3,55 @@
 
 VEXOR_EXACT_BEGIN
 
-/// A vector of floats whose size, at least 1, is chosen at run time: the single-precision twin of
-/// `VecDbl`, with the same storage, the same failures and the same decisions.
+/// A vector of floats whose size, at least 1, is chosen at run time: the single-precision counterpart of
+/// `VecDbl`, with the same storage, exceptions and rules.
 ///
-/// Between the points where a comment says that a value is rounded, everything is computed in double.
-/// A running sum is rounded to single after each term, unlike the sums of the fixed-size `Vec3Flt`.
-/// Tolerances are as in `VecDbl`. There is neither a sum of the elements nor an outer product.
+/// Everything is computed in double; comments say where a value is rounded to single. A running sum is
+/// rounded to single after each term, unlike the sums of the fixed-size `Vec3Flt`. Tolerances are as in
+/// `VecDbl`. The class has no sum of the elements and no outer product.
 class VEXOR_CLASS VecFlt {
 public:
     // ---- Construction and size -----------------------------------------------------------------
-    // There is no constructor from `VecDbl`: narrowing takes an assignment.
+    // No constructor takes a `VecDbl`: to narrow one, assign it.
 
-    /// One unset element.
+    /// Creates one unset element.
     VEXOR_API VecFlt();
-    /// That many unset elements.
+    /// Creates that many unset elements.
     VEXOR_INLINE explicit VecFlt(int newSize) : VecFlt(newSize, static_cast<float*>(nullptr)) {}
-    /// A view on that many elements of the caller's; that many unset elements if the pointer is null.
+    /// Creates a view on that many elements of the caller's, or that many unset elements if the pointer is
+    /// null.
     VEXOR_API VecFlt(int newSize, float* externalStorage);
-    /// That many elements of the value; it is written through into the caller's array as well.
+    /// Creates that many elements and sets them to the value, in the caller's array too.
     VEXOR_API VecFlt(int newSize, float value, float* externalStorage = nullptr);
     /// The same for any integer type: a literal 0 is a number here, not a null pointer.
     template <class Integer, vexor::detail::IfInteger<Integer> = 0>
     VecFlt(int newSize, Integer value) : VecFlt(newSize, static_cast<float>(value))
     {}
-    /// A copy owns its elements, also the copy of a view.
+    /// Copies the elements into own storage, even from a view.
     VEXOR_API VecFlt(VecFlt const& other);
-    /// Frees own storage; a block of the caller stays.
+    /// Frees own storage; the caller's storage is not freed.
     VEXOR_API ~VecFlt();
 
-    /// Takes the other's size and elements into own storage: a view that is assigned to leaves the
-    /// caller's array as it is. A view assigned to itself is left with unset elements.
+    /// Copies the other's size and elements into own storage. A view that is assigned to stops being a view
+    /// and does not change the caller's array. A view assigned to itself ends with unset elements.
     VEXOR_API VecFlt& operator=(VecFlt const& other);
-    /// As above, rounding each element to single; one too large becomes an infinity.
+    /// As above, rounding each element to single. An element that is too large becomes an infinity.
     VEXOR_API VecFlt& operator=(VecDbl const& other);
 
-    /// Changes the size, and lets go of a view unless a pointer is given. Elements are not carried
-    /// over. A vector with own storage of that size already stays as it is, pointer or no pointer.
+    /// Changes the size. Without a pointer a view becomes a vector with own storage. Elements are not carried
+    /// over. A vector that already has own storage of that size is unchanged, and a pointer is ignored.
     ///
-    /// A literal 0 is refused, since as a pointer it keeps the elements of an unchanged size and as a number
-    /// it overwrites them. Compilers show the line of the declaration with their message.
+    /// A literal 0 does not compile: as a pointer it would keep the elements of an unchanged size, as a
+    /// number it would overwrite them. Compilers show the line of this declaration with their message.
     VEXOR_API void ReSize(int newSize, float* externalStorage = nullptr); // write nullptr or 0.0f
-    /// As above, and every element then takes the value.
+    /// As above, then sets every element to the value.
     VEXOR_API void ReSize(int newSize, float value, float* externalStorage = nullptr);
     /// The number of elements, at least 1.
     VEXOR_INLINE int Size() const { return size; }
 
     // ---- Access --------------------------------------------------------------------------------
 
-    /// The element of that index, from 0, which is not checked.
+    /// The element of that index, counted from 0. The index is not checked.
     VEXOR_INLINE float& operator[](int index)
     {
         VEXOR_CHECK(index >= 0 && index < size, "index out of range");
@@ -67,7 +68,7 @@ public:
     /// The same, read-only.
     VEXOR_INLINE float const& operator()(int index) const { return (*this)[index]; }
 
-    /// Every element takes the value.
+    /// Sets every element to the value.
     VEXOR_API VecFlt& SetValue(float value);
     /// The same for any integer type: a literal 0 is a number here, not a null pointer.
     template <class Integer, vexor::detail::IfInteger<Integer> = 0>
@@ -82,8 +83,8 @@ public:
 
     // ---- Exact comparison ------------------------------------------------------------------------
 
-    /// Exact, element by element; a NaN is unequal to everything. Vectors of different sizes are
-    /// unequal, without a raise.
+    /// Exact, element by element; a NaN is unequal to everything. Vectors of different sizes are unequal; no
+    /// exception is raised.
     VEXOR_API int operator==(VecFlt const& other) const;
     /// The exact negation of `operator==`.
     VEXOR_INLINE int operator!=(VecFlt const& other) const { return !(*this == other); }
@@ -92,7 +93,7 @@ public:
 
     /// Multiplies each element by the scalar.
     VEXOR_API VecFlt& operator*=(float scalar);
-    /// One division for each element; a zero divisor is not checked.
+    /// Divides each element by the scalar. A zero divisor is not checked.
     VEXOR_API VecFlt& operator/=(float scalar);
     /// Adds element by element. Raises `VexorDimensionMismatch` if the sizes differ.
     VEXOR_API VecFlt& operator+=(VecFlt const& other);
@@ -105,15 +106,15 @@ public:
 
     // ---- Products, length ------------------------------------------------------------------------
 
-    /// A running sum, rounded after each square; it stands still once a square is below half its last
-    /// place.
+    /// The sum of the squares, a running sum, rounded after each square. A square below half of the sum's
+    /// last place no longer changes it.
     VEXOR_API float LengthSquared() const;
-    /// The root of the rounded `LengthSquared()`, rounded.
+    /// The square root of the rounded `LengthSquared()`, rounded.
     VEXOR_API float Length() const;
-    /// A running sum over this vector's size, rounded after each product. The sizes are not compared:
-    /// the other must not be shorter.
+    /// The dot product, a running sum over this vector's size, rounded after each product. The sizes are not
+    /// compared: `other` must not be shorter.
     VEXOR_API float Dot(VecFlt const& other) const;
-    /// Divides each element by the rounded `Length()`. Raises `VexorNullVector`, the vector unchanged,
+    /// Divides each element by the rounded `Length()`. Raises `VexorNullVector`, with the vector unchanged,
     /// if every element is exactly 0.
     VEXOR_API VecFlt& Normalize();
     /// As `Normalize`, on a copy.
@@ -130,8 +131,8 @@ public:
     /// The unsigned angle in radians, from 0 to the single nearest π; 0 if one of the rounded lengths
     /// is 0. The cosine stays in double; its arc cosine is rounded.
     VEXOR_API float GetAngleWith(VecFlt const& other) const;
-    /// 0.5·√(A·B − d·d) with d the dot product and A, B the squared lengths: the difference, its root
-    /// and the product are rounded in turn. Nearly parallel vectors can give NaN.
+    /// 0.5·√(A·B − d·d) with d the dot product and A, B the squared lengths: the difference, its square root
+    /// and the product are each rounded. Nearly parallel vectors can give NaN.
     VEXOR_API float GetAreaFormedByTriangleWith(VecFlt const& other) const;
 
     // ---- Extremes --------------------------------------------------------------------------------
@@ -155,27 +156,28 @@ public:
     VEXOR_API int MinAbsValueIdx() const;
 
     // ---- Predicates ------------------------------------------------------------------------------
-    // As in VecDbl. The dot product and the squared lengths are rounded to single; Q and 1 − Q are
-    // formed of them in double, and the value compared with the tolerance is rounded once.
+    // As in VecDbl. The dot product and the squared lengths are rounded to single; Q and 1 − Q are computed
+    // from them in double, and the value compared with the tolerance is rounded once.
 
-    /// Every element exactly 0, of either sign. No tolerance.
+    /// 1 if every element is exactly 0, of either sign. Uses no tolerance.
     VEXOR_API int IsNull() const;
-    /// The rounded `LengthSquared()` within the squared length given.
+    /// 1 if the rounded `LengthSquared()` is within the tolerance, a squared length.
     VEXOR_API int IsZeroLength(float length = -1.0f) const;
-    /// Parallel or antiparallel: 1 − Q within the sine squared.
+    /// 1 if 1 − Q is within `angular`, a sine squared: parallel or antiparallel. `length` is a squared
+    /// length.
     VEXOR_API int IsParallelTo(VecFlt const& other, float angular = -1.0f, float length = -1.0f) const;
-    /// Parallel, and the dot product above 0.
+    /// 1 if parallel (`angular` a sine squared, `length` a squared length) and the dot product is above 0.
     VEXOR_API int IsCodirectionalTo(VecFlt const& other, float angular = -1.0f, float length = -1.0f) const;
-    /// Q itself within the sine squared.
+    /// 1 if Q is within `angular`, a sine squared. `length` is a squared length.
     VEXOR_API int IsPerpendicularTo(VecFlt const& other, float angular = -1.0f, float length = -1.0f) const;
-    /// For two vectors known to be unit: |1 − d·d|, rounded, within the sine squared.
+    /// For two unit vectors: 1 if |1 − d·d|, rounded, is within the tolerance, a sine squared.
     VEXOR_API int IsUnitParallelTo(VecFlt const& other, float angular = -1.0f) const;
-    /// For two vectors known to be unit: parallel as above, and d above 0.
+    /// For two unit vectors: 1 if parallel as above, within a sine squared, and d is above 0.
     VEXOR_API int IsUnitCodirectionalTo(VecFlt const& other, float angular = -1.0f) const;
-    /// For two vectors known to be unit: d·d, rounded, within the sine squared.
+    /// For two unit vectors: 1 if d·d, rounded, is within the tolerance, a sine squared.
     VEXOR_API int IsUnitPerpendicularTo(VecFlt const& other, float angular = -1.0f) const;
-    /// The same direction within the angle (sine squared) and a difference within the length
-    /// (squared); the difference is rounded by element, and its squared length after each square.
+    /// 1 if the directions agree within `angular`, a sine squared, and the difference is within `length`, a
+    /// squared length. Each element of the difference is rounded, and its squared length after each square.
     VEXOR_API int IsEqualTo(VecFlt const& other, float angular = -1.0f, float length = -1.0f) const;
 
 private:
@@ -192,7 +194,7 @@ private:
 VEXOR_API VecFlt operator*(VecFlt const& vector, float scalar);
 /// The same, the scalar on the left.
 VEXOR_API VecFlt operator*(float scalar, VecFlt const& vector);
-/// One division for each element; a zero divisor is not checked.
+/// Divides each element by the scalar. A zero divisor is not checked.
 VEXOR_API VecFlt operator/(VecFlt const& vector, float scalar);
 /// The negated copy: flips the sign of each element; 0 becomes −0.
 VEXOR_API VecFlt operator-(VecFlt const& vector);

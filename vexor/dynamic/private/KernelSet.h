@@ -1,12 +1,12 @@
 #pragma once
 #include <vexor/foundation/private/InstructionSets.h>
 
-// The kernels exist once for each instruction set worth having. They give the same bits, so that
-// which one runs is a matter of speed alone; it is chosen at load, by what the CPU offers.
+// Each useful instruction set has its own kernels. All give the same bits, so the choice affects only speed.
+// The library chooses at load, by what the CPU supports.
 
 namespace vexor::detail {
 
-/// One instruction set's kernels; Kernels.h says what each computes.
+/// One instruction set's kernels; Kernels.h documents what each computes.
 struct KernelSet {
     char const* name;
     void (*multiplyColumnMajor)(int rows, int columns, int inner, double const* left, double const* right,
@@ -24,7 +24,7 @@ extern KernelSet const kernels;
 }
 
 #if defined(__GNUC__)
-/// The registers of 128 bits that every target of the library has (SSE2, NEON).
+/// Registers of 128 bits, which every target of the library has (SSE2, NEON).
 namespace baseline {
 extern KernelSet const kernels;
 }

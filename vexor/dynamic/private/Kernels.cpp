@@ -7,8 +7,8 @@ namespace vexor::detail {
 
 namespace {
 
-/// The set for the instruction set that was found at load. Before, in another library's constructors, it
-/// is the baseline.
+/// The kernels for the instruction set that was found at load. Earlier, in another library's constructors,
+/// they are the baseline's.
 KernelSet const& Chosen()
 {
 #if defined(VEXOR_WIDE_SETS)

@@ -5,9 +5,9 @@
 // and contiguous: element (i, j) of a matrix with `rows` rows is block[j·rows + i]. A result never
 // overlaps an operand.
 //
-// Each element of a product is a running sum of its own: it starts at 0 and takes its terms for rising
-// inner index, each product and each partial sum rounded. However the loops are arranged, and however
-// many elements advance at once, the bits are those.
+// Each element of a product is a running sum of its own: it starts at 0 and adds its terms for rising inner
+// index, each product and each partial sum rounded. The arrangement of the loops, and the number of elements
+// computed at once, never change these bits.
 
 namespace vexor::detail {
 

@@ -9,7 +9,7 @@ namespace vexor::detail::plain {
 
 namespace {
 
-// The innermost loop runs down columns, where the elements lie side by side.
+// The innermost loop runs down columns, where the elements are contiguous.
 template <class Element, class Product>
 void AddColumn(int rows, double const* column, Element* result, Product product)
 {

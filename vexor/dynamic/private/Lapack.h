@@ -1,11 +1,11 @@
 #pragma once
 #include <cstddef>
 
-// The seven LAPACK routines that the library calls, and all that it knows of LAPACK: the classic
-// interface, every argument by address, integers of 32 bits. This is the only file that declares them.
+// The seven LAPACK routines that the library calls, declared only here, by the classic interface: every
+// argument by address, integers of 32 bits.
 //
-// After its arguments a Fortran routine takes the length of each of its strings, by value and unseen
-// in its Fortran text: gfortran from version 8 on passes them as size_t. Here each is a single letter.
+// A Fortran routine has hidden arguments after its visible ones: the length of each string, by value.
+// gfortran from version 8 on passes them as size_t. Here each string is a single letter.
 
 namespace vexor::detail {
 

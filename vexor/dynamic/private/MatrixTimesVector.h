@@ -1,8 +1,8 @@
 #pragma once
 #include <vexor/dynamic/private/Product.h>
 
-// A matrix times a vector in the registers of one instruction set (see Registers.h). As in the product, a
-// lane of a register belongs to one element of the result. Its steps along the columns are those of the product.
+// A matrix times a vector in the registers of one instruction set (see Registers.h). As in Product.h, a lane
+// of a register belongs to one element of the result and adds its terms in the same order.
 
 VEXOR_SET_BEGIN
 
@@ -10,7 +10,8 @@ namespace vexor::detail::VEXOR_SET {
 
 namespace {
 
-/// How many columns are added to the sums at a time. With 4 a matrix of 10 or 20 rows takes 1.3 times as long.
+/// The number of columns that are added to the sums at a time. With 4, a matrix of 10 or 20 rows takes 1.3
+/// times as long.
 constexpr int stripColumns = 8;
 
 /// Adds each column's element times the column's factor to the sum, column by column. Each product and each
@@ -52,7 +53,7 @@ template <class Element>
 using StripFunction = void (*)(int rows, bool startsAtZero, double const* matrix, Offset stride,
                                Element const* vector, Element* result);
 
-/// The strip for every number of columns: [columns − 1].
+/// The strips, indexed by the number of columns: [columns − 1].
 template <class Element, int width, class Columns>
 struct StripTable;
 template <class Element, int width, int... k>

@@ -1,7 +1,7 @@
-// Only where LAPACK is linked into the library statically: its parameter-error routine, which a driver
-// calls before it returns with a negative INFO. The one in the reference archive ends the process; this
-// one takes its place and returns, and the library raises `VexorComputationFailed`. It is hidden, so
-// that no other user of LAPACK in the process meets it.
+// LAPACK's parameter-error routine XERBLA, for builds that link LAPACK into the library statically. A driver
+// calls it before it returns with a negative INFO. The one in the reference archive ends the process; this
+// one replaces it and returns, and the library raises `VexorComputationFailed`. It is hidden, so other users
+// of LAPACK in the process keep their own.
 #if defined(VEXOR_LAPACK_STATIC)
 
 #    include <cstddef>

@@ -1,9 +1,9 @@
 #pragma once
 #include <vexor/foundation/private/Checksum.h>
 
-// How checked builds know which factorisation a pivot array belongs to, and the factors again: behind the
-// pivots stand three more integers, the kind and a checksum of the factors in two halves. A copy of the
-// matrix carries them with the pivots. Other builds have the pivots alone.
+// Checked builds use this to detect which factorisation a pivot array belongs to and whether the factors have
+// changed. Three more integers follow the pivots: the kind, and a checksum of the factors in two halves. A
+// copy of the matrix copies them with the pivots. Other builds store only the pivots.
 
 namespace vexor::detail {
 
@@ -21,7 +21,7 @@ inline std::int64_t PivotArrayLength(int rowCount)
 
 #if defined(VEXOR_CHECKED)
 
-/// Of the elements that the re-solve reads: those of a symmetric matrix are its upper triangle.
+/// The checksum of the elements that the re-solve reads: of a symmetric matrix only the upper triangle.
 inline std::uint64_t FactorChecksum(double* const* columns, int size, Factors kind)
 {
     std::uint64_t sum = 0;

@@ -3,13 +3,12 @@
 
 // The product of two matrices in the registers of one instruction set (see Registers.h).
 //
-// The invariant that makes it the same as the plain triple loop: a lane of a register belongs to
-// one element of the result. It starts at 0.0 and takes that element's terms for rising k, one product
-// rounded and then one sum rounded, never fused. Vectors, tiles, packing and blocks settle only which
-// elements advance side by side and where their factors are read. Between two blocks of k an element
-// rests in the result itself, as a double, which loses nothing. Where a count is no multiple of the
-// width, the last register overlaps the one before it: the shared elements are then computed twice
-// from the same values, and stored twice with the same bits.
+// The invariant that makes it the same as the plain triple loop: a lane of a register belongs to one element
+// of the result. It starts at 0.0 and adds that element's terms for rising k: one product rounded, then one
+// sum rounded, never fused. Vectors, tiles, packing and blocks decide only which elements are computed
+// together and where their factors are read. Between two blocks of k an element is stored in the result as a
+// double, which loses nothing. If a count is not a multiple of the width, the last register overlaps the one
+// before it: the shared elements are computed twice from the same values and stored twice with the same bits.
 
 VEXOR_SET_BEGIN
 
@@ -26,7 +25,7 @@ constexpr int tileColumns = registerCount / 4;
 /// part of any stack and of the second-level cache.
 constexpr int panelInner = 512;
 
-/// Where a tile reads and writes: each operand's first element and the distance from column to column.
+/// The operands of a tile: each one's first element and the distance from column to column.
 struct TileOperands {
     double const* left;
     Offset leftStride;
@@ -36,8 +35,8 @@ struct TileOperands {
     Offset resultStride;
 };
 
-/// One tile of the result, its sums in registers for all of the inner steps. It has `rows` rows, more
-/// than (vectors − 1)·width and at most vectors·width. The sums start at 0 or where the result stands.
+/// One tile of the result, its sums in registers for all of the inner steps. It has `rows` rows, more than
+/// (vectors − 1)·width and at most vectors·width. The sums start at 0 or at the values in the result.
 template <int width, int vectors, int columns>
 void MultiplyTile(int rows, int inner, bool startsAtZero, TileOperands const& operands)
 {
@@ -83,7 +82,7 @@ void MultiplyTile(int rows, int inner, bool startsAtZero, TileOperands const& op
 
 using TileFunction = void (*)(int rows, int inner, bool startsAtZero, TileOperands const& operands);
 
-/// The tiles of so many registers of rows, for every number of columns: [columns − 1].
+/// The tiles with that many registers of rows, indexed by the number of columns: [columns − 1].
 template <int width, int vectors, class Columns>
 struct TilesOf;
 template <int width, int vectors, int... j>
@@ -91,8 +90,8 @@ struct TilesOf<width, vectors, std::integer_sequence<int, j...>> {
     static constexpr TileFunction tiles[] = {MultiplyTile<width, vectors, j + 1>...};
 };
 
-/// The tile for a size. Only the widest registers see rows for three: fewer rows than two registers of some
-/// width are left to that width, and one row to single elements.
+/// The tile for a size. Only the widest registers are used three at a time: rows that fill fewer than two
+/// registers of a width use that width, and one row uses single elements.
 template <int width>
 TileFunction TileFor(int rows, int columns)
 {
@@ -108,8 +107,8 @@ TileFunction TileFor(int rows, int columns)
     return TilesOf<width, 1, Columns>::tiles[columns - 1];
 }
 
-/// The rows of the next tile: a full one, or what is left; never so many that the rest would not fill
-/// a register.
+/// The rows of the next tile: a full tile, or the remaining rows. If rows are left after it, they fill a
+/// register.
 template <int width>
 int NextRows(int rest)
 {
@@ -119,8 +118,8 @@ int NextRows(int rest)
     return rest <= full + width ? full - width : full;
 }
 
-/// The columns of the next step, at most `most`; the last two steps share what is left, as narrow ones
-/// are slow.
+/// The columns of the next step, at most `most`; the last two steps share the remaining columns, since narrow
+/// steps are slow.
 inline int NextColumns(int rest, int most)
 {
     if (rest <= most)
@@ -156,8 +155,8 @@ void MultiplyAcross(int rows, int columns, int inner, bool startsAtZero, TileOpe
     }
 }
 
-/// The product where the left operand is too large to be read in place again and again: a tile's rows are
-/// packed, a stretch of inner steps at a time, and multiplied into every column of the result.
+/// The product for a left operand that is too large to be read in place repeatedly. A tile's rows are packed,
+/// some inner steps at a time, and multiplied into every column of the result.
 template <int width>
 void MultiplyPacked(int rows, int columns, int inner, double const* left, double const* right, double* result)
 {
@@ -174,7 +173,7 @@ void MultiplyPacked(int rows, int columns, int inner, double const* left, double
     }
 }
 
-/// The product on the operands where they stand.
+/// The product of the operands in place, without packing.
 template <int width>
 void MultiplyUnpacked(int rows, int columns, int inner, double const* left, double const* right,
                       double* result)
@@ -193,7 +192,7 @@ void Multiply(int rows, int columns, int inner, double const* left, double const
             return Multiply<width / 2>(rows, columns, inner, left, right, result);
     }
     if constexpr (width == registerWidth) {
-        // Packing pays where a packed element is used often and the operand, at 256 KiB, outgrows the
+        // Packing is faster if a packed element is used often and the operand exceeds 256 KiB, the
         // second-level cache of some processors: its columns are then far apart for caches and pages.
         if (columns > 8 * tileColumns && Offset(rows) * inner > 32768)
             return MultiplyPacked<width>(rows, columns, inner, left, right, result);

@@ -5,9 +5,9 @@
 #include <cstdint>
 #include <cstring>
 
-// Loops over runs of elements, in index order, for the classes of run-time size. A sum is a running
-// one: it starts at 0 and is rounded to the element type after each term, unlike the sums of the
-// fixed-size classes in single precision, which are rounded once. A term is formed in double.
+// Loops over runs of elements, in index order, for the classes of run-time size. A sum is a running sum: it
+// starts at 0 and is rounded to the element type after each term, unlike the sums of the fixed-size classes
+// in single precision, which are rounded once. A term is formed in double.
 
 VEXOR_EXACT_BEGIN
 
@@ -20,7 +20,7 @@ inline void FillRun(Element* values, std::int64_t count, Element value)
         values[i] = value;
 }
 
-/// The two runs may overlap, as they do where an object is assigned to itself.
+/// Copies a run. The two runs may overlap, as they do if an object is assigned to itself.
 template <class Element>
 inline void CopyRun(Element* to, Element const* from, std::int64_t count)
 {
@@ -91,8 +91,8 @@ inline Element RunningSquaredDistance(Element const* left, Element const* right,
 
 // ---- Extremes ----------------------------------------------------------------------------------
 
-/// What a scan for an extreme found. Where no element beat the bound, `value` is the bound, and
-/// `index` is 0, which is an index of every vector, so that a caller who uses it stays within.
+/// The result of a scan for an extreme. If no element passed the bound, `value` is the bound and `index` is
+/// 0, which is a valid index of every vector.
 template <class Element>
 struct Extreme {
     Element value;

@@ -17,11 +17,11 @@ namespace vexor::detail {
 
 void* TakeBytes(std::int64_t count, std::int64_t elementSize) noexcept
 {
-    // Also on a 32-bit machine no block exceeds half the address space.
+    // No block exceeds half the address space, even on a 32-bit machine.
     constexpr std::int64_t most = std::numeric_limits<std::ptrdiff_t>::max();
     if (count > most / elementSize)
         return nullptr;
-    // The form that does not throw turns whatever the throwing one or a new-handler throws into null.
+    // The nothrow form returns null whatever the throwing form or a new-handler throws.
     return ::operator new(static_cast<std::size_t>(count * elementSize), std::nothrow);
 }
 
@@ -72,7 +72,7 @@ double* LineHeap::Take(std::int64_t count) noexcept
     auto* const start = static_cast<unsigned char*>(TakeBytes(count + extra, sizeof(double)));
     if (!start)
         return nullptr;
-    // At least one byte lies between the two starts: the last one tells how many.
+    // At least one byte lies between the two starts; the last of them stores how many.
     auto const skipped = static_cast<unsigned char>(line - reinterpret_cast<std::uintptr_t>(start) % line);
     unsigned char* const block = start + skipped;
     block[-1] = skipped;

@@ -5,10 +5,10 @@
 #include <limits>
 #include <memory>
 
-// Storage of the classes of run-time size. Everything they and their drivers take from the heap is taken here, so
-// that a failed allocation always ends in `VexorAllocationFailed`, whatever the client's allocator or new-handler
-// does to report it. The classes hold plain pointers, as their layout demands. What happens to them is written
-// here: a block is taken, exchanged and released by `Owned`, and changes hands by `Exchange` and `ElementBlock`.
+// Storage of the classes of run-time size. All heap storage of the classes and their drivers is allocated
+// here, so a failed allocation always raises `VexorAllocationFailed`, however the client's allocator or
+// new-handler reports it. The classes hold plain pointers, since their layout is fixed. `Owned` allocates and
+// frees a block; `Exchange` and `ElementBlock` transfer its ownership.
 
 namespace vexor::detail {
 
@@ -17,11 +17,11 @@ namespace vexor::detail {
 void* TakeBytes(std::int64_t count, std::int64_t elementSize) noexcept;
 void ReturnBytes(void* bytes) noexcept;
 
-/// Storage that begins where the allocator says.
+/// Storage with the alignment that the allocator gives.
 template <class Element>
 struct Heap {
-    /// That many elements, unset; in checked builds floating elements hold signalling NaNs. Null if there is no
-    /// storage.
+    /// That many elements, unset; in checked builds floating elements hold signalling NaNs. Null if the
+    /// allocation fails.
     static Element* Take(std::int64_t count) noexcept;
     void operator()(Element* block) const noexcept { ReturnBytes(block); }
 };
@@ -31,21 +31,21 @@ extern template struct Heap<float>;
 extern template struct Heap<int>;
 extern template struct Heap<double*>;
 
-/// Storage for the elements of a matrix, which begins with a cache line, so that no register of the kernels
-/// straddles two lines if the row count allows for it. The allocator guarantees less, so a block is
-/// over-allocated and aligned inside. Checked builds, and those under AddressSanitizer, take exact blocks, so
-/// that an access beyond either end does not fall into the excess.
+/// Storage for the elements of a matrix, which begins at a cache line, so that no register of the kernels
+/// straddles two lines if the row count allows it. The allocator guarantees less, so a block is
+/// over-allocated and aligned inside. Checked builds, and those under AddressSanitizer, allocate exact
+/// blocks, so that an access beyond either end does not hit the spare bytes.
 struct LineHeap {
     static double* Take(std::int64_t count) noexcept;
     void operator()(double* block) const noexcept;
 };
 
-/// A block on its way into or out of an object, or a driver's workspace.
+/// A block that no object owns at the moment, or a driver's workspace.
 template <class Element, class Source = Heap<Element>>
 using Owned = std::unique_ptr<Element[], Source>;
 using OwnedBlock = Owned<double, LineHeap>;
 
-/// That many elements, raising `VexorAllocationFailed` if there is no storage.
+/// That many elements. Raises `VexorAllocationFailed` if the allocation fails.
 template <class Owner>
 inline Owner TakeOrRaise(std::int64_t count)
 {
@@ -55,7 +55,8 @@ inline Owner TakeOrRaise(std::int64_t count)
     return block;
 }
 
-/// Gives a field that owns its block another one. Returns the former block, which is released unless it is kept.
+/// Gives a field that owns its block another one. Returns the previous block, which is freed unless the
+/// caller keeps it.
 template <class Owner>
 inline Owner Exchange(typename Owner::pointer& field, Owner fresh)
 {
@@ -64,9 +65,9 @@ inline Owner Exchange(typename Owner::pointer& field, Owner fresh)
     return former;
 }
 
-/// The element block of an object, known by two of its fields: where it starts, and whether it is the caller's.
-/// Each change returns the own block that the object gave up, or null. It is released unless it is kept, as
-/// long as something may still be read from it.
+/// The element block of an object, described by two of its fields: its start, and whether it is the caller's.
+/// Each change returns the own block that the object released, or null. That block is freed unless it is kept
+/// because something may still read from it.
 template <class Owner>
 class ElementBlock {
 public:
@@ -76,10 +77,10 @@ public:
 
     bool IsOwn() const { return !isExternal; }
 
-    /// Own storage.
+    /// Makes the block own storage.
     Owner Own(Owner fresh) { return Become(fresh.release(), 0); }
 
-    /// A view on the caller's block.
+    /// Makes the object a view on the caller's block.
     Owner View(Pointer externalStorage)
     {
         VEXOR_CHECK(!IsOwn() || externalStorage != start,
@@ -87,8 +88,9 @@ public:
         return Become(externalStorage, 1);
     }
 
-    /// Room for another number of elements: the caller's block if there is one, else own storage, which stays if
-    /// it has that number. Raises `VexorAllocationFailed`, with nothing changed, if there is no storage.
+    /// Provides storage for another number of elements: the caller's block if there is one, else own storage,
+    /// which is kept if it has that number. Raises `VexorAllocationFailed`, with nothing changed, if the
+    /// allocation fails.
     Owner Fit(std::int64_t count, std::int64_t formerCount, Pointer externalStorage)
     {
         if (externalStorage)
@@ -98,7 +100,7 @@ public:
         return Own(TakeOrRaise<Owner>(count));
     }
 
-    /// The end of the object.
+    /// Frees own storage at the end of the object's lifetime.
     void Release() { Become(nullptr, 0); }
 
 private:
@@ -114,8 +116,8 @@ private:
     int& isExternal;
 };
 
-/// Gives a vector another size. Own storage of that size stays as it is, and the pointer is then ignored.
-/// Returns what `Fit` returns. Raises `VexorAllocationFailed`, with nothing changed, also for a size below 1.
+/// Gives a vector another size. Own storage of that size is kept, and the pointer is then ignored. Returns
+/// what `Fit` returns. Raises `VexorAllocationFailed`, with nothing changed, for a size below 1 too.
 template <class Owner>
 inline Owner Resize(ElementBlock<Owner> elements, int& size, int newSize,
                     typename Owner::pointer externalStorage)
@@ -129,8 +131,8 @@ inline Owner Resize(ElementBlock<Owner> elements, int& size, int newSize,
     return former;
 }
 
-/// Workspace of a driver: `multiple` elements for each of `dimension`. LAPACK takes the length as an int. A length
-/// that does not fit raises `VexorAllocationFailed`, like any failed allocation.
+/// Workspace of a driver: `multiple` elements for each of `dimension`. LAPACK takes the length as an int; a
+/// length that does not fit raises `VexorAllocationFailed`, like any failed allocation.
 template <class Element>
 struct Workspace {
     Owned<Element> block;
@@ -152,7 +154,7 @@ inline std::int64_t CountOf(int rows, int columns)
     return static_cast<std::int64_t>(rows) * columns;
 }
 
-/// The column table of a matrix whose block starts there.
+/// Fills the column table of a matrix whose block begins at `start`.
 inline void PointColumns(double** columns, double* start, int rowCount, int columnCount)
 {
     for (int j = 0; j < columnCount; ++j)

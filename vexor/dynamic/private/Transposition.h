@@ -9,7 +9,7 @@ namespace vexor::detail::VEXOR_SET {
 
 namespace {
 
-/// A square of width × width elements in registers, one column a register.
+/// A square of width × width elements in registers, one register for each column.
 template <int width>
 struct Square {
     using Vector = Register<double, width>;
@@ -55,11 +55,12 @@ struct Square {
     }
 };
 
-constexpr int line = 8; ///< doubles in a line of cache
+constexpr int line = 8; ///< doubles in a cache line
 
-/// By how many elements a matrix begins after the start of a line, if all of its columns do. For a copy of
-/// 100 rows and more it pays that no register straddles two lines: 2.0 times the speed with AVX-512 and 1.6
-/// with AVX2 (128 rows; the operand is a view that begins two elements after the start of a line).
+/// The number of elements by which a matrix begins after the start of a cache line, if this is the same for
+/// all of its columns. For a copy of 100 rows or more it is faster if no register straddles two lines: 2.0
+/// times the speed with AVX-512 and 1.6 with AVX2 (128 rows; the operand is a view that begins two elements
+/// after the start of a line).
 inline int PastLineStart(int rows, double const* matrix)
 {
     if (rows < 100 || rows % line != 0)
@@ -67,8 +68,8 @@ inline int PastLineStart(int rows, double const* matrix)
     return static_cast<int>(reinterpret_cast<std::uintptr_t>(matrix) / sizeof(double) % line);
 }
 
-/// Writes the transpose in strips of `width` rows across all columns. So the result is written in a few
-/// columns side by side, each from its beginning to its end. The first strip begins `rowsBefore` rows before
+/// Writes the transpose in strips of `width` rows across all columns. The result is thus written in a few
+/// neighbouring columns, each from its beginning to its end. The first strip begins `rowsBefore` rows before
 /// the matrix, and each strip `columnsBefore` columns before it. Squares that are not inside the matrix are
 /// moved inside and overlap their neighbours.
 template <int width>
@@ -100,10 +101,10 @@ void TransposeInto(int rows, int columns, double const* matrix, double* result)
                                  PastLineStart(columns, result));
 }
 
-/// Exchanges a part of a square matrix, rows × columns, with the part opposite, where the diagonal reflects it
-/// to. A part on the diagonal is its own opposite, and then exchanges what stands on either side. The sides
-/// are halved until both are at most `most`: the lines of cache that a part shares with its neighbours are then
-/// still in some cache when the neighbours' turn comes, however large the caches are.
+/// Exchanges a part of a square matrix, rows × columns, with its reflection in the diagonal. A part on the
+/// diagonal is its own reflection and exchanges the elements on either side. The sides are halved until both
+/// are at most `most`. The cache lines that a part shares with its neighbours are then still in some cache
+/// when the neighbours are processed, for caches of any size.
 inline void Exchange(int rows, int columns, double* part, double* opposite, Offset stride, int most)
 {
     bool const onDiagonal = part == opposite;
@@ -145,15 +146,15 @@ inline void Exchange(int rows, int columns, double* part, double* opposite, Offs
     }
     if (squareRows == rows && squareColumns == columns)
         return;
-    // Where no square fits, element by element.
+    // Element by element where no square fits.
     for (Offset j = 0; j < columns; ++j) {
         for (Offset i = j < squareColumns ? squareRows : 0; i < (onDiagonal ? j : rows); ++i)
             std::swap(part[j * stride + i], opposite[i * stride + j]);
     }
 }
 
-/// Transposes in place. Columns that lie a large power of two apart compete for the same places in the cache: a
-/// part has no more columns than a first-level cache has places for, eight of each line within 4 KiB.
+/// Transposes in place. Columns that are a large power of two apart compete for the same cache sets. So a
+/// part has no more columns than a first-level cache has ways: eight for each line within 4 KiB.
 void TransposeSquare(int rows, double* matrix)
 {
     int const powerOfTwo = rows & -rows;
