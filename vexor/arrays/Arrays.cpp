@@ -26,7 +26,7 @@ KernelSet const& Fastest()
         break;
     }
 #endif
-#if defined(__GNUC__)
+#if defined(VEXOR_ARRAYS_REGISTERS)
     return baseline::kernels;
 #else
     return plain::kernels;
@@ -41,7 +41,7 @@ struct AtLoad {
 
 } // namespace
 
-#if defined(__GNUC__)
+#if defined(VEXOR_ARRAYS_REGISTERS)
 KernelSet const* chosen = &baseline::kernels;
 #else
 KernelSet const* chosen = &plain::kernels;
@@ -51,7 +51,7 @@ KernelSet const* RunnableSet(int index)
 {
     KernelSet const* sets[5] = {&plain::kernels};
     int count = 1;
-#if defined(__GNUC__)
+#if defined(VEXOR_ARRAYS_REGISTERS)
     sets[count++] = &baseline::kernels;
 #endif
 #if defined(VEXOR_WIDE_SETS)

@@ -4,6 +4,12 @@
 
 #include <cstddef>
 
+// The sets for registers need the vector types of GCC and Clang, and a Mat3Dbl that is ten doubles long. Linux on
+// 32-bit x86 aligns a double to 4 bytes, so that it is nine and a half there.
+#if defined(__GNUC__) && !(defined(__i386__) && !defined(_WIN32))
+#    define VEXOR_ARRAYS_REGISTERS
+#endif
+
 // The loops of the component, once for each instruction set worth having. All sets give the same bits. A set
 // for registers runs whole registers of elements; where a lane needs more than plain arithmetic (a length
 // whose squares underflow, a null vector, a singular matrix), it hands that register's elements to the plain
@@ -81,7 +87,7 @@ namespace plain {
 extern KernelSet const kernels;
 }
 
-#if defined(__GNUC__)
+#if defined(VEXOR_ARRAYS_REGISTERS)
 namespace baseline {
 extern KernelSet const kernels;
 }

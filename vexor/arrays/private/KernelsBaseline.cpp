@@ -1,5 +1,5 @@
-#include <vexor/foundation/Config.h>
+#include <vexor/arrays/private/KernelSet.h>
 
-#if defined(__GNUC__)
+#if defined(VEXOR_ARRAYS_REGISTERS)
 #    include <vexor/arrays/private/Kernels.h>
 #endif

@@ -13,7 +13,9 @@ namespace vexor::arrays::detail::plain {
 
 namespace {
 
+#if defined(VEXOR_ARRAYS_REGISTERS)
 static_assert(sizeof(Mat3Dbl) == matrixStride * sizeof(double), "the distance that the kernels take");
+#endif
 static_assert(sizeof(Quaternion) == 4 * sizeof(double) && sizeof(Vec3Flt) == 3 * sizeof(float)
                   && sizeof(Vec2Flt) == 2 * sizeof(float),
               "elements and nothing else");
