@@ -7,9 +7,9 @@ VEXOR_EXACT_BEGIN
 
 /// An affine map of the plane, x to L·x + t: a `Mat2Dbl` and, right behind it, a `Vec2Dbl`.
 ///
-/// It applies itself, composes and inverts, and that is all: a map is reset by assignment from a
-/// default-constructed one. A product with a point adds the translation, one with a `Vec2Dbl` does not,
-/// and one with a `Vec2Flt` does.
+/// It can only be applied, composed and inverted. To reset a map, assign a default-constructed one. The
+/// product with a point adds the translation, the product with a `Vec2Dbl` does not, and the product with a
+/// `Vec2Flt` does.
 class VEXOR_CLASS AffMat2Dbl {
 public:
     // ---- Construction ------------------------------------------------------------------------
@@ -20,11 +20,11 @@ public:
     VEXOR_INLINE constexpr AffMat2Dbl(Mat2Dbl const& linearPart, Vec2Dbl const& translationPart)
         : linear(linearPart), translation(translationPart)
     {}
-    /// Copies.
+    /// Copies both parts.
     AffMat2Dbl(AffMat2Dbl const&) = default;
     ~AffMat2Dbl() = default;
 
-    /// Copies.
+    /// Copies both parts.
     AffMat2Dbl& operator=(AffMat2Dbl const&) = default;
 
     // ---- Access ------------------------------------------------------------------------------
@@ -49,7 +49,8 @@ public:
         translation = translationPart;
         return *this;
     }
-    /// Row first, column second; every column from 2 up is t. Otherwise the indices are not checked.
+    /// The element of that row and column; every column of 2 or more is t. The indices are not checked
+    /// otherwise.
     VEXOR_INLINE constexpr double& operator()(int row, int column)
     {
         return column >= 2 ? translation[row] : linear(row, column);
@@ -80,7 +81,7 @@ public:
 
 private:
     Mat2Dbl linear;
-    Vec2Dbl translation; // right behind the matrix, where Mat2Dbl::RowSum reads it
+    Vec2Dbl translation; // directly after the matrix, where Mat2Dbl::RowSum reads it
 };
 
 // ---- Free operators --------------------------------------------------------------------------------
@@ -104,15 +105,16 @@ VEXOR_INLINE constexpr Vec2Dbl operator*(AffMat2Dbl const& map, Vec2Dbl const& v
     return map.LinearPart() * vector;
 }
 
-/// L·x + t: the one product of a vector with an affine map that adds the translation. Single vectors
-/// carry the coordinates of single points in the plane; for L·x alone write `map.LinearPart() * x`.
-/// L·x is rounded to single, and again the sum with t, which is formed in double.
+/// L·x + t: the one product of a vector with an affine map that adds the translation. In the plane,
+/// single-precision vectors hold the coordinates of single-precision points. For L·x alone write
+/// `map.LinearPart() * x`. L·x is rounded to single; the sum with t is formed in double and rounded to single
+/// again.
 VEXOR_INLINE Vec2Flt operator*(AffMat2Dbl const& map, Vec2Flt const& vector)
 {
     return (Vec2Dbl(map.LinearPart() * vector) + map.Translation()).ToVec2Flt();
 }
 
-/// L·x + t, through the product with a `Vec2Flt` and with its two roundings.
+/// L·x + t, computed as the product with a `Vec2Flt`, with its two roundings.
 VEXOR_INLINE Pnt2Flt operator*(AffMat2Dbl const& map, Pnt2Flt const& point)
 {
     return Pnt2Flt(map * point.Vector());

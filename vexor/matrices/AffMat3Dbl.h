@@ -3,12 +3,12 @@
 
 VEXOR_EXACT_BEGIN
 
-/// An affine map of space, x ↦ L·x + t: a linear part L and a translation t. Seen from outside it is a
-/// 3×4 matrix, with L in columns 0 to 2 and t in column 3; a fourth row (0, 0, 0, 1) is implied and
-/// never stored.
+/// An affine map of space, x ↦ L·x + t: a linear part L and a translation t. The interface presents it as a
+/// 3×4 matrix, with L in columns 0 to 2 and t in column 3. A fourth row (0, 0, 0, 1) is implied and never
+/// stored.
 ///
-/// A copy carries the twelve numbers, and not the row order that a factorisation leaves in L. Indices
-/// count from 0 and are not checked.
+/// A copy has the twelve numbers but not the row order that a factorisation leaves in L. Indices count from 0
+/// and are not checked.
 class VEXOR_CLASS AffMat3Dbl {
 public:
     // ---- Construction ------------------------------------------------------------------------
@@ -17,7 +17,7 @@ public:
     VEXOR_INLINE constexpr AffMat3Dbl()
         : linearPart(Vec3Dbl(1.0, 0.0, 0.0), Vec3Dbl(0.0, 1.0, 0.0), Vec3Dbl(0.0, 0.0, 1.0)), translation(0.0)
     {}
-    /// All twelve numbers take the value.
+    /// Sets all twelve numbers to the value.
     VEXOR_INLINE constexpr AffMat3Dbl(double value) : linearPart(value), translation(value) {}
     /// The map x ↦ L x + t from its two parts.
     VEXOR_INLINE constexpr AffMat3Dbl(Mat3Dbl const& newLinearPart, Vec3Dbl const& newTranslation)
@@ -50,26 +50,26 @@ public:
     VEXOR_INLINE constexpr Vec3Dbl& Translation() { return translation; }
     /// The same, read-only.
     VEXOR_INLINE constexpr Vec3Dbl const& Translation() const { return translation; }
-    /// Sets L; t stays.
+    /// Sets L; t is unchanged.
     VEXOR_INLINE constexpr AffMat3Dbl& SetLinearPart(Mat3Dbl const& newLinearPart)
     {
         linearPart = newLinearPart;
         return *this;
     }
-    /// Sets t; L stays.
+    /// Sets t; L is unchanged.
     VEXOR_INLINE constexpr AffMat3Dbl& SetTranslation(Vec3Dbl const& newTranslation)
     {
         translation = newTranslation;
         return *this;
     }
-    /// Sets t to `to` − `from`, the displacement that carries the first point onto the second when L is the
-    /// unit matrix. L stays.
+    /// Sets t to `to` − `from`, the displacement that carries the first point onto the second if L is the
+    /// identity matrix. L is unchanged.
     VEXOR_INLINE constexpr AffMat3Dbl& SetTranslation(Pnt3Dbl const& from, Pnt3Dbl const& to)
     {
         return SetTranslation(to - from);
     }
 
-    /// Row first, column second. Every column from 3 up is t.
+    /// The element of that row and column; every column of 3 or more is t.
     VEXOR_INLINE constexpr double& operator()(int row, int column)
     {
         return column >= 3 ? translation[row] : linearPart(row, column);
@@ -85,8 +85,8 @@ public:
         return column == 3 ? translation : linearPart.GetCol(static_cast<unsigned int>(column));
     }
 
-    // Twelve doubles, three rows of four, each row of L followed by its element of t. The two forms
-    // are one layout. A fourth row of the caller's array is neither written nor read.
+    // Twelve doubles, three rows of four, each row of L followed by its element of t. Both forms have the
+    // same layout. A fourth row of the caller's array is neither written nor read.
 
     /// Writes the 3×4 matrix: three rows of four, the translation last in each.
     VEXOR_INLINE constexpr void GetMatrixData(double* const data) const
@@ -96,7 +96,7 @@ public:
                 data[4 * row + column] = (*this)(row, column);
         }
     }
-    /// The same, to an array of rows; a fourth row stays as it was.
+    /// The same, to an array of rows. A fourth row is unchanged.
     VEXOR_INLINE void GetMatrixData(double (*const data)[4]) const
     {
         GetMatrixData(reinterpret_cast<double*>(data));
@@ -114,28 +114,28 @@ public:
 
     // ---- Arithmetic on the twelve numbers ----------------------------------------------------
 
-    /// Adds the twelve numbers.
+    /// Adds each of the twelve numbers.
     VEXOR_INLINE constexpr AffMat3Dbl& operator+=(AffMat3Dbl const& other)
     {
         linearPart += other.linearPart;
         translation += other.translation;
         return *this;
     }
-    /// Subtracts the twelve numbers.
+    /// Subtracts each of the twelve numbers.
     VEXOR_INLINE constexpr AffMat3Dbl& operator-=(AffMat3Dbl const& other)
     {
         linearPart -= other.linearPart;
         translation -= other.translation;
         return *this;
     }
-    /// Multiplies t as well as L: not a composition with a scaling.
+    /// Multiplies each of the twelve numbers, so t too: this is not a composition with a scaling.
     VEXOR_INLINE constexpr AffMat3Dbl& operator*=(double scalar)
     {
         linearPart *= scalar;
         translation *= scalar;
         return *this;
     }
-    /// Twelve divisions.
+    /// Divides each of the twelve numbers.
     VEXOR_INLINE constexpr AffMat3Dbl& operator/=(double scalar)
     {
         linearPart /= scalar;
@@ -167,13 +167,13 @@ public:
     VEXOR_API AffMat3Dbl& Invert();
     /// As `Invert`, on a copy.
     VEXOR_API AffMat3Dbl GetInvertedCopy() const;
-    /// The rotation by the angle in radians about the line through the point along the axis, a unit
-    /// vector; counter-clockwise as seen with the axis pointing at the viewer. The axis is not normalised
-    /// here. With a null axis the linear part is cos(angle) at (0, 0) and 0 elsewhere.
+    /// The rotation by the angle in radians about the line through the point along the axis, a unit vector;
+    /// counter-clockwise as seen with the axis pointing at the viewer. The axis is not normalised here. For a
+    /// null axis the linear part is cos(angle) at (0, 0) and 0 elsewhere.
     VEXOR_API AffMat3Dbl& SetRotation(Pnt3Dbl const& point, Vec3Dbl const& axis, double angle);
-    /// The rotation about the point that carries the direction of `from` into that of `to`. Where the
-    /// squared length of from × to, of `from` or of `to` lies within the global's length tolerance, the
-    /// identity: so for parallel, for antiparallel and for short vectors.
+    /// The rotation about the point that carries the direction of `from` into that of `to`. It is the
+    /// identity if the squared length of from × to, of `from` or of `to` is within the global's length
+    /// tolerance: for parallel, antiparallel and short vectors.
     VEXOR_API AffMat3Dbl& SetRotation(Pnt3Dbl const& point, Vec3Dbl const& from, Vec3Dbl const& to);
 
 private:
@@ -190,7 +190,8 @@ VEXOR_INLINE constexpr AffMat3Dbl operator*(AffMat3Dbl const& left, AffMat3Dbl c
                       (left.LinearPart() * right.Translation()) + left.Translation());
 }
 
-/// L·x + t at full precision: L·x is the product with the position vector and not the one with the point.
+/// L·x + t at full precision: L·x is the product with the position vector, since the product with the point
+/// rounds to single.
 VEXOR_INLINE constexpr Pnt3Dbl operator*(AffMat3Dbl const& map, Pnt3Dbl const& point)
 {
     return Pnt3Dbl(map.LinearPart() * point.Vector()) + map.Translation();

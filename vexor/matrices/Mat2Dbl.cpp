@@ -8,16 +8,15 @@
 
 using vexor::detail::SquareRoot;
 
-// RowSum reads past its object on purpose. Nothing that inspects or moves memory accesses may look at
-// that read: neither the sanitizers, nor an optimiser that sees the caller's object and this function
-// at once, as link-time optimisation does.
+// RowSum reads past its object on purpose. That read must be hidden from the sanitizers and from an optimiser
+// that sees the caller's object together with this function, as link-time optimisation does.
 #if defined(__clang__)
 #    define VEXOR_READS_BEHIND                                                                               \
         __attribute__((noinline, no_sanitize("address", "undefined", "memory", "thread")))
 #elif defined(__GNUC__)
 #    define VEXOR_READS_BEHIND                                                                               \
         __attribute__((noipa, no_sanitize_address, no_sanitize_undefined, no_sanitize_thread))
-#elif defined(_MSC_VER) && _MSC_VER >= 1928 // the first that has this sanitizer
+#elif defined(_MSC_VER) && _MSC_VER >= 1928 // the first version with this sanitizer
 #    define VEXOR_READS_BEHIND __declspec(noinline) __declspec(no_sanitize_address)
 #elif defined(_MSC_VER)
 #    define VEXOR_READS_BEHIND __declspec(noinline)
@@ -27,14 +26,14 @@ using vexor::detail::SquareRoot;
 
 namespace {
 
-/// The double at an address that is a plain number here, tied to no object.
+/// The double at an address, which is passed as an integer so that it refers to no object.
 VEXOR_READS_BEHIND double ReadDoubleAt(std::uintptr_t address)
 {
     return *reinterpret_cast<double const volatile*>(address); // NOLINT(performance-no-int-to-ptr)
 }
 
-/// The symmetric problem (a, b; b, c): r1 is the eigenvalue of larger magnitude, r2 the other; (cosine,
-/// sine) is a unit eigenvector of r1, formed only if asked for.
+/// The symmetric problem (a, b; b, c): r1 is the eigenvalue of larger magnitude, r2 the other; (cosine, sine)
+/// is a unit eigenvector of r1, computed only if requested.
 struct SymmetricEigen {
     double r1;
     double r2;
@@ -80,8 +79,8 @@ SymmetricEigen SolveSymmetric(double a, double b, double c, bool withVectors)
     if (!withVectors)
         return result;
 
-    // (component, 2b) has the direction of an eigenvector. The root takes the sign with which the sum does not
-    // cancel.
+    // (component, 2b) has the direction of an eigenvector. The sign of the root is chosen so that the sum
+    // does not cancel.
     int const differenceSign = difference >= 0.0 ? 1 : -1;
     double const component = difference >= 0.0 ? difference + root : difference - root;
     if (std::fabs(component) > absTwiceB) {
@@ -130,7 +129,7 @@ void Mat2Dbl::EigenSym(Vec2Dbl& values, int withVectors)
 {
     SymmetricEigen const e = SolveSymmetric(rows[0].x, rows[0].y, rows[1].y, withVectors != 0);
     if (withVectors == 0) {
-        // Equal values, two zeros of different sign among them, stay in this order; below they swap.
+        // Equal values, including two zeros of different sign, keep this order; below they swap.
         if (e.r2 < e.r1)
             values.SetValue(e.r2, e.r1);
         else

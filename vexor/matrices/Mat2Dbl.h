@@ -5,32 +5,32 @@
 
 VEXOR_EXACT_BEGIN
 
-/// A 2×2 matrix of doubles: two rows, each a `Vec2Dbl` inside the object, so that the four elements lie
-/// row by row, and nothing else.
+/// A 2×2 matrix of doubles: two rows, each a `Vec2Dbl`, and nothing else. The four elements are stored row by
+/// row.
 ///
-/// Unlike `Mat3Dbl`, which keeps the factors of a factorisation, it keeps its explicit inverse, so that
-/// an inverted matrix may be copied and go on solving; and where `Mat3Dbl` refuses exact zeros alone,
-/// it refuses a determinant below a fixed threshold. Indices count from 0 and are not checked.
+/// `Solve` keeps the explicit inverse here and the factors in `Mat3Dbl`, so a copy of an inverted matrix can
+/// solve too. `Mat3Dbl` refuses only exact zeros; this class refuses a determinant below a fixed threshold.
+/// Indices count from 0 and are not checked.
 class VEXOR_CLASS Mat2Dbl {
 public:
     // ---- Construction ------------------------------------------------------------------------
 
-    /// Leaves the elements as the memory held them.
+    /// Leaves the elements unset: they keep what was in memory.
     VEXOR_KEEP_MEMORY VEXOR_INLINE Mat2Dbl() {}
-    /// All four elements take the value, not the diagonal alone.
+    /// Sets all four elements to the value, not only the diagonal.
     VEXOR_INLINE constexpr Mat2Dbl(double value) : rows{value, value} {}
-    /// The arguments become the rows.
+    /// Sets the rows, in order.
     VEXOR_INLINE constexpr Mat2Dbl(Vec2Dbl const& row0, Vec2Dbl const& row1) : rows{row0, row1} {}
-    /// Copies.
+    /// Copies the four elements.
     Mat2Dbl(Mat2Dbl const&) = default;
     ~Mat2Dbl() = default;
 
-    /// Copies.
+    /// Copies the four elements.
     Mat2Dbl& operator=(Mat2Dbl const&) = default;
 
     // ---- Elements, rows and columns ----------------------------------------------------------
 
-    /// Row first, column second.
+    /// The element of that row and column.
     VEXOR_INLINE constexpr double& operator()(int row, int column)
     {
         return VEXOR_CONSTANT_EVALUATED() ? rows[row][column]
@@ -43,7 +43,7 @@ public:
                                           : vexor::detail::ElementOf<double const, 2, 2>(*this, row, column);
     }
 
-    /// The row inside the matrix, to read: unlike `Mat3Dbl`, none is handed out for writing.
+    /// The row inside the matrix, read-only; `Mat3Dbl` also has a form for writing.
     VEXOR_INLINE constexpr Vec2Dbl const& GetRow(unsigned int row) const
     {
         return VEXOR_CONSTANT_EVALUATED()
@@ -59,7 +59,7 @@ public:
             vexor::detail::ElementOf<Vec2Dbl, 2>(*this, static_cast<int>(row)) = values;
         return *this;
     }
-    /// A copy: columns are not stored as vectors.
+    /// A copy of the column: columns are not stored as vectors.
     VEXOR_INLINE constexpr Vec2Dbl GetCol(unsigned int column) const
     {
         int const c = static_cast<int>(column);
@@ -76,28 +76,28 @@ public:
     }
     /// A copy of the main diagonal.
     VEXOR_INLINE constexpr Vec2Dbl GetDiagonal() const { return Vec2Dbl(rows[0].x, rows[1].y); }
-    /// Writes the diagonal; the other elements stay.
+    /// Writes the diagonal; the other elements are unchanged.
     VEXOR_INLINE constexpr Mat2Dbl& SetDiagonal(Vec2Dbl const& values)
     {
         rows[0].x = values.x;
         rows[1].y = values.y;
         return *this;
     }
-    /// Writes the value on the diagonal; the other elements stay.
+    /// Writes the value on the diagonal; the other elements are unchanged.
     VEXOR_INLINE constexpr Mat2Dbl& SetDiagonal(double value) { return SetDiagonal(Vec2Dbl(value)); }
 
-    /// All four elements take the value.
+    /// Sets all four elements to the value.
     VEXOR_INLINE constexpr Mat2Dbl& SetValue(double value)
     {
         Vec2Dbl const row(value);
         return SetValue(row, row);
     }
-    /// The arguments become the rows.
+    /// Sets the rows, in order.
     VEXOR_INLINE constexpr Mat2Dbl& SetValue(Vec2Dbl const& row0, Vec2Dbl const& row1)
     {
         return *this = Mat2Dbl(row0, row1); // an argument may be one of our own rows
     }
-    /// Copies the rows to the arguments. Not const, though it changes nothing.
+    /// Copies the rows to the arguments. Not const, although it changes nothing.
     VEXOR_INLINE constexpr void GetValue(Vec2Dbl& row0, Vec2Dbl& row1)
     {
         row0 = rows[0];
@@ -106,7 +106,7 @@ public:
 
     // ---- The whole matrix --------------------------------------------------------------------
 
-    /// Sets the unit matrix.
+    /// Sets the identity matrix.
     VEXOR_INLINE constexpr Mat2Dbl& Identity() { return SetValue(Vec2Dbl(1.0, 0.0), Vec2Dbl(0.0, 1.0)); }
     /// Transposes in place.
     VEXOR_INLINE constexpr Mat2Dbl& Transpose() { return *this = GetTransposedCopy(); }
@@ -125,12 +125,12 @@ public:
     /// The negated copy.
     VEXOR_INLINE constexpr Mat2Dbl GetNegatedCopy() const { return Mat2Dbl(-rows[0], -rows[1]); }
 
-    /// (row 0 + row 1) + THE TWO DOUBLES THAT FOLLOW THE MATRIX IN MEMORY.
+    /// Returns (row 0 + row 1) + THE TWO DOUBLES THAT FOLLOW THE MATRIX IN MEMORY.
     ///
-    /// Only call it on the linear part of an `AffMat2Dbl`, where those two are the translation. A matrix
-    /// that stands alone is followed by whatever the program keeps there: the result is then arbitrary,
-    /// and in the worst case, at the end of a mapped page, the read ends the process. For the sum of the
-    /// two rows alone write `m.GetRow(0) + m.GetRow(1)`. Not const, though it changes nothing.
+    /// Only call it on the linear part of an `AffMat2Dbl`, where those two are the translation. For any other
+    /// matrix the two doubles are unrelated memory: the result is arbitrary, and at the end of a mapped page
+    /// the read can end the process. For the sum of the two rows alone write `m.GetRow(0) + m.GetRow(1)`. Not
+    /// const, although it changes nothing.
     VEXOR_API Vec2Dbl RowSum();
     /// `RowSum()`, with the same third term and the same warning, times the reciprocal of 2 (not of 3).
     VEXOR_API Vec2Dbl RowAverage();
@@ -154,7 +154,7 @@ public:
         rows[1] *= scalar;
         return *this;
     }
-    /// Four divisions, unlike the free `operator/`, which multiplies by a reciprocal.
+    /// Divides each element by the scalar; the free `operator/` multiplies by a reciprocal.
     VEXOR_INLINE constexpr Mat2Dbl& operator/=(double scalar)
     {
         rows[0] /= scalar;
@@ -177,10 +177,10 @@ public:
     }
 
     // ---- Inverse and solution ----------------------------------------------------------------
-    // With the determinant d = m00·m11 − m01·m10. Where |d| is below 1e-20, all of these but `ReSolve`
-    // raise `VexorSingular`, with the matrix and the right-hand sides unchanged. The threshold is
-    // absolute, whatever the scale of the elements: a perfectly conditioned matrix of elements around
-    // 1e-11 is refused. A NaN passes.
+    // With the determinant d = m00·m11 − m01·m10. If |d| is below 1e-20, all of these except `ReSolve` raise
+    // `VexorSingular`, with the matrix and the right-hand sides unchanged. The threshold is absolute and does
+    // not scale with the elements: even a perfectly conditioned matrix of elements around 1e-11 is refused. A
+    // NaN is not refused.
 
     /// Replaces the matrix by its inverse: four divisions by d.
     VEXOR_API Mat2Dbl& Invert();
@@ -198,25 +198,25 @@ public:
         Invert();
         ReSolve(vector);
     }
-    /// The same for `count` vectors, any number. With a count below 1 the matrix is inverted all the
-    /// same.
+    /// The same for `count` vectors, any number. With a count below 1 the matrix is still inverted.
     VEXOR_INLINE void Solve(Vec2Dbl* const vectors, int count)
     {
         Invert();
         ReSolve(vectors, count);
     }
-    /// Replaces the vector by matrix · vector: after `Solve` or `Invert`, the next solution. It checks
-    /// nothing and needs no more than the four elements. Not const, though it changes no element.
+    /// Replaces the vector by matrix · vector: after `Solve` or `Invert` that is the solution for another
+    /// right-hand side. It checks nothing and uses only the four elements. Not const, although it changes no
+    /// element.
     VEXOR_INLINE void ReSolve(Vec2Dbl& vector);
     /// The same for `count` vectors, one after the other; none for a count below 1.
     VEXOR_INLINE void ReSolve(Vec2Dbl* const vectors, int count);
 
     // ---- Symmetric eigenproblem --------------------------------------------------------------
 
-    /// The eigenvalues in ascending order of the symmetric matrix whose upper triangle this is: m10 is
-    /// not read. If `withVectors` is not 0, also overwrites the matrix: row i is a unit eigenvector of
-    /// eigenvalue i. Never fails, and unlike `Mat3Dbl` takes a multiple of the unit matrix as well; a NaN
-    /// on the diagonal need not show in the result.
+    /// Computes the eigenvalues, in ascending order, of a symmetric matrix, of which only the upper triangle
+    /// is read: m10 is not. If `withVectors` is not 0, also overwrites the matrix: row i is a unit
+    /// eigenvector of eigenvalue i. It never fails; unlike in `Mat3Dbl`, a multiple of the identity matrix is
+    /// accepted. A NaN on the diagonal may not appear in the result.
     VEXOR_API void EigenSym(Vec2Dbl& values, int withVectors);
 
 private:
@@ -237,8 +237,8 @@ VEXOR_INLINE constexpr Mat2Dbl operator*(double scalar, Mat2Dbl const& matrix)
     return matrix * scalar;
 }
 
-/// Forms 1 / scalar once and multiplies by it, unlike `operator/=`, which divides: the two may differ
-/// in the last place.
+/// Computes 1 / scalar once and multiplies by it; `operator/=` divides. The two results may differ in the
+/// last place.
 VEXOR_INLINE constexpr Mat2Dbl operator/(Mat2Dbl const& matrix, double scalar)
 {
     return matrix * (1.0 / scalar);
@@ -262,8 +262,8 @@ VEXOR_INLINE constexpr Mat2Dbl operator-(Mat2Dbl const& left, Mat2Dbl const& rig
     return Mat2Dbl(left.GetRow(0) - right.GetRow(0), left.GetRow(1) - right.GetRow(1));
 }
 
-/// Row r, column c is left(r, 0)·right(0, c) + left(r, 1)·right(1, c). The sum starts from the first
-/// product and not from 0 as in `Mat3Dbl`, so two products of −0 make −0.
+/// Row r, column c is left(r, 0)·right(0, c) + left(r, 1)·right(1, c). The sum starts from the first product
+/// and not from 0 as in `Mat3Dbl`, so two products of −0 give −0.
 VEXOR_INLINE constexpr Mat2Dbl operator*(Mat2Dbl const& left, Mat2Dbl const& right)
 {
     return Mat2Dbl(Vec2Dbl(left(0, 0) * right(0, 0) + left(0, 1) * right(1, 0),

@@ -20,10 +20,10 @@ void Mat3Dbl::Solve(Vec3Dbl& rightSide)
     double* const elements = Elements();
     LocalRowsOfThree factors(elements);
     if (vexor::detail::Decompose(factors) != 0) {
-        small_decompose(elements, pivotOrder, 3); // leaves what a failing factorisation leaves
+        small_decompose(elements, pivotOrder, 3); // stores the partial result of the failing factorisation
         vexor::detail::RaiseSingular();
     }
-    // Read before the factors are stored: the right-hand side may be one of our own rows.
+    // Read before the factors are stored, since the right-hand side may be one of our own rows.
     double solution[3] = {rightSide[factors.Order(0)], rightSide[factors.Order(1)],
                           rightSide[factors.Order(2)]};
     factors.Store(elements, pivotOrder);
@@ -61,12 +61,12 @@ Mat3Dbl& Mat3Dbl::Invert()
     double* const elements = Elements();
     LocalRowsOfThree factors(elements);
     if (vexor::detail::Decompose(factors) != 0) {
-        small_decompose(elements, pivotOrder, 3); // leaves what a failing factorisation leaves
+        small_decompose(elements, pivotOrder, 3); // stores the partial result of the failing factorisation
         vexor::detail::RaiseSingular();
     }
     factors.StoreOrder(pivotOrder);
-    // The columns of the unit matrix are solved for in the order of the pivot rows: the 1 then stands at
-    // a known place in the factors' order, whichever row was the pivot.
+    // The columns of the identity matrix are solved in the order of the pivot rows: the 1 is then at a known
+    // place in the factors' order, whichever row was the pivot.
     auto const storeColumn = [&](double y0, double y1, double y2, int column) {
         double solution[3] = {y0, y1, y2};
         vexor::detail::Substitute(factors, [&](int i) -> double& { return solution[i]; });
@@ -103,7 +103,7 @@ namespace {
 
 constexpr double third = 0.3333333333333333;
 
-// Relative and without a floor: two values do not coincide merely for being small.
+// The test is relative without a minimum: two values do not coincide only because they are small.
 bool EigenValuesCoincide(double x, double y, double factor)
 {
     if (y == x)
@@ -113,9 +113,9 @@ bool EigenValuesCoincide(double x, double y, double factor)
     return difference < larger * (factor * std::numeric_limits<double>::epsilon());
 }
 
-// Keeps the compiler from loading an element together with its neighbour. A matrix that was copied a moment
-// ago was stored row by row, two doubles and one; a load of two that spans such stores has to wait for both
-// (failed store forwarding). With clang 14 the eigenvalues then take 1.6 times as long.
+// Keeps the compiler from loading an element together with its neighbour. A matrix that was just copied was
+// stored row by row, two doubles and one. A load of two doubles that spans such stores stalls until both
+// finish (failed store forwarding). With clang 14 the eigenvalues then take 1.6 times as long.
 double LoadAlone(double element)
 {
 #if defined(__GNUC__) && defined(__SSE2__)
@@ -124,7 +124,7 @@ double LoadAlone(double element)
     return element;
 }
 
-/// A symmetric matrix by its upper triangle:
+/// The upper triangle of a symmetric matrix:
 ///     a b c
 ///       d e
 ///         f
@@ -151,7 +151,7 @@ Vec3Dbl UpperTriangle::EigenValues() const
     double const T = a * d + f * (a + d) - e * e - b * b - c * c;
     double const D = f * (b * b - a * d) + a * (e * e) - 2.0 * b * c * e + c * c * d;
 
-    // Without its square term, x³ + P·x + Q. With three equal roots P is 0; a NaN goes on to the result.
+    // Without its square term, x³ + P·x + Q. With three equal roots P is 0; a NaN propagates to the result.
     double const P = T - S * S * third;
     if (P >= 0.0)
         vexor::detail::RaiseComputationFailed();
@@ -175,9 +175,9 @@ Vec3Dbl UpperTriangle::EigenValues() const
     return Vec3Dbl(lower, e3, higher);
 }
 
-// The cross product of two rows of the matrix less the eigenvalue: those with the largest 2×2 minor through
-// the largest element. Of equal candidates the first wins; a NaN never wins. Rank means comparison with
-// exactly 0.
+// The cross product of two rows of the matrix less the eigenvalue: the two rows with the largest 2×2 minor
+// that contains the largest element. On a tie the first wins; a NaN never wins. The rank is decided by
+// comparison with exactly 0.
 //
 // The branches on the two choices are mispredicted. A form without them, three times as long, took 0.95 of the
 // time of `EigenSym` with vectors on an AMD Zen 5, 0.85 on an Intel Sapphire Rapids (0.75 with clang), and half
@@ -230,7 +230,7 @@ Vec3Dbl UpperTriangle::EigenVector(double eigenValue) const
     } else if (std::fabs(w[p][q2]) > std::fabs(w[p][q1])) {
         result[q2] = 1.0;
         result[q] = -w[p][q2] / w[p][q];
-    } else { // whatever the signs of the two elements
+    } else { // for any signs of the two elements
         result[q1] = 1.0;
         result[q2] = -1.0;
     }

@@ -11,29 +11,29 @@ class MatDbl;
 
 VEXOR_EXACT_BEGIN
 
-/// A 3×3 matrix of doubles: three rows, each a `Vec3Dbl` inside the object, so that the nine elements
-/// lie row by row. Behind them stand three bytes with the row order of the last factorisation.
+/// A 3×3 matrix of doubles: three rows, each a `Vec3Dbl`, so that the nine elements are stored row by row.
+/// Three bytes with the row order of the last factorisation follow them.
 ///
-/// A factorisation overwrites the elements and writes those bytes; nothing else writes them, and no
-/// copy carries them. The matrix does not know that it holds factors: every operation but `ReSolve`
-/// takes its elements as they stand. Indices count from 0 and are not checked.
+/// Only a factorisation writes those bytes; it also overwrites the elements. A copy does not have them. The
+/// matrix does not record that it holds factors: every operation except `ReSolve` uses its elements as a
+/// plain matrix. Indices count from 0 and are not checked.
 class VEXOR_CLASS Mat3Dbl {
 public:
     // ---- Construction ------------------------------------------------------------------------
 
-    /// Leaves the elements as the memory held them.
+    /// Leaves the elements unset: they keep what was in memory.
     VEXOR_KEEP_MEMORY VEXOR_INLINE Mat3Dbl() {}
-    /// All nine elements take the value, not the diagonal alone.
+    /// Sets all nine elements to the value, not only the diagonal.
     VEXOR_INLINE constexpr Mat3Dbl(double value) : rows{value, value, value} {}
-    /// The arguments become the rows.
+    /// Sets the rows, in order.
     VEXOR_INLINE constexpr Mat3Dbl(Vec3Dbl const& row0, Vec3Dbl const& row1, Vec3Dbl const& row2)
         : rows{row0, row1, row2}
     {}
-    /// Copies the nine elements and not the row order of a factorisation: `ReSolve` works on the
-    /// factorised object alone.
+    /// Copies the nine elements but not the row order of a factorisation: `ReSolve` works only on the
+    /// factorised object.
     VEXOR_INLINE constexpr Mat3Dbl(Mat3Dbl const& other) : rows{other.rows[0], other.rows[1], other.rows[2]}
     {}
-    /// The top left block of `other`, not transposed; zeros where `other` is smaller. Comes with
+    /// Copies the top left block of `other`, not transposed; zeros where `other` is smaller. Requires
     /// MatDbl.h.
     VEXOR_INLINE Mat3Dbl(MatDbl const& other);
     ~Mat3Dbl() = default;
@@ -49,7 +49,7 @@ public:
 
     // ---- Elements, rows and columns ----------------------------------------------------------
 
-    /// Row first, column second.
+    /// The element of that row and column.
     VEXOR_INLINE constexpr double& operator()(int row, int column)
     {
         return VEXOR_CONSTANT_EVALUATED() ? rows[row][column]
@@ -69,7 +69,7 @@ public:
                    ? rows[row]
                    : vexor::detail::ElementOf<Vec3Dbl, 3>(*this, static_cast<int>(row));
     }
-    /// The row; nothing checks its index.
+    /// The row, read-only. The index is not checked.
     VEXOR_INLINE constexpr Vec3Dbl const& GetRow(unsigned int row) const
     {
         return VEXOR_CONSTANT_EVALUATED()
@@ -82,7 +82,7 @@ public:
         GetRow(row) = values;
         return *this;
     }
-    /// A copy: columns are not stored as vectors.
+    /// A copy of the column: columns are not stored as vectors.
     VEXOR_INLINE constexpr Vec3Dbl GetCol(unsigned int column) const
     {
         int const c = static_cast<int>(column);
@@ -100,7 +100,7 @@ public:
     }
     /// A copy of the main diagonal.
     VEXOR_INLINE constexpr Vec3Dbl GetDiagonal() const { return Vec3Dbl(rows[0].x, rows[1].y, rows[2].z); }
-    /// Writes the diagonal; the other elements stay.
+    /// Writes the diagonal; the other elements are unchanged.
     VEXOR_INLINE constexpr Mat3Dbl& SetDiagonal(Vec3Dbl const& values)
     {
         rows[0].x = values.x;
@@ -108,21 +108,21 @@ public:
         rows[2].z = values.z;
         return *this;
     }
-    /// Writes the value on the diagonal; the other elements stay.
+    /// Writes the value on the diagonal; the other elements are unchanged.
     VEXOR_INLINE constexpr Mat3Dbl& SetDiagonal(double value) { return SetDiagonal(Vec3Dbl(value)); }
 
-    /// All nine elements take the value.
+    /// Sets all nine elements to the value.
     VEXOR_INLINE constexpr Mat3Dbl& SetValue(double value)
     {
         Vec3Dbl const row(value);
         return SetValue(row, row, row);
     }
-    /// The arguments become the rows.
+    /// Sets the rows, in order.
     VEXOR_INLINE constexpr Mat3Dbl& SetValue(Vec3Dbl const& row0, Vec3Dbl const& row1, Vec3Dbl const& row2)
     {
         return *this = Mat3Dbl(row0, row1, row2); // an argument may be one of our own rows
     }
-    /// Copies the rows to the arguments. Not const, though it changes nothing.
+    /// Copies the rows to the arguments. Not const, although it changes nothing.
     VEXOR_INLINE constexpr void GetValue(Vec3Dbl& row0, Vec3Dbl& row1, Vec3Dbl& row2)
     {
         Mat3Dbl const copy(*this); // an argument may be one of our own rows
@@ -133,7 +133,7 @@ public:
 
     // ---- The whole matrix --------------------------------------------------------------------
 
-    /// Sets the unit matrix.
+    /// Sets the identity matrix.
     VEXOR_INLINE constexpr Mat3Dbl& Identity()
     {
         SetValue(0.0);
@@ -182,7 +182,7 @@ public:
         rows[2] *= scalar;
         return *this;
     }
-    /// Nine divisions, unlike the free `operator/`, which multiplies by a reciprocal.
+    /// Divides each element by the scalar; the free `operator/` multiplies by a reciprocal.
     VEXOR_INLINE constexpr Mat3Dbl& operator/=(double scalar)
     {
         rows[0] /= scalar;
@@ -208,25 +208,26 @@ public:
     }
 
     // ---- Solving ---------------------------------------------------------------------------------
-    // The matrix is factorised in place by `small_decompose`. It is singular if the elements of a row are all
-    // zeros or NaN, or if all candidates for a pivot are; no tolerance is involved, and a nearly singular
-    // matrix yields huge results.
+    // The matrix is factorised in place by `small_decompose`. It counts as singular if the elements of a row
+    // are all zeros or NaN, or if all candidates for a pivot are. No tolerance is used; a nearly singular
+    // matrix gives huge results.
 
-    /// Overwrites b by the solution x of A·x = b, and this matrix by its factors, for `ReSolve`. Raises
-    /// `VexorSingular`, with b unchanged; this matrix is then unchanged if it holds a row of zeros and NaNs,
-    /// and partly transformed otherwise. A second `Solve` would factorise the factors.
+    /// Overwrites b with the solution x of A·x = b, and this matrix with its factors, for `ReSolve`. Raises
+    /// `VexorSingular`, with b unchanged, for a singular matrix. The matrix is then unchanged if it has a row
+    /// of zeros and NaNs, and partly transformed otherwise. A second `Solve` would factorise the factors.
     VEXOR_API void Solve(Vec3Dbl& rightSide);
-    /// The same for an array of 1 or of 3 right-hand sides outside this matrix. With another count the
-    /// right-hand sides are read at element k·`count` of the array seen as doubles, and with a count above
-    /// 3 beyond its end: see `small_substitution`.
+    /// The same for an array of 1 or 3 right-hand sides outside this matrix. Right-hand side k is read at
+    /// element k·`count` of the array of doubles. With another count they overlap or leave gaps; with a count
+    /// above 3 they extend beyond the array's end: see `small_substitution`.
     VEXOR_API void Solve(Vec3Dbl* const rightSides, int count);
-    /// As `Solve`, with the factors that the last `Solve` left in this very object. Nothing is checked:
-    /// on a matrix that was never factorised, on a copy, after `Invert` or after any change of the
-    /// elements the result has no meaning.
+    /// As `Solve`, with the factors that the last `Solve` left in this object. Nothing is checked. The result
+    /// is meaningless on a matrix that was never factorised, on a copy, after `Invert` and after any change
+    /// of the elements.
     VEXOR_API void ReSolve(Vec3Dbl& rightSide);
     /// As above for `count` right-hand sides, 1 or 3.
     VEXOR_API void ReSolve(Vec3Dbl* const rightSides, int count);
-    /// Replaces the matrix by its inverse. Raises `VexorSingular`, the matrix left as in `Solve`.
+    /// Replaces the matrix by its inverse. Raises `VexorSingular` as `Solve` does, with the matrix in the
+    /// same state.
     VEXOR_API Mat3Dbl& Invert();
     /// As `Invert`, on a copy.
     VEXOR_API Mat3Dbl GetInvertedCopy() const;
@@ -234,26 +235,26 @@ public:
     // ---- Spectra -----------------------------------------------------------------------------------
 
     /// The singular values in descending order; row k of this matrix becomes the left singular vector of
-    /// value k. Goes through `MatDbl::Svd`, whose exceptions leave this matrix and the argument unchanged.
+    /// value k. Calls `MatDbl::Svd`; if that raises, this matrix and the argument are unchanged.
     VEXOR_API void Svd(Vec3Dbl& singularValues);
     /// The eigenvalues of a symmetric matrix in ascending order, by the closed trigonometric solution of
     /// its characteristic cubic; if `wantVectors` is not 0, row i of this matrix becomes the unit
     /// eigenvector of value i. Only the upper triangle is read.
     ///
     /// Well separated eigenvalues are right to the last digits of the largest; close ones may lose half of
-    /// all digits, and their vectors more (docs/eigen-accuracy.md). `MatDbl::EigenSym` is the sure way.
+    /// all digits, and their vectors more (docs/eigen-accuracy.md). `MatDbl::EigenSym` is reliable.
     ///
-    /// Raises `VexorComputationFailed`, with nothing changed, where the arithmetic finds three equal
-    /// eigenvalues, as for the unit matrix. Where two neighbouring eigenvalues coincide to 10 units of
-    /// rounding, the second vector of the pair is a cross product: of rows 0 and 1 for the
-    /// upper pair; of rows 0 and 2 for the lower pair, so that the rows are then left-handed. Where all
-    /// three coincide, the rows are those of the unit matrix. The `VexorNullVector` of
-    /// `GetEigenVectorGivenEigenValue` never occurs in practice.
+    /// Raises `VexorComputationFailed`, with nothing changed, if the arithmetic finds three equal
+    /// eigenvalues, as for the identity matrix. If two neighbouring eigenvalues coincide to 10 units of
+    /// rounding, the second vector of the pair is a cross product: of rows 0 and 1 for the upper pair; of
+    /// rows 0 and 2 for the lower pair, which makes the rows left-handed. If all three coincide, the rows are
+    /// those of the identity matrix. The `VexorNullVector` of `GetEigenVectorGivenEigenValue` never occurs in
+    /// practice.
     VEXOR_API void EigenSym(Vec3Dbl& eigenValues, int wantVectors);
-    /// A unit eigenvector of a symmetric matrix for an eigenvalue, which is taken as given. Only the upper
-    /// triangle is read. If the matrix is that value times the unit matrix, (1, 0, 0). Raises
-    /// `VexorNullVector` if the arithmetic yields a null vector, which it never does in practice: the vector
-    /// is built around an element that was chosen because it is not 0.
+    /// A unit eigenvector of a symmetric matrix for an eigenvalue, which is not checked. Only the upper
+    /// triangle is read. It is (1, 0, 0) if the matrix is that value times the identity matrix. Raises
+    /// `VexorNullVector` if the arithmetic gives a null vector. This never occurs in practice, since the
+    /// vector is built around an element that was chosen because it is not 0.
     VEXOR_API void GetEigenVectorGivenEigenValue(Vec3Dbl& eigenVector, double eigenValue);
 
 private:
@@ -262,8 +263,8 @@ private:
 #if defined(VEXOR_CHECKED)
     unsigned char pivotOrder[3] = {255, 255, 255}; // the order of no factors
 #else
-    // A constant must have every field set, and a constructor at run time must write none of these: so it sets
-    // the member of no size.
+    // A constant expression must set every field, but a constructor at run time must write none of these
+    // bytes. So it sets the empty member.
     union {
         vexor::detail::Nothing noOrder = {};
         unsigned char pivotOrder[3];
@@ -290,8 +291,8 @@ VEXOR_INLINE constexpr Mat3Dbl operator*(double scalar, Mat3Dbl const& matrix)
     return matrix * scalar;
 }
 
-/// Forms 1 / scalar once and multiplies by it, unlike `operator/=`, which divides: the two may differ
-/// in the last place.
+/// Computes 1 / scalar once and multiplies by it; `operator/=` divides. The two results may differ in the
+/// last place.
 VEXOR_INLINE constexpr Mat3Dbl operator/(Mat3Dbl const& matrix, double scalar)
 {
     return matrix * (1.0 / scalar);
@@ -319,11 +320,11 @@ VEXOR_INLINE constexpr Mat3Dbl operator-(Mat3Dbl const& left, Mat3Dbl const& rig
 
 namespace vexor::detail {
 
-/// The dot products of the rows with the vector.
+/// Matrix times column vector: the dot products of the rows with the vector.
 inline Vec3Dbl ProductInPairs(Mat3Dbl const& matrix, Vec3Dbl const& vector)
 {
-    // Each component is the sum (x + y) + z of `Vec3Dbl::Dot`; rows 0 and 1 are added up side by side.
-    // Over an array this takes 0.9 of the time of three dot products (g++ -O3) to 0.65 (clang++ -O3 with AVX2).
+    // Each component is the sum (x + y) + z of `Vec3Dbl::Dot`; rows 0 and 1 are summed in parallel. Over an
+    // array this takes 0.9 (g++ -O3) to 0.65 (clang++ -O3 with AVX2) of the time of three dot products.
     Vec3Dbl const& row0 = matrix.GetRow(0);
     Vec3Dbl const& row1 = matrix.GetRow(1);
     Vec3Dbl const& row2 = matrix.GetRow(2);
@@ -336,8 +337,8 @@ inline Vec3Dbl ProductInPairs(Mat3Dbl const& matrix, Vec3Dbl const& vector)
 
 } // namespace vexor::detail
 
-/// The matrix product. Each element is ((0.0 + l₀·r₀) + l₁·r₁) + l₂·r₂; the sum starts from 0.0, so that
-/// no element is −0.
+/// The matrix product. Each element is ((0.0 + l₀·r₀) + l₁·r₁) + l₂·r₂; the sum starts from 0.0, so no
+/// element is −0.
 VEXOR_INLINE constexpr Mat3Dbl operator*(Mat3Dbl const& left, Mat3Dbl const& right)
 {
     auto const row = [&right](Vec3Dbl const& factors) {
@@ -347,7 +348,7 @@ VEXOR_INLINE constexpr Mat3Dbl operator*(Mat3Dbl const& left, Mat3Dbl const& rig
     return Mat3Dbl(row(left.GetRow(0)), row(left.GetRow(1)), row(left.GetRow(2)));
 }
 
-/// The dot products of the rows with the vector.
+/// Matrix times column vector: the dot products of the rows with the vector.
 VEXOR_INLINE constexpr Vec3Dbl operator*(Mat3Dbl const& matrix, Vec3Dbl const& vector)
 {
     if (VEXOR_CONSTANT_EVALUATED())
@@ -356,15 +357,15 @@ VEXOR_INLINE constexpr Vec3Dbl operator*(Mat3Dbl const& matrix, Vec3Dbl const& v
     return vexor::detail::ProductInPairs(matrix, vector);
 }
 
-/// The product in double, each component rounded to single once.
+/// Matrix times column vector in double, each component rounded to single once.
 VEXOR_INLINE Vec3Flt operator*(Mat3Dbl const& matrix, Vec3Flt const& vector)
 {
     return (matrix * Vec3Dbl(vector)).ToVec3Flt();
 }
 
-/// The point passes through single precision: each coordinate of the product is rounded to single
-/// before it is stored in its double, so that the result carries about seven digits. The product with
-/// `Pnt3Dbl::Vector()` keeps full precision.
+/// Matrix times point, in single precision: each coordinate of the product is rounded to single before it is
+/// stored as a double, so the result has about seven digits. The product with `Pnt3Dbl::Vector()` keeps full
+/// precision.
 VEXOR_INLINE Pnt3Dbl operator*(Mat3Dbl const& matrix, Pnt3Dbl const& point)
 {
     using vexor::detail::RoundToSingle;
@@ -372,7 +373,7 @@ VEXOR_INLINE Pnt3Dbl operator*(Mat3Dbl const& matrix, Pnt3Dbl const& point)
     return Pnt3Dbl(RoundToSingle(product.x), RoundToSingle(product.y), RoundToSingle(product.z));
 }
 
-/// The product in double, each coordinate rounded to single once.
+/// Matrix times point in double, each coordinate rounded to single once.
 VEXOR_INLINE Pnt3Flt operator*(Mat3Dbl const& matrix, Pnt3Flt const& point)
 {
     return matrix * point.Vector();

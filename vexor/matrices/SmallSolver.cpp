@@ -18,7 +18,8 @@ int small_decompose(double* matrix, unsigned char* pivotOrder, int size)
             rows.Store(matrix, pivotOrder);
             return 0;
         }
-        // Nothing is stored yet; the rows in storage show how far a failing factorisation comes.
+        // Nothing is stored yet. The rows in storage are factorised again, since a failing factorisation
+        // leaves them partly transformed.
     }
     StoredRows rows(matrix, pivotOrder, size);
     return vexor::detail::Decompose(rows);
@@ -27,7 +28,7 @@ int small_decompose(double* matrix, unsigned char* pivotOrder, int size)
 void small_substitution(double* factors, double* rightSides, unsigned char* pivotOrder, int size, int count)
 {
     if (count < 1 || size < 1 || size > largestSmallSize)
-        return; // before anything is read: the row order need not be set
+        return; // returns before reading anything, since the row order may be unset
     if (size == 3) {
         LocalRowsOfThree rows(factors);
         rows.Load(pivotOrder);

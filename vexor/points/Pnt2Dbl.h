@@ -9,8 +9,8 @@ VEXOR_EXACT_BEGIN
 
 /// A point in the plane: two doubles and nothing else, laid out as an array of two, as in `Vec2Dbl`.
 ///
-/// What a point is, see `Pnt3Dbl`: a place, where a vector is a displacement. Predicates return 1 or 0,
-/// here `operator<` too.
+/// A point is a place and a vector a displacement, as `Pnt3Dbl` explains. Predicates return 1 or 0; here
+/// `operator<` does too.
 class VEXOR_CLASS Pnt2Dbl {
 public:
     double x; ///< Coordinate 0.
@@ -18,23 +18,23 @@ public:
 
     // ---- Construction ------------------------------------------------------------------------
 
-    /// Leaves the coordinates as the memory held them.
+    /// Leaves the coordinates unset: they keep what was in memory.
     VEXOR_KEEP_MEMORY VEXOR_INLINE Pnt2Dbl() { vexor::detail::LeaveUnset(x, y); }
-    /// Both coordinates take the value.
+    /// Sets both coordinates to the value.
     VEXOR_INLINE constexpr Pnt2Dbl(double value) : x(value), y(value) {}
     /// The same for any integer type: a literal 0 is a number here, not a null pointer.
     template <class Integer, vexor::detail::IfInteger<Integer> = 0>
     constexpr Pnt2Dbl(Integer value) : Pnt2Dbl(static_cast<double>(value))
     {}
-    /// The coordinates, in order.
+    /// Sets the coordinates, in order.
     VEXOR_INLINE constexpr Pnt2Dbl(double x0, double y0) : x(x0), y(y0) {}
     /// Copies two doubles from the array.
     VEXOR_INLINE constexpr Pnt2Dbl(double* values) : x(values[0]), y(values[1]) {}
-    /// Copies.
+    /// Copies both coordinates.
     Pnt2Dbl(Pnt2Dbl const&) = default;
     /// The point that the vector leads to from the origin.
     VEXOR_INLINE constexpr Pnt2Dbl(Vec2Dbl const& vector) : x(vector.x), y(vector.y) {}
-    /// Widens each coordinate exactly. Comes with Pnt2Flt.h.
+    /// Widens each coordinate exactly. Requires Pnt2Flt.h.
     VEXOR_INLINE Pnt2Dbl(Pnt2Flt const& other);
     /// Widens each component exactly.
     VEXOR_INLINE Pnt2Dbl(Vec2Flt const& vector) : x(vector.x), y(vector.y) {}
@@ -42,16 +42,16 @@ public:
 
     // ---- Assignment and access ---------------------------------------------------------------
 
-    /// Copies.
+    /// Copies both coordinates.
     Pnt2Dbl& operator=(Pnt2Dbl const&) = default;
     /// Takes the vector's components as coordinates.
     VEXOR_INLINE constexpr Pnt2Dbl& operator=(Vec2Dbl const& vector) { return SetValue(vector.x, vector.y); }
-    /// Widens each coordinate exactly. Comes with Pnt2Flt.h.
+    /// Widens each coordinate exactly. Requires Pnt2Flt.h.
     VEXOR_INLINE Pnt2Dbl& operator=(Pnt2Flt const& other);
     /// Widens each component exactly.
     VEXOR_INLINE Pnt2Dbl& operator=(Vec2Flt const& vector) { return SetValue(vector.x, vector.y); }
 
-    /// Both coordinates take the value.
+    /// Sets both coordinates to the value.
     VEXOR_INLINE constexpr Pnt2Dbl& SetValue(double value) { return SetValue(value, value); }
     /// The same for any integer type: a literal 0 is a number here, not a null pointer.
     template <class Integer, vexor::detail::IfInteger<Integer> = 0>
@@ -72,7 +72,7 @@ public:
         return SetValue(values[0], values[1]);
     }
 
-    /// Writes the coordinates to the arguments, in order. Not const, unlike the form that fills an array.
+    /// Writes the coordinates to the arguments, in order. Not const; the form that fills an array is const.
     VEXOR_INLINE constexpr void GetValue(double& x0, double& y0)
     {
         double const copy[2] = {x, y}; // an argument may be one of our own coordinates
@@ -87,7 +87,7 @@ public:
         values[1] = copy[1];
     }
 
-    /// The coordinate of the index 0 or 1, which is not checked.
+    /// The coordinate of the index 0 or 1. The index is not checked.
     VEXOR_INLINE constexpr double& operator[](int index)
     {
         return VEXOR_CONSTANT_EVALUATED() ? vexor::detail::FieldOf(index, x, y)
@@ -106,7 +106,7 @@ public:
 
     /// The vector from the origin to this point.
     VEXOR_INLINE constexpr Vec2Dbl Vector() const { return Vec2Dbl(x, y); }
-    /// Rounds each coordinate to single. Comes with Pnt2Flt.h.
+    /// Rounds each coordinate to single. Requires Pnt2Flt.h.
     VEXOR_INLINE Pnt2Flt ToPnt2Flt() const;
 
     // ---- Arithmetic --------------------------------------------------------------------------
@@ -141,7 +141,7 @@ public:
     {
         return SetValue(x + vector.x, y + vector.y);
     }
-    // No operator-= takes a point: what it would yield is a vector.
+    // No operator-= takes a point, since the difference of two points is a vector.
     /// Subtracts coordinate by coordinate.
     VEXOR_INLINE constexpr Pnt2Dbl& operator-=(Vec2Dbl const& vector)
     {
@@ -149,20 +149,20 @@ public:
     }
     /// Multiplies each coordinate by the scalar.
     VEXOR_INLINE constexpr Pnt2Dbl& operator*=(double scalar) { return SetValue(x * scalar, y * scalar); }
-    /// Two divisions, unlike the free `operator/`, which multiplies by a reciprocal.
+    /// Divides each in turn by the scalar; the free `operator/` multiplies by a reciprocal.
     VEXOR_INLINE constexpr Pnt2Dbl& operator/=(double scalar) { return SetValue(x / scalar, y / scalar); }
 
     // ---- Distance ----------------------------------------------------------------------------
 
-    /// (0 + dx²) + dy², with d this point minus the other: a plain sum. It has all its digits for
-    /// differences between about 1e-146 and 1e153. Beyond, it is infinity; below, it loses digits, and from
-    /// about 1e-162 on it is 0.
+    /// (0 + dx²) + dy², with d this point minus the other: a plain sum. It has full precision for differences
+    /// between about 1e-146 and 1e153. Above, it overflows to infinity. Below, it loses digits; below about
+    /// 1e-162 it is 0.
     VEXOR_INLINE constexpr double DistanceSqTo(Pnt2Dbl const& other) const
     {
         using vexor::detail::AddSquare;
         return AddSquare(AddSquare<double>(0.0, x - other.x), y - other.y);
     }
-    /// The square root of that sum, right over the whole range of a double, like a vector's `Length`.
+    /// The square root of that sum, accurate over the whole range of a double, like a vector's `Length`.
     VEXOR_INLINE double DistanceTo(Pnt2Dbl const& other) const
     {
         double const sum = DistanceSqTo(other);
@@ -190,18 +190,19 @@ public:
             return x < other.x;
         return y < other.y;
     }
-    /// Within the distance `tolerance` of the other, inclusive: a plain length, unlike the tolerances
-    /// of the vectors' predicates. A negative one, the default, selects the global's length tolerance.
+    /// 1 if the distance to the other is at most `tolerance`, a plain length and not squared, unlike the
+    /// tolerances of the vectors' predicates. A negative one, the default, selects the global's length
+    /// tolerance.
     VEXOR_INLINE int IsEqualTo(Pnt2Dbl const& other, double tolerance = -1.0) const
     {
         return DistanceSqTo(other) <= vexor::detail::SquaredDistanceLimit(tolerance);
     }
-    /// Both coordinates less than or equal to the other's: not strict, and no order.
+    /// 1 if both coordinates are less than or equal to the other's. Not strict, and not an ordering.
     VEXOR_INLINE constexpr int IsLessThan(Pnt2Dbl const& other) const
     {
         return int(x <= other.x) & int(y <= other.y);
     }
-    /// Both coordinates greater than or equal to the other's: not strict, and no order.
+    /// 1 if both coordinates are greater than or equal to the other's. Not strict, and not an ordering.
     VEXOR_INLINE constexpr int IsGreaterThan(Pnt2Dbl const& other) const
     {
         return int(x >= other.x) & int(y >= other.y);
@@ -222,8 +223,8 @@ VEXOR_INLINE constexpr Pnt2Dbl operator*(double scalar, Pnt2Dbl const& point)
     return point * scalar;
 }
 
-/// Forms 1 / scalar once and multiplies by it, unlike `operator/=`, which divides: the two may differ
-/// in the last place.
+/// Computes 1 / scalar once and multiplies by it; `operator/=` divides. The two results may differ in the
+/// last place.
 VEXOR_INLINE constexpr Pnt2Dbl operator/(Pnt2Dbl const& point, double scalar)
 {
     return point * (1.0 / scalar);

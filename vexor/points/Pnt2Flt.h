@@ -5,33 +5,32 @@ VEXOR_EXACT_BEGIN
 
 /// A point in the plane in single precision: two floats and nothing else, laid out as an array of two.
 ///
-/// It is no smaller `Pnt3Flt`: it moves by double vectors and takes double scalars as well as single
-/// ones, and its operators round those differently. `p + v` keeps the double component to the end,
-/// `p += v` rounds it to single first, so the two can differ. There is no sum of two of these points
-/// and no order. A `Vec2Flt` can be assigned but moves no point: `p + w` widens one to a `Vec2Dbl`, and
-/// `p - w` does not compile, since w could as well stand for a point.
+/// It differs from `Pnt3Flt`: double vectors move it, and it accepts double scalars as well as single ones;
+/// its operators round these differently. `p + v` uses the double component unrounded, `p += v` rounds it to
+/// single first, so the two can differ. Two of these points cannot be added or ordered. A `Vec2Flt` can be
+/// assigned but does not move a point: `p + w` widens w to a `Vec2Dbl`, and `p - w` does not compile, since w
+/// could also convert to a point.
 class VEXOR_CLASS Pnt2Flt {
 public:
     float x; ///< Coordinate 0.
     float y; ///< Coordinate 1.
 
     // ---- Construction ------------------------------------------------------------------------
-    // There is no constructor from `Pnt2Dbl` or `Vec2Dbl`: narrowing takes an assignment or
-    // `Pnt2Dbl::ToPnt2Flt`.
+    // No constructor takes a `Pnt2Dbl` or `Vec2Dbl`: to narrow one, assign it or call `Pnt2Dbl::ToPnt2Flt`.
 
-    /// Leaves the coordinates as the memory held them.
+    /// Leaves the coordinates unset: they keep what was in memory.
     VEXOR_KEEP_MEMORY VEXOR_INLINE Pnt2Flt() { vexor::detail::LeaveUnset(x, y); }
-    /// Both coordinates take the value.
+    /// Sets both coordinates to the value.
     VEXOR_INLINE Pnt2Flt(float value) : x(value), y(value) {}
     /// The same for any integer type: a literal 0 is a number here, not a null pointer.
     template <class Integer, vexor::detail::IfInteger<Integer> = 0>
     Pnt2Flt(Integer value) : Pnt2Flt(static_cast<float>(value))
     {}
-    /// The coordinates, in order.
+    /// Sets the coordinates, in order.
     VEXOR_INLINE Pnt2Flt(float x0, float y0) : x(x0), y(y0) {}
     /// Copies two floats from the array.
     VEXOR_INLINE Pnt2Flt(float* values) : x(values[0]), y(values[1]) {}
-    /// Copies.
+    /// Copies both coordinates.
     Pnt2Flt(Pnt2Flt const&) = default;
     /// The point that the vector leads to from the origin.
     VEXOR_INLINE Pnt2Flt(Vec2Flt const& vector) : x(vector.x), y(vector.y) {}
@@ -39,7 +38,7 @@ public:
 
     // ---- Assignment and access ---------------------------------------------------------------
 
-    /// Copies.
+    /// Copies both coordinates.
     Pnt2Flt& operator=(Pnt2Flt const&) = default;
     /// Takes the vector's components as coordinates.
     VEXOR_INLINE Pnt2Flt& operator=(Vec2Flt const& vector) { return SetValue(vector.x, vector.y); }
@@ -56,7 +55,7 @@ public:
         return SetValue(RoundToSingle(vector.x), RoundToSingle(vector.y));
     }
 
-    /// Both coordinates take the value.
+    /// Sets both coordinates to the value.
     VEXOR_INLINE Pnt2Flt& SetValue(float value) { return SetValue(value, value); }
     /// The same for any integer type: a literal 0 is a number here, not a null pointer.
     template <class Integer, vexor::detail::IfInteger<Integer> = 0>
@@ -74,7 +73,7 @@ public:
     /// Copies two floats from the array.
     VEXOR_INLINE Pnt2Flt& SetValue(float const* const values) { return SetValue(values[0], values[1]); }
 
-    /// Writes the coordinates to the arguments, in order. Not const, unlike the form that fills an array.
+    /// Writes the coordinates to the arguments, in order. Not const; the form that fills an array is const.
     VEXOR_INLINE void GetValue(float& x0, float& y0)
     {
         float const copy[2] = {x, y}; // an argument may be one of our own coordinates
@@ -89,7 +88,7 @@ public:
         values[1] = copy[1];
     }
 
-    /// The coordinate of the index 0 or 1, which is not checked.
+    /// The coordinate of the index 0 or 1. The index is not checked.
     VEXOR_INLINE float& operator[](int index) { return vexor::detail::ElementOf<float, 2>(*this, index); }
     /// The same, read-only.
     VEXOR_INLINE float const& operator[](int index) const
@@ -120,23 +119,25 @@ public:
         using vexor::detail::RoundToSingle;
         return Pnt2Flt(RoundToSingle(x - vector.x), RoundToSingle(y - vector.y));
     }
-    /// Rounds each component of the vector to single first, unlike `operator+`; then the sum.
+    /// Moves this point by the vector. Unlike `operator+`, rounds each component of the vector to single
+    /// first, then the sum.
     VEXOR_INLINE Pnt2Flt& operator+=(Vec2Dbl const& vector)
     {
         using vexor::detail::RoundToSingle;
         return SetValue(x + RoundToSingle(vector.x), y + RoundToSingle(vector.y));
     }
-    /// Rounds each component of the vector to single first, unlike `operator-`; then the difference.
+    /// Moves this point back by the vector. Unlike `operator-`, rounds each component of the vector to single
+    /// first, then the difference.
     VEXOR_INLINE Pnt2Flt& operator-=(Vec2Dbl const& vector)
     {
         using vexor::detail::RoundToSingle;
         return SetValue(x - RoundToSingle(vector.x), y - RoundToSingle(vector.y));
     }
-    /// Each product rounded once.
+    /// Multiplies each coordinate by the scalar, rounded once.
     VEXOR_INLINE Pnt2Flt& operator*=(float scalar) { return SetValue(x * scalar, y * scalar); }
     /// Rounds the scalar to single first.
     VEXOR_INLINE Pnt2Flt& operator*=(double scalar) { return *this *= vexor::detail::RoundToSingle(scalar); }
-    /// Two divisions, unlike the free `operator/`, which multiplies by a reciprocal.
+    /// Divides each in turn by the scalar; the free `operator/` multiplies by a reciprocal.
     VEXOR_INLINE Pnt2Flt& operator/=(float scalar) { return SetValue(x / scalar, y / scalar); }
     /// Rounds the scalar to single first.
     VEXOR_INLINE Pnt2Flt& operator/=(double scalar) { return *this /= vexor::detail::RoundToSingle(scalar); }
@@ -150,29 +151,30 @@ public:
         using vexor::detail::AddSquare;
         return AddSquare(AddSquare(0.0f, x - other.x), y - other.y);
     }
-    /// The root of the rounded `DistanceSqTo`, rounded. Infinite where the square overflows a float.
+    /// The square root of the rounded `DistanceSqTo`, rounded. It is infinite if the square overflows a
+    /// float.
     VEXOR_INLINE float DistanceTo(Pnt2Flt const& other) const
     {
         return vexor::detail::RoundToSingle(vexor::detail::SquareRoot(double(DistanceSqTo(other))));
     }
 
     // ---- Comparison --------------------------------------------------------------------------
-    // There is no operator<.
+    // The class has no operator<.
 
     /// Exact, coordinate by coordinate; a NaN is unequal to everything.
     VEXOR_INLINE int operator==(Pnt2Flt const& other) const { return int(x == other.x) & int(y == other.y); }
     /// The exact negation of `operator==`.
     VEXOR_INLINE int operator!=(Pnt2Flt const& other) const { return !(*this == other); }
-    /// Within the distance `tolerance` of the other, inclusive: a plain length. It is a double, unlike
-    /// that of `Pnt3Flt`, and its square is not rounded to single; the squared distance is, at every
-    /// step. A negative one, the default, selects the global's length tolerance.
+    /// 1 if the distance to the other is at most `tolerance`, a plain length and not squared. It is a double,
+    /// unlike that of `Pnt3Flt`, and its square is not rounded to single. The squared distance is rounded to
+    /// single at every step. A negative one, the default, selects the global's length tolerance.
     VEXOR_INLINE int IsEqualTo(Pnt2Flt const& other, double tolerance = -1.0) const
     {
         return double(DistanceSqTo(other)) <= vexor::detail::SquaredDistanceLimit(tolerance);
     }
-    /// Both coordinates less than or equal to the other's: not strict, and no order.
+    /// 1 if both coordinates are less than or equal to the other's. Not strict, and not an ordering.
     VEXOR_INLINE int IsLessThan(Pnt2Flt const& other) const { return int(x <= other.x) & int(y <= other.y); }
-    /// Both coordinates greater than or equal to the other's: not strict, and no order.
+    /// 1 if both coordinates are greater than or equal to the other's. Not strict, and not an ordering.
     VEXOR_INLINE int IsGreaterThan(Pnt2Flt const& other) const
     {
         return int(x >= other.x) & int(y >= other.y);
@@ -205,7 +207,7 @@ VEXOR_INLINE Pnt2Flt operator*(double scalar, Pnt2Flt const& point)
     return point * scalar;
 }
 
-/// Rounds the reciprocal 1 / scalar to single and multiplies by it, unlike `operator/=`, which divides.
+/// Rounds the reciprocal 1 / scalar to single and multiplies by it; `operator/=` divides.
 VEXOR_INLINE Pnt2Flt operator/(Pnt2Flt const& point, float scalar)
 {
     return point * (1.0f / scalar);

@@ -9,10 +9,10 @@ VEXOR_EXACT_BEGIN
 
 /// A point in space: three doubles and nothing else, laid out as an array of three, as in `Vec3Dbl`.
 ///
-/// A point is a place and a vector a displacement: the difference of two points is a vector, a point
-/// moves by a vector, and a point has no length, no direction and no products; to treat it as a
-/// vector, call `Vector`. Two points may be added and a point may be scaled all the same, so that
-/// means and blends of points can be written down. Predicates return 1 or 0.
+/// A point is a place; a vector is a displacement. The difference of two points is a vector, and a vector
+/// moves a point. A point has no length, no direction and no products; to treat it as a vector, call
+/// `Vector`. Points can still be added and scaled, so that means and blends of points can be written.
+/// Predicates return 1 or 0.
 class VEXOR_CLASS Pnt3Dbl {
 public:
     double x; ///< Coordinate 0.
@@ -21,23 +21,23 @@ public:
 
     // ---- Construction ------------------------------------------------------------------------
 
-    /// Leaves the coordinates as the memory held them.
+    /// Leaves the coordinates unset: they keep what was in memory.
     VEXOR_KEEP_MEMORY VEXOR_INLINE Pnt3Dbl() { vexor::detail::LeaveUnset(x, y, z); }
-    /// All three coordinates take the value.
+    /// Sets all three coordinates to the value.
     VEXOR_INLINE constexpr Pnt3Dbl(double value) : x(value), y(value), z(value) {}
     /// The same for any integer type: a literal 0 is a number here, not a null pointer.
     template <class Integer, vexor::detail::IfInteger<Integer> = 0>
     constexpr Pnt3Dbl(Integer value) : Pnt3Dbl(static_cast<double>(value))
     {}
-    /// The coordinates, in order.
+    /// Sets the coordinates, in order.
     VEXOR_INLINE constexpr Pnt3Dbl(double x0, double y0, double z0) : x(x0), y(y0), z(z0) {}
     /// Copies three doubles from the array.
     VEXOR_INLINE constexpr Pnt3Dbl(double* values) : x(values[0]), y(values[1]), z(values[2]) {}
-    /// Copies.
+    /// Copies the three coordinates.
     Pnt3Dbl(Pnt3Dbl const&) = default;
     /// The point that the vector leads to from the origin.
     VEXOR_INLINE constexpr Pnt3Dbl(Vec3Dbl const& vector) : x(vector.x), y(vector.y), z(vector.z) {}
-    /// Widens each coordinate exactly. Comes with Pnt3Flt.h.
+    /// Widens each coordinate exactly. Requires Pnt3Flt.h.
     VEXOR_INLINE Pnt3Dbl(Pnt3Flt const& other);
     /// Widens each component exactly.
     VEXOR_INLINE Pnt3Dbl(Vec3Flt const& vector) : x(vector.x), y(vector.y), z(vector.z) {}
@@ -45,19 +45,19 @@ public:
 
     // ---- Assignment and access ---------------------------------------------------------------
 
-    /// Copies.
+    /// Copies the three coordinates.
     Pnt3Dbl& operator=(Pnt3Dbl const&) = default;
     /// Takes the vector's components as coordinates.
     VEXOR_INLINE constexpr Pnt3Dbl& operator=(Vec3Dbl const& vector)
     {
         return SetValue(vector.x, vector.y, vector.z);
     }
-    /// Widens each coordinate exactly. Comes with Pnt3Flt.h.
+    /// Widens each coordinate exactly. Requires Pnt3Flt.h.
     VEXOR_INLINE Pnt3Dbl& operator=(Pnt3Flt const& other);
     /// Widens each component exactly.
     VEXOR_INLINE Pnt3Dbl& operator=(Vec3Flt const& vector) { return SetValue(vector.x, vector.y, vector.z); }
 
-    /// All three coordinates take the value.
+    /// Sets all three coordinates to the value.
     VEXOR_INLINE constexpr Pnt3Dbl& SetValue(double value) { return SetValue(value, value, value); }
     /// The same for any integer type: a literal 0 is a number here, not a null pointer.
     template <class Integer, vexor::detail::IfInteger<Integer> = 0>
@@ -79,7 +79,7 @@ public:
         return SetValue(values[0], values[1], values[2]);
     }
 
-    /// Writes the coordinates to the arguments, in order. Not const, unlike the form that fills an array.
+    /// Writes the coordinates to the arguments, in order. Not const; the form that fills an array is const.
     VEXOR_INLINE constexpr void GetValue(double& x0, double& y0, double& z0)
     {
         double const copy[3] = {x, y, z}; // an argument may be one of our own coordinates
@@ -96,7 +96,7 @@ public:
         values[2] = copy[2];
     }
 
-    /// The coordinate of the index 0, 1 or 2, which is not checked.
+    /// The coordinate of the index 0, 1 or 2. The index is not checked.
     VEXOR_INLINE constexpr double& operator[](int index)
     {
         return VEXOR_CONSTANT_EVALUATED() ? vexor::detail::FieldOf(index, x, y, z)
@@ -115,7 +115,7 @@ public:
 
     /// The vector from the origin to this point.
     VEXOR_INLINE constexpr Vec3Dbl Vector() const { return Vec3Dbl(x, y, z); }
-    /// Rounds each coordinate to single. Comes with Pnt3Flt.h.
+    /// Rounds each coordinate to single. Requires Pnt3Flt.h.
     VEXOR_INLINE Pnt3Flt ToPnt3Flt() const;
 
     // ---- Arithmetic --------------------------------------------------------------------------
@@ -150,7 +150,7 @@ public:
     {
         return SetValue(x + vector.x, y + vector.y, z + vector.z);
     }
-    // No operator-= takes a point: what it would yield is a vector.
+    // No operator-= takes a point, since the difference of two points is a vector.
     /// Subtracts coordinate by coordinate.
     VEXOR_INLINE constexpr Pnt3Dbl& operator-=(Vec3Dbl const& vector)
     {
@@ -161,7 +161,7 @@ public:
     {
         return SetValue(x * scalar, y * scalar, z * scalar);
     }
-    /// Three divisions, unlike the free `operator/`, which multiplies by a reciprocal.
+    /// Divides each in turn by the scalar; the free `operator/` multiplies by a reciprocal.
     VEXOR_INLINE constexpr Pnt3Dbl& operator/=(double scalar)
     {
         return SetValue(x / scalar, y / scalar, z / scalar);
@@ -169,15 +169,15 @@ public:
 
     // ---- Distance ----------------------------------------------------------------------------
 
-    /// ((0 + dx²) + dy²) + dz², with d this point minus the other: a plain sum. It has all its digits for
-    /// differences between about 1e-146 and 1e153. Beyond, it is infinity; below, it loses digits, and from
-    /// about 1e-162 on it is 0.
+    /// ((0 + dx²) + dy²) + dz², with d this point minus the other: a plain sum. It has full precision for
+    /// differences between about 1e-146 and 1e153. Above, it overflows to infinity. Below, it loses digits;
+    /// below about 1e-162 it is 0.
     VEXOR_INLINE constexpr double DistanceSqTo(Pnt3Dbl const& other) const
     {
         using vexor::detail::AddSquare;
         return AddSquare(AddSquare(AddSquare<double>(0.0, x - other.x), y - other.y), z - other.z);
     }
-    /// The square root of that sum, right over the whole range of a double, like a vector's `Length`.
+    /// The square root of that sum, accurate over the whole range of a double, like a vector's `Length`.
     VEXOR_INLINE double DistanceTo(Pnt3Dbl const& other) const
     {
         double const sum = DistanceSqTo(other);
@@ -207,18 +207,19 @@ public:
             return y < other.y;
         return z < other.z;
     }
-    /// Within the distance `tolerance` of the other, inclusive: a plain length, unlike the tolerances
-    /// of the vectors' predicates. A negative one, the default, selects the global's length tolerance.
+    /// 1 if the distance to the other is at most `tolerance`, a plain length and not squared, unlike the
+    /// tolerances of the vectors' predicates. A negative one, the default, selects the global's length
+    /// tolerance.
     VEXOR_INLINE int IsEqualTo(Pnt3Dbl const& other, double tolerance = -1.0) const
     {
         return DistanceSqTo(other) <= vexor::detail::SquaredDistanceLimit(tolerance);
     }
-    /// Every coordinate less than or equal to the other's: not strict, and no order.
+    /// 1 if every coordinate is less than or equal to the other's. Not strict, and not an ordering.
     VEXOR_INLINE constexpr int IsLessThan(Pnt3Dbl const& other) const
     {
         return int(x <= other.x) & int(y <= other.y) & int(z <= other.z);
     }
-    /// Every coordinate greater than or equal to the other's: not strict, and no order.
+    /// 1 if every coordinate is greater than or equal to the other's. Not strict, and not an ordering.
     VEXOR_INLINE constexpr int IsGreaterThan(Pnt3Dbl const& other) const
     {
         return int(x >= other.x) & int(y >= other.y) & int(z >= other.z);
@@ -239,8 +240,8 @@ VEXOR_INLINE constexpr Pnt3Dbl operator*(double scalar, Pnt3Dbl const& point)
     return point * scalar;
 }
 
-/// Forms 1 / scalar once and multiplies by it, unlike `operator/=`, which divides: the two may differ
-/// in the last place.
+/// Computes 1 / scalar once and multiplies by it; `operator/=` divides. The two results may differ in the
+/// last place.
 VEXOR_INLINE constexpr Pnt3Dbl operator/(Pnt3Dbl const& point, double scalar)
 {
     return point * (1.0 / scalar);

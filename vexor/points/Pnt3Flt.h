@@ -5,8 +5,8 @@ VEXOR_EXACT_BEGIN
 
 /// A point in space in single precision: three floats and nothing else, laid out as an array of three.
 ///
-/// What a point is, see `Pnt3Dbl`. Each coordinate of a sum, difference, product or quotient is rounded
-/// to single once. Distances are rounded to single at every step, so that they overflow as floats do.
+/// `Pnt3Dbl` explains what a point is. Each coordinate of a sum, difference, product or quotient is rounded
+/// to single once. Distances are rounded to single at every step, so they overflow as floats do.
 class VEXOR_CLASS Pnt3Flt {
 public:
     float x; ///< Coordinate 0.
@@ -14,22 +14,21 @@ public:
     float z; ///< Coordinate 2.
 
     // ---- Construction ------------------------------------------------------------------------
-    // There is no constructor from `Pnt3Dbl` or `Vec3Dbl`: narrowing takes an assignment or
-    // `Pnt3Dbl::ToPnt3Flt`.
+    // No constructor takes a `Pnt3Dbl` or `Vec3Dbl`: to narrow one, assign it or call `Pnt3Dbl::ToPnt3Flt`.
 
-    /// Leaves the coordinates as the memory held them.
+    /// Leaves the coordinates unset: they keep what was in memory.
     VEXOR_KEEP_MEMORY VEXOR_INLINE Pnt3Flt() { vexor::detail::LeaveUnset(x, y, z); }
-    /// All three coordinates take the value.
+    /// Sets all three coordinates to the value.
     VEXOR_INLINE Pnt3Flt(float value) : x(value), y(value), z(value) {}
     /// The same for any integer type: a literal 0 is a number here, not a null pointer.
     template <class Integer, vexor::detail::IfInteger<Integer> = 0>
     Pnt3Flt(Integer value) : Pnt3Flt(static_cast<float>(value))
     {}
-    /// The coordinates, in order.
+    /// Sets the coordinates, in order.
     VEXOR_INLINE Pnt3Flt(float x0, float y0, float z0) : x(x0), y(y0), z(z0) {}
     /// Copies three floats from the array.
     VEXOR_INLINE Pnt3Flt(float* values) : x(values[0]), y(values[1]), z(values[2]) {}
-    /// Copies.
+    /// Copies the three coordinates.
     Pnt3Flt(Pnt3Flt const&) = default;
     /// The point that the vector leads to from the origin.
     VEXOR_INLINE Pnt3Flt(Vec3Flt const& vector) : x(vector.x), y(vector.y), z(vector.z) {}
@@ -37,7 +36,7 @@ public:
 
     // ---- Assignment and access ---------------------------------------------------------------
 
-    /// Copies.
+    /// Copies the three coordinates.
     Pnt3Flt& operator=(Pnt3Flt const&) = default;
     /// Takes the vector's components as coordinates.
     VEXOR_INLINE Pnt3Flt& operator=(Vec3Flt const& vector) { return SetValue(vector.x, vector.y, vector.z); }
@@ -54,7 +53,7 @@ public:
         return SetValue(RoundToSingle(vector.x), RoundToSingle(vector.y), RoundToSingle(vector.z));
     }
 
-    /// All three coordinates take the value.
+    /// Sets all three coordinates to the value.
     VEXOR_INLINE Pnt3Flt& SetValue(float value) { return SetValue(value, value, value); }
     /// The same for any integer type: a literal 0 is a number here, not a null pointer.
     template <class Integer, vexor::detail::IfInteger<Integer> = 0>
@@ -76,7 +75,7 @@ public:
         return SetValue(values[0], values[1], values[2]);
     }
 
-    /// Writes the coordinates to the arguments, in order. Not const, unlike the form that fills an array.
+    /// Writes the coordinates to the arguments, in order. Not const; the form that fills an array is const.
     VEXOR_INLINE void GetValue(float& x0, float& y0, float& z0)
     {
         float const copy[3] = {x, y, z}; // an argument may be one of our own coordinates
@@ -93,7 +92,7 @@ public:
         values[2] = copy[2];
     }
 
-    /// The coordinate of the index 0, 1 or 2, which is not checked.
+    /// The coordinate of the index 0, 1 or 2. The index is not checked.
     VEXOR_INLINE float& operator[](int index) { return vexor::detail::ElementOf<float, 3>(*this, index); }
     /// The same, read-only.
     VEXOR_INLINE float const& operator[](int index) const
@@ -140,7 +139,7 @@ public:
     {
         return SetValue(x + vector.x, y + vector.y, z + vector.z);
     }
-    // No operator-= takes a point: what it would yield is a vector.
+    // No operator-= takes a point, since the difference of two points is a vector.
     /// Subtracts coordinate by coordinate.
     VEXOR_INLINE Pnt3Flt& operator-=(Vec3Flt const& vector)
     {
@@ -148,7 +147,7 @@ public:
     }
     /// Multiplies each coordinate by the scalar.
     VEXOR_INLINE Pnt3Flt& operator*=(float scalar) { return SetValue(x * scalar, y * scalar, z * scalar); }
-    /// Three divisions, unlike the free `operator/`, which multiplies by a reciprocal.
+    /// Divides each in turn by the scalar; the free `operator/` multiplies by a reciprocal.
     VEXOR_INLINE Pnt3Flt& operator/=(float scalar) { return SetValue(x / scalar, y / scalar, z / scalar); }
 
     // ---- Distance ----------------------------------------------------------------------------
@@ -160,7 +159,8 @@ public:
         using vexor::detail::AddSquare;
         return AddSquare(AddSquare(AddSquare(0.0f, x - other.x), y - other.y), z - other.z);
     }
-    /// The root of the rounded `DistanceSqTo`, rounded. Infinite where the square overflows a float.
+    /// The square root of the rounded `DistanceSqTo`, rounded. It is infinite if the square overflows a
+    /// float.
     VEXOR_INLINE float DistanceTo(Pnt3Flt const& other) const
     {
         return vexor::detail::RoundToSingle(vexor::detail::SquareRoot(double(DistanceSqTo(other))));
@@ -185,18 +185,18 @@ public:
             return y < other.y;
         return z < other.z;
     }
-    /// Within the distance `tolerance` of the other, inclusive: a plain length, whose square is rounded
-    /// to single. A negative one, the default, selects the global's length tolerance.
+    /// 1 if the distance to the other is at most `tolerance`, a plain length and not squared. Its square is
+    /// rounded to single. A negative one, the default, selects the global's length tolerance.
     VEXOR_INLINE int IsEqualTo(Pnt3Flt const& other, float tolerance = -1.0f) const
     {
         return DistanceSqTo(other) <= vexor::detail::SquaredDistanceLimit(tolerance);
     }
-    /// Every coordinate less than or equal to the other's: not strict, and no order.
+    /// 1 if every coordinate is less than or equal to the other's. Not strict, and not an ordering.
     VEXOR_INLINE int IsLessThan(Pnt3Flt const& other) const
     {
         return int(x <= other.x) & int(y <= other.y) & int(z <= other.z);
     }
-    /// Every coordinate greater than or equal to the other's: not strict, and no order.
+    /// 1 if every coordinate is greater than or equal to the other's. Not strict, and not an ordering.
     VEXOR_INLINE int IsGreaterThan(Pnt3Flt const& other) const
     {
         return int(x >= other.x) & int(y >= other.y) & int(z >= other.z);
@@ -217,7 +217,7 @@ VEXOR_INLINE Pnt3Flt operator*(float scalar, Pnt3Flt const& point)
     return point * scalar;
 }
 
-/// Rounds the reciprocal 1 / scalar to single and multiplies by it, unlike `operator/=`, which divides.
+/// Rounds the reciprocal 1 / scalar to single and multiplies by it; `operator/=` divides.
 VEXOR_INLINE Pnt3Flt operator/(Pnt3Flt const& point, float scalar)
 {
     return point * (1.0f / scalar);

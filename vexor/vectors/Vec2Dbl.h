@@ -10,9 +10,9 @@ VEXOR_EXACT_BEGIN
 
 /// A vector in the plane: two doubles and nothing else, laid out as an array of two.
 ///
-/// Rounding, tolerances and results of predicates are as in `Vec3Dbl`. What is not: the cross product
-/// is a scalar, the area of a triangle is signed, a perpendicular has a definite side, the
-/// counter-clockwise angle needs no normal, and of equal candidates the second component wins.
+/// Rounding, tolerances and results of predicates are as in `Vec3Dbl`. The differences: the cross product is
+/// a scalar, the area of a triangle is signed, a perpendicular has a definite side, the counter-clockwise
+/// angle needs no normal, and on a tie the second component wins.
 class VEXOR_CLASS Vec2Dbl {
 public:
     double x; ///< Component 0.
@@ -20,36 +20,36 @@ public:
 
     // ---- Construction ------------------------------------------------------------------------
 
-    /// Leaves the components as the memory held them.
+    /// Leaves the components unset: they keep what was in memory.
     VEXOR_KEEP_MEMORY VEXOR_INLINE Vec2Dbl() { vexor::detail::LeaveUnset(x, y); }
-    /// Both components take the value.
+    /// Sets both components to the value.
     VEXOR_INLINE constexpr Vec2Dbl(double value) : x(value), y(value) {}
     /// The same for any integer type: a literal 0 is a number here, not a null pointer.
     template <class Integer, vexor::detail::IfInteger<Integer> = 0>
     constexpr Vec2Dbl(Integer value) : Vec2Dbl(static_cast<double>(value))
     {}
-    /// The components, in order.
+    /// Sets the components, in order.
     VEXOR_INLINE constexpr Vec2Dbl(double x0, double y0) : x(x0), y(y0) {}
     /// Copies two doubles from the array.
     VEXOR_INLINE constexpr Vec2Dbl(double* values) : x(values[0]), y(values[1]) {}
-    /// Copies.
+    /// Copies both components.
     Vec2Dbl(Vec2Dbl const&) = default;
-    /// Widens each component exactly. Comes with Vec2Flt.h.
+    /// Widens each component exactly. Requires Vec2Flt.h.
     VEXOR_INLINE Vec2Dbl(Vec2Flt const& other);
     ~Vec2Dbl() = default;
 
     // ---- Assignment and access ---------------------------------------------------------------
 
-    /// Copies.
+    /// Copies both components.
     Vec2Dbl& operator=(Vec2Dbl const&) = default;
-    /// Widens each component exactly. Comes with Vec2Flt.h.
+    /// Widens each component exactly. Requires Vec2Flt.h.
     VEXOR_INLINE Vec2Dbl& operator=(Vec2Flt const& other);
-    /// Takes the point's coordinates. Comes with Pnt2Dbl.h.
+    /// Takes the point's coordinates. Requires Pnt2Dbl.h.
     VEXOR_INLINE constexpr Vec2Dbl& operator=(Pnt2Dbl const& point);
-    /// Takes the point's coordinates, widened exactly. Comes with Pnt2Flt.h.
+    /// Takes the point's coordinates, widened exactly. Requires Pnt2Flt.h.
     VEXOR_INLINE Vec2Dbl& operator=(Pnt2Flt const& point);
 
-    /// Both components take the value.
+    /// Sets both components to the value.
     VEXOR_INLINE constexpr Vec2Dbl& SetValue(double value) { return SetValue(value, value); }
     /// The same for any integer type: a literal 0 is a number here, not a null pointer.
     template <class Integer, vexor::detail::IfInteger<Integer> = 0>
@@ -80,7 +80,7 @@ public:
     /// Writes the components to the array, in order.
     VEXOR_INLINE constexpr void GetValue(double* const values) const { GetValue(values[0], values[1]); }
 
-    /// The component of the index 0 or 1, which is not checked.
+    /// The component of the index 0 or 1. The index is not checked.
     VEXOR_INLINE constexpr double& operator[](int index)
     {
         return VEXOR_CONSTANT_EVALUATED() ? vexor::detail::FieldOf(index, x, y)
@@ -97,14 +97,14 @@ public:
     /// The same, read-only.
     VEXOR_INLINE constexpr double const& operator()(int index) const { return (*this)[index]; }
 
-    /// Rounds each component to single. Comes with Vec2Flt.h.
+    /// Rounds each component to single. Requires Vec2Flt.h.
     VEXOR_INLINE Vec2Flt ToVec2Flt() const;
 
     // ---- Arithmetic --------------------------------------------------------------------------
 
     /// Multiplies each component by the scalar.
     VEXOR_INLINE constexpr Vec2Dbl& operator*=(double scalar) { return SetValue(x * scalar, y * scalar); }
-    /// Two divisions, unlike the free `operator/`, which multiplies by a reciprocal.
+    /// Divides each in turn by the scalar; the free `operator/` multiplies by a reciprocal.
     VEXOR_INLINE constexpr Vec2Dbl& operator/=(double scalar) { return SetValue(x / scalar, y / scalar); }
     /// Adds component by component.
     VEXOR_INLINE constexpr Vec2Dbl& operator+=(Vec2Dbl const& other)
@@ -125,7 +125,7 @@ public:
 
     /// x·ox + y·oy, a plain sum, with the range that `Vec3Dbl::Dot` has.
     VEXOR_INLINE constexpr double Dot(Vec2Dbl const& other) const { return x * other.x + y * other.y; }
-    /// The scalar x·oy − y·ox: above 0 where `other` lies counter-clockwise of this vector.
+    /// The scalar x·oy − y·ox: above 0 if `other` lies counter-clockwise of this vector.
     VEXOR_INLINE constexpr double Cross(Vec2Dbl const& other) const { return x * other.y - y * other.x; }
     /// The products of the components.
     VEXOR_INLINE constexpr Vec2Dbl ElemMult(Vec2Dbl const& other) const
@@ -137,14 +137,14 @@ public:
     {
         return Vec2Dbl(x / other.x, y / other.y);
     }
-    /// Row i, column j is this[i]·other[j]. Comes with Mat2Dbl.h.
+    /// Row i, column j is this[i]·other[j]. Requires Mat2Dbl.h.
     VEXOR_INLINE constexpr Mat2Dbl OuterProduct(Vec2Dbl const& other) const;
 
     // ---- Length ------------------------------------------------------------------------------
 
     /// x² + y², a plain sum, with the range that `Vec3Dbl::LengthSquared` has.
     VEXOR_INLINE constexpr double LengthSquared() const { return x * x + y * y; }
-    /// The square root of x² + y², right over the whole range of a double, as in `Vec3Dbl`.
+    /// The square root of x² + y², accurate over the whole range of a double, as in `Vec3Dbl`.
     VEXOR_INLINE double Length() const
     {
         double const sum = LengthSquared();
@@ -153,15 +153,15 @@ public:
         double const components[] = {x, y};
         return vexor::detail::FullRangeLength(components, 2);
     }
-    /// Divides each component by `Length()`: two divisions. Raises `VexorNullVector`, the vector
-    /// unchanged, if both components are exactly 0; however short or long, any other vector is normalised,
-    /// also where `Length()` itself is out of a double's range.
+    /// Divides each component by `Length()`. Raises `VexorNullVector`, with the vector unchanged, if both
+    /// components are exactly 0. Any other vector is normalised, even if `Length()` itself is outside the
+    /// range of a double.
     VEXOR_INLINE Vec2Dbl& Normalize()
     {
         double const sum = LengthSquared();
         if (vexor::detail::IsPlainSum(sum))
             return *this /= vexor::detail::SquareRoot(sum);
-        // Of a copy, so that nothing takes the address of a vector that may live in registers.
+        // Works on a copy, so that nothing takes the address of a vector that could stay in registers.
         double components[] = {x, y};
         vexor::detail::FullRangeNormalize(components, 2);
         return SetValue(components[0], components[1]);
@@ -175,8 +175,8 @@ public:
     }
 
     // ---- Extremes ----------------------------------------------------------------------------
-    // Of equal candidates y wins, index 1, for maximum and minimum alike, and so does it where one of
-    // the two is a NaN. Absolute values are formed as v if v > 0, else −v, so that of (0, 0) is −0.
+    // On a tie, or if either component is NaN, y (index 1) wins, for maximum and minimum alike. The absolute
+    // value is v if v > 0, else −v, so that of (0, 0) is −0.
 
     /// The largest component.
     VEXOR_INLINE constexpr double MaxValue() const { return vexor::detail::MaxOfTwo(x, y); }
@@ -213,9 +213,9 @@ public:
 
     // ---- Exact comparison --------------------------------------------------------------------
 
-    /// Both components exactly 0, of either sign. No tolerance.
+    /// 1 if both components are exactly 0, of either sign. Uses no tolerance.
     VEXOR_INLINE constexpr int IsNull() const { return int(x == 0.0) & int(y == 0.0); }
-    /// `LengthSquared()` within the squared length given.
+    /// 1 if `LengthSquared()` is within the tolerance, a squared length.
     VEXOR_INLINE int IsZeroLength(double length = -1.0) const
     {
         return LengthSquared() <= vexor::detail::LengthTolerance(length);
@@ -234,28 +234,30 @@ public:
             return x < other.x;
         return y < other.y;
     }
-    /// Both components less than or equal to the other's: not strict, and no order.
+    /// 1 if both components are less than or equal to the other's. Not strict, and not an ordering.
     VEXOR_INLINE constexpr int IsLessThan(Vec2Dbl const& other) const
     {
         return int(x <= other.x) & int(y <= other.y);
     }
-    /// Both components greater than or equal to the other's: not strict, and no order.
+    /// 1 if both components are greater than or equal to the other's. Not strict, and not an ordering.
     VEXOR_INLINE constexpr int IsGreaterThan(Vec2Dbl const& other) const
     {
         return int(x >= other.x) & int(y >= other.y);
     }
 
     // ---- Direction within a tolerance: as in Vec3Dbl -----------------------------------------
-    // With d the dot product and A, B the squared lengths, Q = ((d·d) / A) / B is the squared cosine.
-    // A vector whose squared length is within the length tolerance has no direction: `IsParallelTo`,
-    // `IsCodirectionalTo` and `IsPerpendicularTo` answer 0 for it. The unit forms ask for no length.
-    // The answers are true for vectors between about 1e-77 and 1e77 long; `Vec3Dbl` says what they are for others.
+    // With d the dot product and A, B the squared lengths, Q = ((d·d) / A) / B is the squared cosine. A
+    // vector whose squared length is within the length tolerance has no direction: `IsParallelTo`,
+    // `IsCodirectionalTo` and `IsPerpendicularTo` return 0 for it. The unit forms do not test the length. The
+    // results are correct for vectors of length between about 1e-77 and 1e77; `Vec3Dbl` documents the results
+    // for others.
 
-    /// The same direction within the angle (sine squared) and a difference within the length
-    /// (squared). Two exactly null vectors are equal; a vector that is not null but within the
-    /// global's length tolerance equals nothing, not even itself, whatever `length` says.
+    /// 1 if the directions agree within `angular`, a sine squared, and the difference is within `length`, a
+    /// squared length. Two exactly null vectors are equal. A vector that is not null but within the global's
+    /// length tolerance is unequal to everything, even to itself, for every `length`.
     VEXOR_INLINE int IsEqualTo(Vec2Dbl const& other, double angular = -1.0, double length = -1.0) const;
-    /// Parallel or antiparallel: 1 − Q within the sine squared.
+    /// 1 if 1 − Q is within `angular`, a sine squared: parallel or antiparallel. `length` is a squared
+    /// length.
     VEXOR_INLINE int IsParallelTo(Vec2Dbl const& other, double angular = -1.0, double length = -1.0) const
     {
         double const a = LengthSquared();
@@ -263,13 +265,13 @@ public:
         return vexor::detail::AreBothLonger(a, b, length)
                & vexor::detail::AreParallel(Dot(other), a, b, angular);
     }
-    /// Parallel, and the dot product above 0.
+    /// 1 if parallel (`angular` a sine squared, `length` a squared length) and the dot product is above 0.
     VEXOR_INLINE int IsCodirectionalTo(Vec2Dbl const& other, double angular = -1.0,
                                        double length = -1.0) const
     {
         return int(Dot(other) > 0.0) & IsParallelTo(other, angular, length);
     }
-    /// Q itself within the sine squared.
+    /// 1 if Q is within `angular`, a sine squared. `length` is a squared length.
     VEXOR_INLINE int IsPerpendicularTo(Vec2Dbl const& other, double angular = -1.0,
                                        double length = -1.0) const
     {
@@ -278,17 +280,17 @@ public:
         return vexor::detail::AreBothLonger(a, b, length)
                & vexor::detail::ArePerpendicular(Dot(other), a, b, angular);
     }
-    /// For two vectors known to be unit: |1 − d·d| within the sine squared.
+    /// For two unit vectors: 1 if |1 − d·d| is within the tolerance, a sine squared.
     VEXOR_INLINE int IsUnitParallelTo(Vec2Dbl const& other, double angular = -1.0) const
     {
         return vexor::detail::AreUnitParallel(Dot(other), angular);
     }
-    /// For two vectors known to be unit: parallel as above, and d above 0.
+    /// For two unit vectors: 1 if parallel as above, within a sine squared, and d is above 0.
     VEXOR_INLINE int IsUnitCodirectionalTo(Vec2Dbl const& other, double angular = -1.0) const
     {
         return int(Dot(other) > 0.0) & IsUnitParallelTo(other, angular);
     }
-    /// For two vectors known to be unit: d·d within the sine squared.
+    /// For two unit vectors: 1 if d·d is within the tolerance, a sine squared.
     VEXOR_INLINE int IsUnitPerpendicularTo(Vec2Dbl const& other, double angular = -1.0) const
     {
         return vexor::detail::AreUnitPerpendicular(Dot(other), angular);
@@ -296,9 +298,9 @@ public:
 
     // ---- Angles and area ---------------------------------------------------------------------
 
-    /// The unsigned angle in radians, from 0 to π; 0 if one of the vectors is exactly null. Right over the
-    /// whole range of a double. An arc cosine loses half the digits near 0 and π: below about 1.5e-8 the angle
-    /// is 0. docs/conventions.md shows how to get a small angle with all digits.
+    /// The unsigned angle in radians, from 0 to π; 0 if one of the vectors is exactly null. Correct over the
+    /// whole range of a double. An arc cosine loses half the digits near 0 and π: below about 1.5e-8 the
+    /// angle is 0. docs/conventions.md shows how to get a small angle with all digits.
     VEXOR_INLINE double GetAngleWith(Vec2Dbl const& other) const
     {
         double const a = LengthSquared();
@@ -311,11 +313,11 @@ public:
         return vexor::detail::FullRangeAngle(left, right, 2);
     }
     /// The angle in radians from this vector to `other`, counter-clockwise, from 0 up to 2π: a quarter turn
-    /// clockwise gives 3π/2. A vector within the global's length tolerance gives 0. So does an angle within
-    /// about 1e-5 of 0 or 2π, and one within about 1e-5 of π gives π, as in `Vec3Dbl`.
+    /// clockwise gives 3π/2. The result is 0 for a vector within the global's length tolerance and for an
+    /// angle within about 1e-5 of 0 or 2π. It is π for an angle within about 1e-5 of π, as in `Vec3Dbl`.
     VEXOR_API double GetCCWAngleWith(Vec2Dbl const& other) const;
-    /// 0.5·(x·oy − y·ox), right over the whole range of a double. Unlike in space the sign stays: below 0
-    /// where `other` lies clockwise.
+    /// 0.5·(x·oy − y·ox), correct over the whole range of a double. Unlike in space, the area is signed:
+    /// below 0 if `other` lies clockwise.
     VEXOR_INLINE double GetAreaFormedByTriangleWith(Vec2Dbl const& other) const
     {
         if (vexor::detail::ArePlainProducts(std::fabs(x * other.y), std::fabs(y * other.x)))
@@ -327,10 +329,10 @@ public:
 
     // ---- Projection and perpendicular --------------------------------------------------------
 
-    /// The component of this vector along `target`. Raises `VexorNullVector` if `target` is null.
-    /// Right over the whole range of a double.
+    /// The component of this vector along `target`. Raises `VexorNullVector` if `target` is null. Correct
+    /// over the whole range of a double.
     VEXOR_INLINE Vec2Dbl GetProjectionOnTo(Vec2Dbl const& target) const;
-    /// (−y, x) made unit: this vector turned a quarter counter-clockwise. Unlike in space a null vector
+    /// (−y, x) normalised: this vector turned a quarter counter-clockwise. Unlike in space, a null vector
     /// raises `VexorNullVector`.
     VEXOR_INLINE Vec2Dbl GetPerpendicular() const { return Vec2Dbl(-y, x).GetNormalizedCopy(); }
 };
@@ -349,8 +351,8 @@ VEXOR_INLINE constexpr Vec2Dbl operator*(double scalar, Vec2Dbl const& vector)
     return vector * scalar;
 }
 
-/// Forms 1 / scalar once and multiplies by it, unlike `operator/=`, which divides: the two may differ
-/// in the last place.
+/// Computes 1 / scalar once and multiplies by it; `operator/=` divides. The two results may differ in the
+/// last place.
 VEXOR_INLINE constexpr Vec2Dbl operator/(Vec2Dbl const& vector, double scalar)
 {
     return vector * (1.0 / scalar);

@@ -5,36 +5,36 @@ VEXOR_EXACT_BEGIN
 
 /// A vector in the plane in single precision: two floats and nothing else, laid out as an array of two.
 ///
-/// An operation computes in double and rounds to single where it stores or returns a value, and where
-/// its comment says so. Where it is a single multiplication, division, addition or subtraction, that
-/// is the same as the operation on floats, and is written so. Tolerances are as in `Vec3Dbl`.
+/// An operation computes in double. It rounds to single when it stores or returns a value, and where its
+/// comment says so. For one multiplication, division, addition or subtraction that equals the operation on
+/// floats, and the code uses floats. Tolerances are as in `Vec3Dbl`.
 class VEXOR_CLASS Vec2Flt {
 public:
     float x; ///< Component 0.
     float y; ///< Component 1.
 
     // ---- Construction ------------------------------------------------------------------------
-    // There is no constructor from `Vec2Dbl`: narrowing takes an assignment or `Vec2Dbl::ToVec2Flt`.
+    // No constructor takes a `Vec2Dbl`: to narrow one, assign it or call `Vec2Dbl::ToVec2Flt`.
 
-    /// Leaves the components as the memory held them.
+    /// Leaves the components unset: they keep what was in memory.
     VEXOR_KEEP_MEMORY VEXOR_INLINE Vec2Flt() { vexor::detail::LeaveUnset(x, y); }
-    /// Both components take the value.
+    /// Sets both components to the value.
     VEXOR_INLINE Vec2Flt(float value) : x(value), y(value) {}
     /// The same for any integer type: a literal 0 is a number here, not a null pointer.
     template <class Integer, vexor::detail::IfInteger<Integer> = 0>
     Vec2Flt(Integer value) : Vec2Flt(static_cast<float>(value))
     {}
-    /// The components, in order.
+    /// Sets the components, in order.
     VEXOR_INLINE Vec2Flt(float x0, float y0) : x(x0), y(y0) {}
     /// Copies two floats from the array.
     VEXOR_INLINE Vec2Flt(float* values) : x(values[0]), y(values[1]) {}
-    /// Copies.
+    /// Copies both components.
     Vec2Flt(Vec2Flt const&) = default;
     ~Vec2Flt() = default;
 
     // ---- Assignment and access ---------------------------------------------------------------
 
-    /// Copies.
+    /// Copies both components.
     Vec2Flt& operator=(Vec2Flt const&) = default;
     /// Rounds each component to single.
     VEXOR_INLINE Vec2Flt& operator=(Vec2Dbl const& other)
@@ -42,12 +42,12 @@ public:
         using vexor::detail::RoundToSingle;
         return SetValue(RoundToSingle(other.x), RoundToSingle(other.y));
     }
-    /// Takes the point's coordinates. Comes with Pnt2Flt.h.
+    /// Takes the point's coordinates. Requires Pnt2Flt.h.
     VEXOR_INLINE Vec2Flt& operator=(Pnt2Flt const& point);
-    /// Takes the point's coordinates, rounded to single. Comes with Pnt2Flt.h.
+    /// Takes the point's coordinates, rounded to single. Requires Pnt2Flt.h.
     VEXOR_INLINE Vec2Flt& operator=(Pnt2Dbl const& point);
 
-    /// Both components take the value.
+    /// Sets both components to the value.
     VEXOR_INLINE Vec2Flt& SetValue(float value) { return SetValue(value, value); }
     /// The same for any integer type: a literal 0 is a number here, not a null pointer.
     template <class Integer, vexor::detail::IfInteger<Integer> = 0>
@@ -75,7 +75,7 @@ public:
     /// Writes the components to the array, in order.
     VEXOR_INLINE void GetValue(float* const values) const { GetValue(values[0], values[1]); }
 
-    /// The component of the index 0 or 1, which is not checked.
+    /// The component of the index 0 or 1. The index is not checked.
     VEXOR_INLINE float& operator[](int index) { return vexor::detail::ElementOf<float, 2>(*this, index); }
     /// The same, read-only.
     VEXOR_INLINE float const& operator[](int index) const
@@ -91,7 +91,7 @@ public:
 
     /// Multiplies each component by the scalar.
     VEXOR_INLINE Vec2Flt& operator*=(float scalar) { return SetValue(x * scalar, y * scalar); }
-    /// Two divisions, unlike the free `operator/`, which multiplies by a reciprocal.
+    /// Divides each in turn by the scalar; the free `operator/` multiplies by a reciprocal.
     VEXOR_INLINE Vec2Flt& operator/=(float scalar) { return SetValue(x / scalar, y / scalar); }
     /// Adds component by component.
     VEXOR_INLINE Vec2Flt& operator+=(Vec2Flt const& other) { return SetValue(x + other.x, y + other.y); }
@@ -109,7 +109,7 @@ public:
     {
         return vexor::detail::RoundToSingle(Vec2Dbl(*this).Dot(Vec2Dbl(other)));
     }
-    /// The scalar x·oy − y·ox in double, the difference rounded once: above 0 where `other` lies
+    /// The scalar x·oy − y·ox in double, the difference rounded once: above 0 if `other` lies
     /// counter-clockwise of this vector.
     VEXOR_INLINE float Cross(Vec2Flt const& other) const
     {
@@ -119,20 +119,20 @@ public:
     VEXOR_INLINE Vec2Flt ElemMult(Vec2Flt const& other) const { return Vec2Flt(x * other.x, y * other.y); }
     /// Each component divided by the other's; a zero divisor is not checked.
     VEXOR_INLINE Vec2Flt ElemDiv(Vec2Flt const& other) const { return Vec2Flt(x / other.x, y / other.y); }
-    /// Row i, column j is this[i]·other[j], in double, where the product is exact. Comes with Mat2Dbl.h.
+    /// Row i, column j is this[i]·other[j], in double, where the product is exact. Requires Mat2Dbl.h.
     VEXOR_INLINE Mat2Dbl OuterProduct(Vec2Flt const& other) const;
 
     // ---- Length ------------------------------------------------------------------------------
 
     /// x² + y² in double, the sum rounded once.
     VEXOR_INLINE float LengthSquared() const { return Dot(*this); }
-    /// The root of the rounded `LengthSquared()`, rounded.
+    /// The square root of the rounded `LengthSquared()`, rounded.
     VEXOR_INLINE float Length() const
     {
         return vexor::detail::RoundToSingle(vexor::detail::SquareRoot(double(LengthSquared())));
     }
-    /// Divides each component by the rounded `Length()`. Raises `VexorNullVector`, the vector
-    /// unchanged, if both components are exactly 0.
+    /// Divides each component by the rounded `Length()`. Raises `VexorNullVector`, with the vector unchanged,
+    /// if both components are exactly 0.
     VEXOR_INLINE Vec2Flt& Normalize()
     {
         if (IsNull())
@@ -183,11 +183,11 @@ public:
     }
 
     // ---- Exact comparison --------------------------------------------------------------------
-    // There is no operator<: single-precision vectors are not sorted.
+    // The class has no operator<: single-precision vectors are not sorted.
 
-    /// Both components exactly 0, of either sign. No tolerance.
+    /// 1 if both components are exactly 0, of either sign. Uses no tolerance.
     VEXOR_INLINE int IsNull() const { return int(x == 0.0f) & int(y == 0.0f); }
-    /// The rounded `LengthSquared()` within the squared length given.
+    /// 1 if the rounded `LengthSquared()` is within the tolerance, a squared length.
     VEXOR_INLINE int IsZeroLength(float length = -1.0f) const
     {
         return LengthSquared() <= vexor::detail::LengthTolerance(length);
@@ -196,22 +196,23 @@ public:
     VEXOR_INLINE int operator==(Vec2Flt const& other) const { return int(x == other.x) & int(y == other.y); }
     /// The exact negation of `operator==`.
     VEXOR_INLINE int operator!=(Vec2Flt const& other) const { return !(*this == other); }
-    /// Both components less than or equal to the other's: not strict, and no order.
+    /// 1 if both components are less than or equal to the other's. Not strict, and not an ordering.
     VEXOR_INLINE int IsLessThan(Vec2Flt const& other) const { return int(x <= other.x) & int(y <= other.y); }
-    /// Both components greater than or equal to the other's: not strict, and no order.
+    /// 1 if both components are greater than or equal to the other's. Not strict, and not an ordering.
     VEXOR_INLINE int IsGreaterThan(Vec2Flt const& other) const
     {
         return int(x >= other.x) & int(y >= other.y);
     }
 
     // ---- Direction within a tolerance: as in Vec2Dbl -----------------------------------------
-    // The dot product and the squared lengths are rounded to single; Q and 1 − Q are formed of them in
+    // The dot product and the squared lengths are rounded to single; Q and 1 − Q are computed from them in
     // double, and the value compared with the tolerance is rounded once.
 
-    /// The same direction within the angle (sine squared) and a difference within the length
-    /// (squared); the difference is rounded by component, and its squared length again.
+    /// 1 if the directions agree within `angular`, a sine squared, and the difference is within `length`, a
+    /// squared length. Each component of the difference is rounded, and its squared length again.
     VEXOR_INLINE int IsEqualTo(Vec2Flt const& other, float angular = -1.0f, float length = -1.0f) const;
-    /// Parallel or antiparallel: 1 − Q within the sine squared.
+    /// 1 if 1 − Q is within `angular`, a sine squared: parallel or antiparallel. `length` is a squared
+    /// length.
     VEXOR_INLINE int IsParallelTo(Vec2Flt const& other, float angular = -1.0f, float length = -1.0f) const
     {
         float const a = LengthSquared();
@@ -219,13 +220,13 @@ public:
         return vexor::detail::AreBothLonger(a, b, length)
                & vexor::detail::AreParallel(Dot(other), a, b, angular);
     }
-    /// Parallel, and the dot product above 0.
+    /// 1 if parallel (`angular` a sine squared, `length` a squared length) and the dot product is above 0.
     VEXOR_INLINE int IsCodirectionalTo(Vec2Flt const& other, float angular = -1.0f,
                                        float length = -1.0f) const
     {
         return int(Dot(other) > 0.0f) & IsParallelTo(other, angular, length);
     }
-    /// Q itself within the sine squared.
+    /// 1 if Q is within `angular`, a sine squared. `length` is a squared length.
     VEXOR_INLINE int IsPerpendicularTo(Vec2Flt const& other, float angular = -1.0f,
                                        float length = -1.0f) const
     {
@@ -234,17 +235,17 @@ public:
         return vexor::detail::AreBothLonger(a, b, length)
                & vexor::detail::ArePerpendicular(Dot(other), a, b, angular);
     }
-    /// For two vectors known to be unit: |1 − d·d|, rounded, within the sine squared.
+    /// For two unit vectors: 1 if |1 − d·d|, rounded, is within the tolerance, a sine squared.
     VEXOR_INLINE int IsUnitParallelTo(Vec2Flt const& other, float angular = -1.0f) const
     {
         return vexor::detail::AreUnitParallel(Dot(other), angular);
     }
-    /// For two vectors known to be unit: parallel as above, and d above 0.
+    /// For two unit vectors: 1 if parallel as above, within a sine squared, and d is above 0.
     VEXOR_INLINE int IsUnitCodirectionalTo(Vec2Flt const& other, float angular = -1.0f) const
     {
         return int(Dot(other) > 0.0f) & IsUnitParallelTo(other, angular);
     }
-    /// For two vectors known to be unit: d·d, rounded, within the sine squared.
+    /// For two unit vectors: 1 if d·d, rounded, is within the tolerance, a sine squared.
     VEXOR_INLINE int IsUnitPerpendicularTo(Vec2Flt const& other, float angular = -1.0f) const
     {
         return vexor::detail::AreUnitPerpendicular(Dot(other), angular);
@@ -258,8 +259,8 @@ public:
     {
         return vexor::detail::UnsignedAngle(Dot(other), Length(), other.Length());
     }
-    /// 0.5·(x·oy − y·ox) in double, rounded once: not half of the rounded `Cross`, which can overflow
-    /// or lose digits where this does not. Below 0 where `other` lies clockwise.
+    /// 0.5·(x·oy − y·ox) in double, rounded once. It is not half of the rounded `Cross`, which can overflow
+    /// or lose digits where this does not. Below 0 if `other` lies clockwise.
     VEXOR_INLINE float GetAreaFormedByTriangleWith(Vec2Flt const& other) const
     {
         return vexor::detail::RoundToSingle(0.5 * Vec2Dbl(*this).Cross(Vec2Dbl(other)));
@@ -270,7 +271,7 @@ public:
     /// The component of this vector along `target`: the dot product with the normalised target is
     /// rounded before it scales. Raises `VexorNullVector` if `target` is null.
     VEXOR_INLINE Vec2Flt GetProjectionOnTo(Vec2Flt const& target) const;
-    /// (−y, x) made unit: this vector turned a quarter counter-clockwise. A null vector raises
+    /// (−y, x) normalised: this vector turned a quarter counter-clockwise. A null vector raises
     /// `VexorNullVector`.
     VEXOR_INLINE Vec2Flt GetPerpendicular() const { return Vec2Flt(-y, x).GetNormalizedCopy(); }
 };
@@ -289,7 +290,7 @@ VEXOR_INLINE Vec2Flt operator*(float scalar, Vec2Flt const& vector)
     return vector * scalar;
 }
 
-/// Rounds the reciprocal 1 / scalar to single and multiplies by it, unlike `operator/=`, which divides.
+/// Rounds the reciprocal 1 / scalar to single and multiplies by it; `operator/=` divides.
 VEXOR_INLINE Vec2Flt operator/(Vec2Flt const& vector, float scalar)
 {
     return vector * (1.0f / scalar);

@@ -5,12 +5,11 @@
 #include <vexor/foundation/detail/Wrapping.h>
 #include <vexor/vectors/detail/Extremes.h>
 
-/// A pair of integers with the vocabulary of the vectors: two ints and nothing else, laid out as an
-/// array of two.
+/// A pair of integers with the members of a vector: two ints and nothing else, laid out as an array of two.
 ///
-/// All arithmetic wraps in two's complement, silently. The class stands alone: it converts to and from
-/// no other, uses no tolerance and raises nothing. It divides nothing and has no direction. Some names
-/// keep their place in the family and change their meaning: `Length`, `IsEqualTo`, `IsZeroLength`.
+/// All arithmetic wraps in two's complement, silently. The class has no conversions to or from other classes,
+/// uses no tolerance and raises no exceptions. It has no division and no direction tests. `Length`,
+/// `IsEqualTo` and `IsZeroLength` differ in meaning from those of the other vectors.
 class VEXOR_CLASS Vec2Int {
 public:
     int x; ///< Component 0.
@@ -18,28 +17,28 @@ public:
 
     // ---- Construction ------------------------------------------------------------------------
 
-    /// Leaves the components as the memory held them.
+    /// Leaves the components unset: they keep what was in memory.
     VEXOR_KEEP_MEMORY VEXOR_INLINE Vec2Int() { vexor::detail::LeaveUnset(x, y); }
-    /// Both components take the value.
+    /// Sets both components to the value.
     VEXOR_INLINE constexpr Vec2Int(int value) : x(value), y(value) {}
     /// The same for any integer type: a literal 0 is a number here, not a null pointer.
     template <class Integer, vexor::detail::IfInteger<Integer> = 0>
     constexpr Vec2Int(Integer value) : Vec2Int(static_cast<int>(value))
     {}
-    /// The components, in order.
+    /// Sets the components, in order.
     VEXOR_INLINE constexpr Vec2Int(int x0, int y0) : x(x0), y(y0) {}
     /// Copies two ints from the array.
     VEXOR_INLINE constexpr Vec2Int(int* values) : x(values[0]), y(values[1]) {}
-    /// Copies.
+    /// Copies both components.
     Vec2Int(Vec2Int const&) = default;
     ~Vec2Int() = default;
 
     // ---- Assignment and access ---------------------------------------------------------------
 
-    /// Copies.
+    /// Copies both components.
     Vec2Int& operator=(Vec2Int const&) = default;
 
-    /// Both components take the value.
+    /// Sets both components to the value.
     VEXOR_INLINE constexpr Vec2Int& SetValue(int value) { return SetValue(value, value); }
     /// The same for any integer type: a literal 0 is a number here, not a null pointer.
     template <class Integer, vexor::detail::IfInteger<Integer> = 0>
@@ -70,7 +69,7 @@ public:
     /// Writes the components to the array, in order.
     VEXOR_INLINE constexpr void GetValue(int* const values) const { GetValue(values[0], values[1]); }
 
-    /// The component of the index 0 or 1, which is not checked.
+    /// The component of the index 0 or 1. The index is not checked.
     VEXOR_INLINE constexpr int& operator[](int index)
     {
         return VEXOR_CONSTANT_EVALUATED() ? vexor::detail::FieldOf(index, x, y)
@@ -107,7 +106,7 @@ public:
         using vexor::detail::WrappedDifference;
         return SetValue(WrappedDifference(x, other.x), WrappedDifference(y, other.y));
     }
-    /// The most negative int stays itself.
+    /// Flips the sign of each component; the most negative int stays itself.
     VEXOR_INLINE constexpr Vec2Int& Negate() { return *this = GetNegatedCopy(); }
     /// The negated copy.
     VEXOR_INLINE constexpr Vec2Int GetNegatedCopy() const
@@ -133,8 +132,8 @@ public:
 
     // ---- Length ------------------------------------------------------------------------------
 
-    /// |x| + |y|, the steps of a walk along the axes: an integer for every vector, unlike the Euclidean
-    /// length, of which it is no rounding. That of (3, 4) is 7.
+    /// |x| + |y|, the Manhattan length: an integer for every vector, and not the Euclidean length, not even
+    /// rounded. That of (3, 4) is 7.
     VEXOR_INLINE int Length() const
     {
         using vexor::detail::WrappedMagnitude;
@@ -142,8 +141,8 @@ public:
     }
 
     // ---- Extremes ----------------------------------------------------------------------------
-    // Of equal candidates y wins, index 1, as in Vec2Dbl. The magnitude of the most negative int is
-    // that same negative number, and is compared as such.
+    // On a tie y (index 1) wins, as in Vec2Dbl. The magnitude of the most negative int is that same negative
+    // number and compares as negative.
 
     /// The largest component.
     VEXOR_INLINE constexpr int MaxValue() const { return vexor::detail::MaxOfTwo(x, y); }
@@ -179,28 +178,28 @@ public:
     }
 
     // ---- Comparison --------------------------------------------------------------------------
-    // There is no operator<.
+    // The class has no operator<.
 
-    /// Both components 0.
+    /// 1 if both components are 0.
     VEXOR_INLINE constexpr int IsNull() const { return int(x == 0) & int(y == 0); }
-    /// The same operation as `IsNull`: it takes no tolerance.
+    /// The same as `IsNull`; it takes no tolerance.
     VEXOR_INLINE int IsZeroLength() const { return IsNull(); }
-    /// Exact, field by field.
+    /// 1 if both components are equal.
     VEXOR_INLINE constexpr int operator==(Vec2Int const& other) const
     {
         return int(x == other.x) & int(y == other.y);
     }
     /// The exact negation of `operator==`.
     VEXOR_INLINE constexpr int operator!=(Vec2Int const& other) const { return !(*this == other); }
-    /// Whether the difference of the two is null. It takes no tolerance, and however the difference
-    /// wraps, it is null for equal vectors alone: the same answer as `operator==`.
+    /// 1 if the difference of the two is null. It takes no tolerance. Even with wrapping, the difference is
+    /// null only for equal vectors, so the result is that of `operator==`.
     VEXOR_INLINE int IsEqualTo(Vec2Int const& other) const { return *this == other; }
-    /// Both components less than or equal to the other's: not strict, and no order.
+    /// 1 if both components are less than or equal to the other's. Not strict, and not an ordering.
     VEXOR_INLINE constexpr int IsLessThan(Vec2Int const& other) const
     {
         return int(x <= other.x) & int(y <= other.y);
     }
-    /// Both components greater than or equal to the other's: not strict, and no order.
+    /// 1 if both components are greater than or equal to the other's. Not strict, and not an ordering.
     VEXOR_INLINE constexpr int IsGreaterThan(Vec2Int const& other) const
     {
         return int(x >= other.x) & int(y >= other.y);

@@ -5,7 +5,8 @@
 
 using vexor::detail::Magnitude;
 
-// In the two orders a NaN makes `<` and `>` true and `<=` false, hence the negated comparisons.
+// In both orders `<` and `>` count as true and `<=` as false if an operand is NaN; C++ treats all of them as
+// false. So `a < b` is written `!(a >= b)`.
 
 void Vec3Dbl::ValueOrder(int& smallest, int& middle, int& largest) const
 {
@@ -98,8 +99,8 @@ double Vec3Dbl::GetCCWAngleWith(Vec3Dbl const& other, Vec3Dbl const& normal) con
     if (squaredA <= lengthTolerance || squaredB <= lengthTolerance)
         return 0.0;
 
-    // Nothing below underflows then: with unit vectors of such components a component of the cross product is 0
-    // or at least 2^-508, so that its square is a normal number.
+    // Then nothing below underflows: for unit vectors with such components, each component of the cross
+    // product is 0 or at least 2^-508, so its square is a normal number.
     Vec3Dbl const a = GetNormalizedCopy();
     Vec3Dbl const b = other.GetNormalizedCopy();
     if (!AreZeroOrAtLeast(*this, a, 0x1p-228) || !AreZeroOrAtLeast(other, b, 0x1p-228)

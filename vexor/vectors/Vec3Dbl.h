@@ -21,9 +21,9 @@ VEXOR_EXACT_BEGIN
 /// A vector in space: three doubles and nothing else, laid out as an array of three.
 ///
 /// Sums and products are rounded to double at each step, in the order that each member states; no
-/// multiplication is ever fused with an addition. A tolerance argument is compared as it stands: an
-/// angular one is the square of a sine, a length one is a squared length; a negative one, the default,
-/// selects the value of `gVexorTolerance`. Every tolerance test is inclusive. Predicates return 1 or 0.
+/// multiplication is ever fused with an addition. A tolerance argument is not converted: an angular one is a
+/// sine squared, a length one is a squared length. A negative one, the default, selects the value of
+/// `gVexorTolerance`. Every tolerance test is inclusive. Predicates return 1 or 0.
 class VEXOR_CLASS Vec3Dbl {
 public:
     double x; ///< Component 0.
@@ -32,38 +32,38 @@ public:
 
     // ---- Construction ------------------------------------------------------------------------
 
-    /// Leaves the components as the memory held them.
+    /// Leaves the components unset: they keep what was in memory.
     VEXOR_KEEP_MEMORY VEXOR_INLINE Vec3Dbl() { vexor::detail::LeaveUnset(x, y, z); }
-    /// All three components take the value.
+    /// Sets all three components to the value.
     VEXOR_INLINE constexpr Vec3Dbl(double value) : x(value), y(value), z(value) {}
     /// The same for any integer type: a literal 0 is a number here, not a null pointer.
     template <class Integer, vexor::detail::IfInteger<Integer> = 0>
     constexpr Vec3Dbl(Integer value) : Vec3Dbl(static_cast<double>(value))
     {}
-    /// The components, in order.
+    /// Sets the components, in order.
     VEXOR_INLINE constexpr Vec3Dbl(double x0, double y0, double z0) : x(x0), y(y0), z(z0) {}
     /// Copies three doubles from the array.
     VEXOR_INLINE constexpr Vec3Dbl(double* values) : x(values[0]), y(values[1]), z(values[2]) {}
-    /// Copies.
+    /// Copies the three components.
     Vec3Dbl(Vec3Dbl const&) = default;
-    /// Widens each component exactly. Comes with Vec3Flt.h.
+    /// Widens each component exactly. Requires Vec3Flt.h.
     VEXOR_INLINE Vec3Dbl(Vec3Flt const& other);
-    /// The first three elements; a shorter vector is padded with zeros. Comes with VecDbl.h.
+    /// The first three elements; a shorter vector is padded with zeros. Requires VecDbl.h.
     VEXOR_INLINE Vec3Dbl(VecDbl const& other);
     ~Vec3Dbl() = default;
 
     // ---- Assignment and access ---------------------------------------------------------------
 
-    /// Copies.
+    /// Copies the three components.
     Vec3Dbl& operator=(Vec3Dbl const&) = default;
-    /// Widens each component exactly. Comes with Vec3Flt.h.
+    /// Widens each component exactly. Requires Vec3Flt.h.
     VEXOR_INLINE Vec3Dbl& operator=(Vec3Flt const& other);
-    /// Takes the point's coordinates. Comes with Pnt3Dbl.h.
+    /// Takes the point's coordinates. Requires Pnt3Dbl.h.
     VEXOR_INLINE constexpr Vec3Dbl& operator=(Pnt3Dbl const& point);
-    /// Takes the point's coordinates, widened exactly. Comes with Pnt3Flt.h.
+    /// Takes the point's coordinates, widened exactly. Requires Pnt3Flt.h.
     VEXOR_INLINE Vec3Dbl& operator=(Pnt3Flt const& point);
 
-    /// All three components take the value.
+    /// Sets all three components to the value.
     VEXOR_INLINE constexpr Vec3Dbl& SetValue(double value) { return SetValue(value, value, value); }
     /// The same for any integer type: a literal 0 is a number here, not a null pointer.
     template <class Integer, vexor::detail::IfInteger<Integer> = 0>
@@ -99,7 +99,7 @@ public:
         GetValue(values[0], values[1], values[2]);
     }
 
-    /// The component of the index 0, 1 or 2, which is not checked.
+    /// The component of the index 0, 1 or 2. The index is not checked.
     VEXOR_INLINE constexpr double& operator[](int index)
     {
         return VEXOR_CONSTANT_EVALUATED() ? vexor::detail::FieldOf(index, x, y, z)
@@ -116,7 +116,7 @@ public:
     /// The same, read-only.
     VEXOR_INLINE constexpr double const& operator()(int index) const { return (*this)[index]; }
 
-    /// Rounds each component to single. Comes with Vec3Flt.h.
+    /// Rounds each component to single. Requires Vec3Flt.h.
     VEXOR_INLINE Vec3Flt ToVec3Flt() const;
 
     // ---- Arithmetic --------------------------------------------------------------------------
@@ -126,7 +126,7 @@ public:
     {
         return SetValue(x * scalar, y * scalar, z * scalar);
     }
-    /// Three divisions, unlike the free `operator/`, which multiplies by a reciprocal.
+    /// Divides each in turn by the scalar; the free `operator/` multiplies by a reciprocal.
     VEXOR_INLINE constexpr Vec3Dbl& operator/=(double scalar)
     {
         return SetValue(x / scalar, y / scalar, z / scalar);
@@ -148,8 +148,8 @@ public:
 
     // ---- Products ----------------------------------------------------------------------------
 
-    /// (x·ox + y·oy) + z·oz, a plain sum: components between about 1e-77 and 1e77, or 0, lose nothing. Larger
-    /// products give an infinity, or NaN where two infinities cancel; smaller ones lose digits or are 0.
+    /// (x·ox + y·oy) + z·oz, a plain sum, accurate for components between about 1e-77 and 1e77, or 0. Larger
+    /// products give an infinity, or NaN if two infinities cancel; smaller ones lose digits or are 0.
     VEXOR_INLINE constexpr double Dot(Vec3Dbl const& other) const
     {
         return (x * other.x + y * other.y) + z * other.z;
@@ -169,16 +169,16 @@ public:
     {
         return Vec3Dbl(x / other.x, y / other.y, z / other.z);
     }
-    /// Row i, column j is this[i]·other[j]. Comes with Mat3Dbl.h.
+    /// Row i, column j is this[i]·other[j]. Requires Mat3Dbl.h.
     VEXOR_INLINE constexpr Mat3Dbl OuterProduct(Vec3Dbl const& other) const;
 
     // ---- Length ------------------------------------------------------------------------------
 
-    /// (x² + y²) + z², a plain sum. It has all its digits for components between about 1e-146 and 1e153.
-    /// Beyond, it is infinity; below, it loses digits, and from about 1e-162 on it is 0.
+    /// (x² + y²) + z², a plain sum. It has full precision for components between about 1e-146 and 1e153.
+    /// Above, it overflows to infinity. Below, it loses digits; below about 1e-162 it is 0.
     VEXOR_INLINE constexpr double LengthSquared() const { return (x * x + y * y) + z * z; }
-    /// The square root of (x² + y²) + z², right over the whole range of a double: where that sum would
-    /// overflow or lose digits, it is formed with an exponent of any size.
+    /// The square root of (x² + y²) + z², accurate over the whole range of a double: if that sum would
+    /// overflow or lose digits, it is computed with an unlimited exponent range.
     VEXOR_INLINE double Length() const
     {
         double const sum = LengthSquared();
@@ -187,15 +187,15 @@ public:
         double const components[] = {x, y, z};
         return vexor::detail::FullRangeLength(components, 3);
     }
-    /// Divides each component by `Length()`: three divisions. Raises `VexorNullVector`, the vector
-    /// unchanged, if all components are exactly 0; however short or long, any other vector is normalised,
-    /// also where `Length()` itself is out of a double's range.
+    /// Divides each component by `Length()`. Raises `VexorNullVector`, with the vector unchanged, if all
+    /// components are exactly 0. Any other vector is normalised, even if `Length()` itself is outside the
+    /// range of a double.
     VEXOR_INLINE Vec3Dbl& Normalize()
     {
         double const sum = LengthSquared();
         if (vexor::detail::IsPlainSum(sum))
             return *this /= vexor::detail::SquareRoot(sum);
-        // Of a copy, so that nothing takes the address of a vector that may live in registers.
+        // Works on a copy, so that nothing takes the address of a vector that could stay in registers.
         double components[] = {x, y, z};
         vexor::detail::FullRangeNormalize(components, 3);
         return SetValue(components[0], components[1], components[2]);
@@ -209,8 +209,8 @@ public:
     }
 
     // ---- Extremes and order ------------------------------------------------------------------
-    // Of equal candidates the later index wins, for maximum and minimum alike. Absolute values are
-    // formed as v if v > 0, else −v, so that of (0, 0, 0) is −0.
+    // On a tie the later index wins, for maximum and minimum alike. The absolute value is v if v > 0, else
+    // −v, so that of (0, 0, 0) is −0.
 
     /// The largest component.
     VEXOR_INLINE constexpr double MaxValue() const { return vexor::detail::MaxOfThree(x, y, z); }
@@ -244,17 +244,17 @@ public:
         using vexor::detail::Magnitude;
         return vexor::detail::MinIndexOfThree(Magnitude(x), Magnitude(y), Magnitude(z));
     }
-    /// The indices of the components in ascending order. Equal components keep their index order:
-    /// unlike above, the first of them stays first.
+    /// The indices of the components in ascending order. Equal components keep their index order: the first
+    /// of them stays first, unlike in the members above.
     VEXOR_API void ValueOrder(int& smallest, int& middle, int& largest) const;
     /// The indices of the components in ascending order of absolute value, equal ones in index order.
     VEXOR_API void AbsValueOrder(int& smallest, int& middle, int& largest) const;
 
     // ---- Exact comparison --------------------------------------------------------------------
 
-    /// All components exactly 0, of either sign. No tolerance.
+    /// 1 if all components are exactly 0, of either sign. Uses no tolerance.
     VEXOR_INLINE constexpr int IsNull() const { return int(x == 0.0) & int(y == 0.0) & int(z == 0.0); }
-    /// `LengthSquared()` within the squared length given.
+    /// 1 if `LengthSquared()` is within the tolerance, a squared length.
     VEXOR_INLINE int IsZeroLength(double length = -1.0) const
     {
         return LengthSquared() <= vexor::detail::LengthTolerance(length);
@@ -275,32 +275,33 @@ public:
             return y < other.y;
         return z < other.z;
     }
-    /// Every component less than or equal to the other's: not strict, and no order.
+    /// 1 if every component is less than or equal to the other's. Not strict, and not an ordering.
     VEXOR_INLINE constexpr int IsLessThan(Vec3Dbl const& other) const
     {
         return int(x <= other.x) & int(y <= other.y) & int(z <= other.z);
     }
-    /// Every component greater than or equal to the other's: not strict, and no order.
+    /// 1 if every component is greater than or equal to the other's. Not strict, and not an ordering.
     VEXOR_INLINE constexpr int IsGreaterThan(Vec3Dbl const& other) const
     {
         return int(x >= other.x) & int(y >= other.y) & int(z >= other.z);
     }
 
     // ---- Direction within a tolerance --------------------------------------------------------
-    // With d the dot product and A, B the squared lengths, Q = ((d·d) / A) / B is the squared cosine.
-    // A vector whose squared length is within the length tolerance has no direction: `IsParallelTo`,
-    // `IsCodirectionalTo` and `IsPerpendicularTo` answer 0 for it. The unit forms ask for no length.
-    // d, A and B are plain sums, so that loops vectorise. The answers are true for vectors between about 1e-77
-    // and 1e77 long. Longer ones, whose d·d overflows, count as parallel and not as perpendicular; above 1e154,
-    // where A or B overflows too, they count as neither. Shorter ones, whose d·d underflows, count as
-    // perpendicular and not as parallel; below 1e-162, where A or B is 0, they count as neither. Vectors that
-    // are exactly perpendicular by their zeros keep the right answer.
+    // With d the dot product and A, B the squared lengths, Q = ((d·d) / A) / B is the squared cosine. A
+    // vector whose squared length is within the length tolerance has no direction: `IsParallelTo`,
+    // `IsCodirectionalTo` and `IsPerpendicularTo` return 0 for it. The unit forms do not test the length. d,
+    // A and B are plain sums, so that loops vectorise. The results are correct for vectors of length between
+    // about 1e-77 and 1e77. For longer ones d·d overflows: they count as parallel and not as perpendicular;
+    // above 1e154 A or B overflows too, and they count as neither. For shorter ones d·d underflows: they
+    // count as perpendicular and not as parallel; below 1e-162 A or B is 0, and they count as neither. The
+    // result stays correct for vectors whose zeros make them exactly perpendicular.
 
-    /// The same direction within the angle (sine squared) and a difference within the length
-    /// (squared). Two exactly null vectors are equal; a vector that is not null but within the
-    /// global's length tolerance equals nothing, not even itself, whatever `length` says.
+    /// 1 if the directions agree within `angular`, a sine squared, and the difference is within `length`, a
+    /// squared length. Two exactly null vectors are equal. A vector that is not null but within the global's
+    /// length tolerance is unequal to everything, even to itself, for every `length`.
     VEXOR_INLINE int IsEqualTo(Vec3Dbl const& other, double angular = -1.0, double length = -1.0) const;
-    /// Parallel or antiparallel: 1 − Q within the sine squared.
+    /// 1 if 1 − Q is within `angular`, a sine squared: parallel or antiparallel. `length` is a squared
+    /// length.
     VEXOR_INLINE int IsParallelTo(Vec3Dbl const& other, double angular = -1.0, double length = -1.0) const
     {
         double const a = LengthSquared();
@@ -308,13 +309,13 @@ public:
         return vexor::detail::AreBothLonger(a, b, length)
                & vexor::detail::AreParallel(Dot(other), a, b, angular);
     }
-    /// Parallel, and the dot product above 0.
+    /// 1 if parallel (`angular` a sine squared, `length` a squared length) and the dot product is above 0.
     VEXOR_INLINE int IsCodirectionalTo(Vec3Dbl const& other, double angular = -1.0,
                                        double length = -1.0) const
     {
         return int(Dot(other) > 0.0) & IsParallelTo(other, angular, length);
     }
-    /// Q itself within the sine squared.
+    /// 1 if Q is within `angular`, a sine squared. `length` is a squared length.
     VEXOR_INLINE int IsPerpendicularTo(Vec3Dbl const& other, double angular = -1.0,
                                        double length = -1.0) const
     {
@@ -323,17 +324,17 @@ public:
         return vexor::detail::AreBothLonger(a, b, length)
                & vexor::detail::ArePerpendicular(Dot(other), a, b, angular);
     }
-    /// For two vectors known to be unit: |1 − d·d| within the sine squared.
+    /// For two unit vectors: 1 if |1 − d·d| is within the tolerance, a sine squared.
     VEXOR_INLINE int IsUnitParallelTo(Vec3Dbl const& other, double angular = -1.0) const
     {
         return vexor::detail::AreUnitParallel(Dot(other), angular);
     }
-    /// For two vectors known to be unit: parallel as above, and d above 0.
+    /// For two unit vectors: 1 if parallel as above, within a sine squared, and d is above 0.
     VEXOR_INLINE int IsUnitCodirectionalTo(Vec3Dbl const& other, double angular = -1.0) const
     {
         return int(Dot(other) > 0.0) & IsUnitParallelTo(other, angular);
     }
-    /// For two vectors known to be unit: d·d within the sine squared.
+    /// For two unit vectors: 1 if d·d is within the tolerance, a sine squared.
     VEXOR_INLINE int IsUnitPerpendicularTo(Vec3Dbl const& other, double angular = -1.0) const
     {
         return vexor::detail::AreUnitPerpendicular(Dot(other), angular);
@@ -341,9 +342,9 @@ public:
 
     // ---- Angles and area ---------------------------------------------------------------------
 
-    /// The unsigned angle in radians, from 0 to π; 0 if one of the vectors is exactly null. Right over the
-    /// whole range of a double. An arc cosine loses half the digits near 0 and π: below about 1.5e-8 the angle
-    /// is 0. docs/conventions.md shows how to get a small angle with all digits.
+    /// The unsigned angle in radians, from 0 to π; 0 if one of the vectors is exactly null. Correct over the
+    /// whole range of a double. An arc cosine loses half the digits near 0 and π: below about 1.5e-8 the
+    /// angle is 0. docs/conventions.md shows how to get a small angle with all digits.
     VEXOR_INLINE double GetAngleWith(Vec3Dbl const& other) const
     {
         double const a = LengthSquared();
@@ -355,14 +356,14 @@ public:
         double const right[] = {other.x, other.y, other.z};
         return vexor::detail::FullRangeAngle(left, right, 3);
     }
-    /// The angle in radians from this vector to `other`, counter-clockwise as seen with `normal`
-    /// pointing at the viewer, from 0 up to 2π. Only the sign of `normal`·(this × other) is used. A
-    /// vector within the global's length tolerance gives 0. So does an angle within about 1e-5 of 0 or 2π, and
-    /// one within about 1e-5 of π gives π: the unit vectors' cross product counts as zero below the global's
-    /// length. Right over the whole range of a double.
+    /// The angle in radians from this vector to `other`, counter-clockwise as seen with `normal` pointing at
+    /// the viewer, from 0 up to 2π. Only the sign of `normal`·(this × other) is used. The result is 0 for a
+    /// vector within the global's length tolerance and for an angle within about 1e-5 of 0 or 2π. It is π for
+    /// an angle within about 1e-5 of π: the unit vectors' cross product counts as zero below the global's
+    /// length. Correct over the whole range of a double.
     VEXOR_API double GetCCWAngleWith(Vec3Dbl const& other, Vec3Dbl const& normal) const;
-    /// 0.5·√(A·B − d·d), right over the whole range of a double. Nearly parallel vectors can give NaN: the
-    /// difference is not clamped.
+    /// 0.5·√(A·B − d·d), correct over the whole range of a double. The difference is not clamped: nearly
+    /// parallel vectors can give NaN.
     VEXOR_INLINE double GetAreaFormedByTriangleWith(Vec3Dbl const& other) const
     {
         double const a = LengthSquared();
@@ -376,18 +377,18 @@ public:
 
     // ---- Projection, perpendiculars, rotation ------------------------------------------------
 
-    /// The component of this vector along `target`. Raises `VexorNullVector` if `target` is null.
-    /// Right over the whole range of a double.
+    /// The component of this vector along `target`. Raises `VexorNullVector` if `target` is null. Correct
+    /// over the whole range of a double.
     VEXOR_INLINE Vec3Dbl GetProjectionOnTo(Vec3Dbl const& target) const;
-    /// A unit vector perpendicular to this one, in the plane of its smallest and largest component.
-    /// Never raises: a null vector yields (1, 0, 0). Where the squares of those two components sum up to
-    /// no more than the global's length tolerance, the result is only roughly perpendicular.
+    /// A unit vector perpendicular to this one, in the plane of its smallest and largest component. It never
+    /// raises: a null vector gives (1, 0, 0). If the sum of the squares of those two components is within the
+    /// global's length tolerance, the result is only roughly perpendicular.
     VEXOR_API Vec3Dbl GetPerpendicular() const;
-    /// The unit vector perpendicular to this one and nearest to `reference`. Where (this × reference) ×
-    /// this lies within the global's length tolerance, `GetPerpendicular()`.
+    /// The unit vector perpendicular to this one and nearest to `reference`. If (this × reference) × this is
+    /// within the global's length tolerance, it is `GetPerpendicular()`.
     VEXOR_API Vec3Dbl GetPerpendicularNearestTo(Vec3Dbl const& reference) const;
-    /// Turns this vector about `axis`, a unit vector, by the angle in radians: counter-clockwise as
-    /// seen with the axis pointing at the viewer. The axis is not normalised here. A null axis leaves the
+    /// Turns this vector about `axis`, a unit vector, by the angle in radians: counter-clockwise as seen with
+    /// the axis pointing at the viewer. The axis is not normalised here. For a null axis the result is the
     /// part along (1, 0, 0), times cos(angle).
     VEXOR_API Vec3Dbl& Rotate(Vec3Dbl const& axis, double angle);
 };
@@ -406,8 +407,8 @@ VEXOR_INLINE constexpr Vec3Dbl operator*(double scalar, Vec3Dbl const& vector)
     return vector * scalar;
 }
 
-/// Forms 1 / scalar once and multiplies by it, unlike `operator/=`, which divides: the two may differ
-/// in the last place.
+/// Computes 1 / scalar once and multiplies by it; `operator/=` divides. The two results may differ in the
+/// last place.
 VEXOR_INLINE constexpr Vec3Dbl operator/(Vec3Dbl const& vector, double scalar)
 {
     return vector * (1.0 / scalar);

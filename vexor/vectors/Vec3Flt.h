@@ -5,9 +5,9 @@ VEXOR_EXACT_BEGIN
 
 /// A vector in space in single precision: three floats and nothing else, laid out as an array of three.
 ///
-/// An operation computes in double and rounds to single where it stores or returns a value, and where
-/// its comment says so. Where it is a single multiplication, division, addition or subtraction, that
-/// is the same as the operation on floats, and is written so. Tolerances are as in `Vec3Dbl`.
+/// An operation computes in double. It rounds to single when it stores or returns a value, and where its
+/// comment says so. For one multiplication, division, addition or subtraction that equals the operation on
+/// floats, and the code uses floats. Tolerances are as in `Vec3Dbl`.
 class VEXOR_CLASS Vec3Flt {
 public:
     float x; ///< Component 0.
@@ -15,27 +15,27 @@ public:
     float z; ///< Component 2.
 
     // ---- Construction ------------------------------------------------------------------------
-    // There is no constructor from `Vec3Dbl`: narrowing takes an assignment or `Vec3Dbl::ToVec3Flt`.
+    // No constructor takes a `Vec3Dbl`: to narrow one, assign it or call `Vec3Dbl::ToVec3Flt`.
 
-    /// Leaves the components as the memory held them.
+    /// Leaves the components unset: they keep what was in memory.
     VEXOR_KEEP_MEMORY VEXOR_INLINE Vec3Flt() { vexor::detail::LeaveUnset(x, y, z); }
-    /// All three components take the value.
+    /// Sets all three components to the value.
     VEXOR_INLINE Vec3Flt(float value) : x(value), y(value), z(value) {}
     /// The same for any integer type: a literal 0 is a number here, not a null pointer.
     template <class Integer, vexor::detail::IfInteger<Integer> = 0>
     Vec3Flt(Integer value) : Vec3Flt(static_cast<float>(value))
     {}
-    /// The components, in order.
+    /// Sets the components, in order.
     VEXOR_INLINE Vec3Flt(float x0, float y0, float z0) : x(x0), y(y0), z(z0) {}
     /// Copies three floats from the array.
     VEXOR_INLINE Vec3Flt(float* values) : x(values[0]), y(values[1]), z(values[2]) {}
-    /// Copies.
+    /// Copies the three components.
     Vec3Flt(Vec3Flt const&) = default;
     ~Vec3Flt() = default;
 
     // ---- Assignment and access ---------------------------------------------------------------
 
-    /// Copies.
+    /// Copies the three components.
     Vec3Flt& operator=(Vec3Flt const&) = default;
     /// Rounds each component to single.
     VEXOR_INLINE Vec3Flt& operator=(Vec3Dbl const& other)
@@ -43,12 +43,12 @@ public:
         using vexor::detail::RoundToSingle;
         return SetValue(RoundToSingle(other.x), RoundToSingle(other.y), RoundToSingle(other.z));
     }
-    /// Takes the point's coordinates. Comes with Pnt3Flt.h.
+    /// Takes the point's coordinates. Requires Pnt3Flt.h.
     VEXOR_INLINE Vec3Flt& operator=(Pnt3Flt const& point);
-    /// Takes the point's coordinates, rounded to single. Comes with Pnt3Flt.h.
+    /// Takes the point's coordinates, rounded to single. Requires Pnt3Flt.h.
     VEXOR_INLINE Vec3Flt& operator=(Pnt3Dbl const& point);
 
-    /// All three components take the value.
+    /// Sets all three components to the value.
     VEXOR_INLINE Vec3Flt& SetValue(float value) { return SetValue(value, value, value); }
     /// The same for any integer type: a literal 0 is a number here, not a null pointer.
     template <class Integer, vexor::detail::IfInteger<Integer> = 0>
@@ -81,7 +81,7 @@ public:
     /// Writes the components to the array, in order.
     VEXOR_INLINE void GetValue(float* const values) const { GetValue(values[0], values[1], values[2]); }
 
-    /// The component of the index 0, 1 or 2, which is not checked.
+    /// The component of the index 0, 1 or 2. The index is not checked.
     VEXOR_INLINE float& operator[](int index) { return vexor::detail::ElementOf<float, 3>(*this, index); }
     /// The same, read-only.
     VEXOR_INLINE float const& operator[](int index) const
@@ -97,7 +97,7 @@ public:
 
     /// Multiplies each component by the scalar.
     VEXOR_INLINE Vec3Flt& operator*=(float scalar) { return SetValue(x * scalar, y * scalar, z * scalar); }
-    /// Three divisions, unlike the free `operator/`, which multiplies by a reciprocal.
+    /// Divides each in turn by the scalar; the free `operator/` multiplies by a reciprocal.
     VEXOR_INLINE Vec3Flt& operator/=(float scalar) { return SetValue(x / scalar, y / scalar, z / scalar); }
     /// Adds component by component.
     VEXOR_INLINE Vec3Flt& operator+=(Vec3Flt const& other)
@@ -137,20 +137,20 @@ public:
     {
         return Vec3Flt(x / other.x, y / other.y, z / other.z);
     }
-    /// Row i, column j is this[i]·other[j], in double, where the product is exact. Comes with Mat3Dbl.h.
+    /// Row i, column j is this[i]·other[j], in double, where the product is exact. Requires Mat3Dbl.h.
     VEXOR_INLINE Mat3Dbl OuterProduct(Vec3Flt const& other) const;
 
     // ---- Length ------------------------------------------------------------------------------
 
     /// (x² + y²) + z² in double, the sum rounded once.
     VEXOR_INLINE float LengthSquared() const { return Dot(*this); }
-    /// The root of the rounded `LengthSquared()`, rounded.
+    /// The square root of the rounded `LengthSquared()`, rounded.
     VEXOR_INLINE float Length() const
     {
         return vexor::detail::RoundToSingle(vexor::detail::SquareRoot(double(LengthSquared())));
     }
-    /// Divides each component by the rounded `Length()`. Raises `VexorNullVector`, the vector
-    /// unchanged, if all components are exactly 0.
+    /// Divides each component by the rounded `Length()`. Raises `VexorNullVector`, with the vector unchanged,
+    /// if all components are exactly 0.
     VEXOR_INLINE Vec3Flt& Normalize()
     {
         if (IsNull())
@@ -202,9 +202,9 @@ public:
 
     // ---- Exact comparison --------------------------------------------------------------------
 
-    /// All components exactly 0, of either sign. No tolerance.
+    /// 1 if all components are exactly 0, of either sign. Uses no tolerance.
     VEXOR_INLINE int IsNull() const { return int(x == 0.0f) & int(y == 0.0f) & int(z == 0.0f); }
-    /// The rounded `LengthSquared()` within the squared length given.
+    /// 1 if the rounded `LengthSquared()` is within the tolerance, a squared length.
     VEXOR_INLINE int IsZeroLength(float length = -1.0f) const
     {
         return LengthSquared() <= vexor::detail::LengthTolerance(length);
@@ -216,25 +216,26 @@ public:
     }
     /// The exact negation of `operator==`.
     VEXOR_INLINE int operator!=(Vec3Flt const& other) const { return !(*this == other); }
-    /// Every component less than or equal to the other's: not strict, and no order.
+    /// 1 if every component is less than or equal to the other's. Not strict, and not an ordering.
     VEXOR_INLINE int IsLessThan(Vec3Flt const& other) const
     {
         return int(x <= other.x) & int(y <= other.y) & int(z <= other.z);
     }
-    /// Every component greater than or equal to the other's: not strict, and no order.
+    /// 1 if every component is greater than or equal to the other's. Not strict, and not an ordering.
     VEXOR_INLINE int IsGreaterThan(Vec3Flt const& other) const
     {
         return int(x >= other.x) & int(y >= other.y) & int(z >= other.z);
     }
 
     // ---- Direction within a tolerance: as in Vec3Dbl -----------------------------------------
-    // The dot product and the squared lengths are rounded to single; Q and 1 − Q are formed of them in
+    // The dot product and the squared lengths are rounded to single; Q and 1 − Q are computed from them in
     // double, and the value compared with the tolerance is rounded once.
 
-    /// The same direction within the angle (sine squared) and a difference within the length
-    /// (squared); the difference is rounded by component, and its squared length again.
+    /// 1 if the directions agree within `angular`, a sine squared, and the difference is within `length`, a
+    /// squared length. Each component of the difference is rounded, and its squared length again.
     VEXOR_INLINE int IsEqualTo(Vec3Flt const& other, float angular = -1.0f, float length = -1.0f) const;
-    /// Parallel or antiparallel: 1 − Q within the sine squared.
+    /// 1 if 1 − Q is within `angular`, a sine squared: parallel or antiparallel. `length` is a squared
+    /// length.
     VEXOR_INLINE int IsParallelTo(Vec3Flt const& other, float angular = -1.0f, float length = -1.0f) const
     {
         float const a = LengthSquared();
@@ -242,13 +243,13 @@ public:
         return vexor::detail::AreBothLonger(a, b, length)
                & vexor::detail::AreParallel(Dot(other), a, b, angular);
     }
-    /// Parallel, and the dot product above 0.
+    /// 1 if parallel (`angular` a sine squared, `length` a squared length) and the dot product is above 0.
     VEXOR_INLINE int IsCodirectionalTo(Vec3Flt const& other, float angular = -1.0f,
                                        float length = -1.0f) const
     {
         return int(Dot(other) > 0.0f) & IsParallelTo(other, angular, length);
     }
-    /// Q itself within the sine squared.
+    /// 1 if Q is within `angular`, a sine squared. `length` is a squared length.
     VEXOR_INLINE int IsPerpendicularTo(Vec3Flt const& other, float angular = -1.0f,
                                        float length = -1.0f) const
     {
@@ -257,17 +258,17 @@ public:
         return vexor::detail::AreBothLonger(a, b, length)
                & vexor::detail::ArePerpendicular(Dot(other), a, b, angular);
     }
-    /// For two vectors known to be unit: |1 − d·d|, rounded, within the sine squared.
+    /// For two unit vectors: 1 if |1 − d·d|, rounded, is within the tolerance, a sine squared.
     VEXOR_INLINE int IsUnitParallelTo(Vec3Flt const& other, float angular = -1.0f) const
     {
         return vexor::detail::AreUnitParallel(Dot(other), angular);
     }
-    /// For two vectors known to be unit: parallel as above, and d above 0.
+    /// For two unit vectors: 1 if parallel as above, within a sine squared, and d is above 0.
     VEXOR_INLINE int IsUnitCodirectionalTo(Vec3Flt const& other, float angular = -1.0f) const
     {
         return int(Dot(other) > 0.0f) & IsUnitParallelTo(other, angular);
     }
-    /// For two vectors known to be unit: d·d, rounded, within the sine squared.
+    /// For two unit vectors: 1 if d·d, rounded, is within the tolerance, a sine squared.
     VEXOR_INLINE int IsUnitPerpendicularTo(Vec3Flt const& other, float angular = -1.0f) const
     {
         return vexor::detail::AreUnitPerpendicular(Dot(other), angular);
@@ -281,23 +282,25 @@ public:
     {
         return vexor::detail::UnsignedAngle(Dot(other), Length(), other.Length());
     }
-    /// 0.5·√(A·B − d·d): the difference, its root and the product are rounded in turn. Nearly parallel
-    /// vectors can give NaN: the difference is not clamped.
+    /// 0.5·√(A·B − d·d): the difference, its square root and the product are each rounded. The difference is
+    /// not clamped: nearly parallel vectors can give NaN.
     VEXOR_INLINE float GetAreaFormedByTriangleWith(Vec3Flt const& other) const
     {
         return vexor::detail::TriangleArea(Dot(other), LengthSquared(), other.LengthSquared());
     }
 
     // ---- Projection and perpendiculars -------------------------------------------------------
-    // The two perpendiculars are other algorithms than those of Vec3Dbl, with other signs and failures.
+    // The two perpendiculars use different algorithms from those of Vec3Dbl, with different signs and
+    // exceptions.
 
     /// The component of this vector along `target`. Raises `VexorNullVector` if `target` is null.
     VEXOR_INLINE Vec3Flt GetProjectionOnTo(Vec3Flt const& target) const;
-    /// (−y, x, 0) made unit if x or y is at least 1/64 in magnitude; otherwise (z, 0, −x), or (−y, x, 0)
-    /// after all where that lies within the global's length tolerance. Raises `VexorNullVector` where
-    /// the choice is exactly null: for a null vector and for a short (0, 0, z).
+    /// A unit vector perpendicular to this one: (−y, x, 0) normalised if x or y is at least 1/64 in
+    /// magnitude. Otherwise (z, 0, −x) normalised, or (−y, x, 0) if (z, 0, −x) is within the global's length
+    /// tolerance. Raises `VexorNullVector` if the chosen vector is exactly null: for a null vector and for a
+    /// short (0, 0, z).
     VEXOR_API Vec3Flt GetPerpendicular() const;
-    /// (this × reference) × this as it stands: not normalised, and null for parallel vectors.
+    /// (this × reference) × this, not normalised; null for parallel vectors.
     VEXOR_INLINE Vec3Flt GetPerpendicularNearestTo(Vec3Flt const& reference) const
     {
         return Cross(reference).Cross(*this);
@@ -318,7 +321,7 @@ VEXOR_INLINE Vec3Flt operator*(float scalar, Vec3Flt const& vector)
     return vector * scalar;
 }
 
-/// Rounds the reciprocal 1 / scalar to single and multiplies by it, unlike `operator/=`, which divides.
+/// Rounds the reciprocal 1 / scalar to single and multiplies by it; `operator/=` divides.
 VEXOR_INLINE Vec3Flt operator/(Vec3Flt const& vector, float scalar)
 {
     return vector * (1.0f / scalar);

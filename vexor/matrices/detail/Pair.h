@@ -5,9 +5,9 @@ VEXOR_EXACT_BEGIN
 
 namespace vexor::detail {
 
-/// Two doubles that are added and multiplied at once, each by itself and rounded as it would be alone: so
-/// the bits are those of plain doubles. A pair is made of its components and not read from memory as a
-/// whole, which would wait for two that were stored one by one a moment ago.
+/// Two doubles that are added and multiplied at once. Each is rounded separately, so the bits are those of
+/// plain doubles. Build a pair from two scalars; loading 16 bytes at once stalls if the halves were just
+/// stored separately (failed store forwarding).
 #if defined(__GNUC__) && (defined(__SSE2__) || defined(__aarch64__))
 using Pair = double __attribute__((vector_size(16)));
 #else

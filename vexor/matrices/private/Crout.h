@@ -4,14 +4,14 @@
 #include <cmath>
 #include <utility>
 
-// Crout's factorisation with implicitly scaled partial pivoting, and the substitution with its
-// factors. The algorithm stands here once, over a class that says how the rows are held: in storage,
-// for any size, or in local variables, for size 3, where the compiler unrolls every loop. The operations on the elements and their order are the same for
-// both, and so is every bit of the result.
+// Crout's factorisation with implicitly scaled partial pivoting, and the substitution with its factors. The
+// algorithm is a template over the class that holds the rows: in storage, for any size, or in local
+// variables, for size 3, where the compiler unrolls every loop. The operations on the elements and their
+// order are the same for both, and so is every bit of the result.
 
 #if defined(__GNUC__) && !defined(__clang__)
 #    pragma GCC diagnostic push
-// GCC 12 at -O2 warns of copies of the unrolled loops that lie beyond their ends and never run.
+// GCC 12 at -O2 warns about iterations of the unrolled loops that are out of bounds and never run.
 #    pragma GCC diagnostic ignored "-Warray-bounds"
 #endif
 
@@ -22,7 +22,7 @@ namespace vexor::detail {
 /// The largest size: the row order is kept in bytes.
 inline constexpr int largestSmallSize = 255;
 
-/// Rows where they are stored, reached through their order: only the order is ever permuted.
+/// Rows in their storage, accessed through their order: only the order is permuted.
 class StoredRows {
 public:
     StoredRows(double* storage, unsigned char* rowOrder, int rowCount)
@@ -34,11 +34,11 @@ public:
     void LoadColumn(int) {}
     /// The element in column k of the row that acts as row i.
     double& operator()(int i, int k) { return elements[order[i] * size + k]; }
-    /// Belongs to the row, wherever the order puts it.
+    /// The scale factor of the row that acts as row i.
     double& Scale(int i) { return scales[order[i]]; }
-    /// Row i is chosen, until a later one is, if its candidate is greater than the best before it.
+    /// Chooses row i if its candidate is greater than the best so far. A later row may replace it.
     void Compare(int i, double candidate, double best) { chosen = candidate > best ? i : chosen; }
-    /// Exchanges row j with the row chosen, j itself or one after it.
+    /// Exchanges row j with the chosen row, which is j or a later one.
     void Exchange(int j) { std::swap(order[j], order[chosen]); }
 
 private:
@@ -105,7 +105,7 @@ public:
                 storage[3 * order[i] + k] = rows[i][k];
         }
     }
-    /// Takes up factors from where `Store` has put them.
+    /// Loads the factors that `Store` has written.
     void Load(unsigned char const* rowOrder)
     {
         VEXOR_UNROLL(3)
@@ -125,8 +125,8 @@ private:
     int chosen = 0;
 };
 
-/// The sum of the terms from `begin` to `end` − 1, of which there is at least one, in rising order. It
-/// starts with the first of them and not from 0.0.
+/// The sum of the terms from `begin` to `end` − 1 in rising order. There is at least one term; the sum starts
+/// with the first and not from 0.0.
 template <class Term>
 inline double SumOfTerms(int begin, int end, Term term)
 {
@@ -137,8 +137,8 @@ inline double SumOfTerms(int begin, int end, Term term)
     return sum;
 }
 
-/// Returns 0; −2 if the elements of a row are zeros or NaN, with no element changed; −3 if a column has no
-/// pivot, with the elements partly transformed.
+/// Factorises. Returns 0 on success; −2 if the elements of a row are zeros or NaN, with no element changed;
+/// −3 if a column has no pivot, with the elements partly transformed.
 template <class Rows>
 VEXOR_ALWAYS_INLINE int Decompose(Rows& rows)
 {
@@ -150,7 +150,7 @@ VEXOR_ALWAYS_INLINE int Decompose(Rows& rows)
         VEXOR_UNROLL(3)
         for (int k = 0; k < size; ++k) {
             double const magnitude = std::fabs(rows(i, k));
-            largest = magnitude > largest ? magnitude : largest; // passes over a NaN
+            largest = magnitude > largest ? magnitude : largest; // skips a NaN
         }
         if (largest == 0.0)
             return -2;
@@ -170,7 +170,7 @@ VEXOR_ALWAYS_INLINE int Decompose(Rows& rows)
             if (j > 0)
                 rows(i, j) -= SumOfTerms(0, j, [&](int k) { return rows(k, j) * rows(i, k); });
             double const candidate = std::fabs(rows(i, j)) * rows.Scale(i);
-            rows.Compare(i, candidate, best); // the first of equals stays, a NaN never wins
+            rows.Compare(i, candidate, best); // on a tie the first wins; a NaN never wins
             best = candidate > best ? candidate : best;
         }
         if (!(best > 0.0))
@@ -186,7 +186,7 @@ VEXOR_ALWAYS_INLINE int Decompose(Rows& rows)
     return 0;
 }
 
-/// Overwrites a right-hand side by the solution. `value(i)` is its element at the row that acts as row i.
+/// Overwrites a right-hand side with the solution. `value(i)` is its element at the row that acts as row i.
 template <class Rows, class Values>
 VEXOR_ALWAYS_INLINE void Substitute(Rows& rows, Values value)
 {

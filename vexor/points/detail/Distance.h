@@ -2,16 +2,16 @@
 #include <vexor/foundation/detail/Rounding.h>
 #include <vexor/foundation/VexorTolerance.h>
 
-// The distance of two points, for all four point classes: a running sum of squares over the element
-// type, and how the points' `IsEqualTo` reads its tolerance.
+// The distance of two points, for all four point classes: a running sum of squares over the element type, and
+// the interpretation of the tolerance by the points' `IsEqualTo`.
 
 VEXOR_EXACT_BEGIN
 
 namespace vexor::detail {
 
-/// sum + d², made in double: for single elements the square is exact there, and the sum is rounded to
-/// single; for double elements the square and the sum are rounded each. The caller hands in d rounded to
-/// the element type.
+/// sum + d², computed in double. For single elements the square is exact and the sum is rounded to single.
+/// For double elements the square and the sum are each rounded. The caller passes d rounded to the element
+/// type.
 template <class Element>
 constexpr Element AddSquare(Element sum, Element difference)
 {
@@ -19,9 +19,9 @@ constexpr Element AddSquare(Element sum, Element difference)
     return Round<Element>(sum + d * d);
 }
 
-/// The squared distance up to which two points count as equal. Unlike a vector's predicate, a point's
-/// takes a plain length and squares it here, in the argument's own type; only a negative argument
-/// selects the global's squared length. 0, −0 and NaN are used as they are.
+/// The squared distance up to which two points count as equal. The tolerance of a point's predicate is a
+/// plain length, unlike a vector's; it is squared here, in the argument's own type. Only a negative argument
+/// selects the global's squared length. 0, −0 and NaN are used as given.
 template <class Argument>
 inline Argument SquaredDistanceLimit(Argument tolerance)
 {

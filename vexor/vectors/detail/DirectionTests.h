@@ -5,10 +5,9 @@
 
 #include <limits>
 
-// What all six floating vector classes share of their geometry, over the element type. Each class
-// hands in its own dot product d and squared lengths A and B, already rounded as that class rounds
-// them; from there on everything is computed in double and rounded at the points named here, which
-// for double elements are no roundings at all.
+// The geometry that all six floating-point vector classes share, as templates over the element type. Each
+// class passes its own dot product d and squared lengths A and B, rounded by its own rules. Everything else
+// is computed in double and rounded at the points named here; for double elements these do nothing.
 //
 // Tests of direction return int and combine with &, without branches, so that a caller's loop vectorises.
 
@@ -16,8 +15,8 @@ VEXOR_EXACT_BEGIN
 
 namespace vexor::detail {
 
-/// 1 unless one of the two squared lengths counts as zero. A squared length of 0 always does, also where the
-/// tolerance is NaN. With a NaN among the two the answer means nothing; the squared cosine is NaN then.
+/// 1 unless one of the two squared lengths counts as zero. A squared length of 0 always does, even if the
+/// tolerance is NaN. If either is NaN, the result is meaningless, and the squared cosine is NaN.
 template <class Element>
 inline int AreBothLonger(Element a, Element b, Element lengthArgument)
 {
@@ -29,10 +28,10 @@ inline int AreBothLonger(Element a, Element b, Element lengthArgument)
 
 /// The squared cosine ((d·d) / A) / B, in double and without a root.
 ///
-/// 0 / 0 would raise FE_INVALID, for vectors that count as zero anyway. So a divisor of 0 is replaced by the
-/// smallest double, as the larger of the two. In a loop over vectors that costs up to 3 %, with g++ for AVX2, which
-/// blends instead, 10 to 15 %. A comparison with 0 costs 5 to 20 %, and a branch keeps the loop from vectorising. A NaN
-/// is replaced as well; the dot product is a NaN then, and so is the result.
+/// 0 / 0 would raise FE_INVALID for vectors that count as zero anyway. So the divisor is the larger of itself
+/// and the smallest double. In a loop over vectors that costs up to 3 %; with g++ for AVX2, which uses
+/// blends, 10 to 15 %. A comparison with 0 costs 5 to 20 %, and a branch keeps the loop from vectorising. A
+/// NaN is replaced as well; the dot product is a NaN then, and so is the result.
 template <class Element>
 inline double SquaredCosine(Element d, Element a, Element b)
 {
@@ -43,21 +42,23 @@ inline double SquaredCosine(Element d, Element a, Element b)
     return ((dot * dot) / (wideA > least ? wideA : least)) / (wideB > least ? wideB : least);
 }
 
-/// 1 − cos² within the tolerance. It is not clamped: rounding may take it below 0, which passes.
+/// 1 if 1 − cos² is within the tolerance, a sine squared. It is not clamped: a value that rounding makes
+/// negative passes.
 template <class Element>
 inline int AreParallel(Element d, Element a, Element b, Element angularArgument)
 {
     return Round<Element>(1.0 - SquaredCosine(d, a, b)) <= AngularTolerance(angularArgument);
 }
 
-/// cos² within the tolerance: the sine squared of the deviation from a right angle.
+/// 1 if cos² is within the tolerance, the sine squared of the deviation from a right angle.
 template <class Element>
 inline int ArePerpendicular(Element d, Element a, Element b, Element angularArgument)
 {
     return Round<Element>(SquaredCosine(d, a, b)) <= AngularTolerance(angularArgument);
 }
 
-/// |1 − d²| within the tolerance, for operands that the caller knows to be unit vectors.
+/// 1 if |1 − d²| is within the tolerance, a sine squared, for unit vectors. The caller ensures that they are
+/// unit.
 template <class Element>
 inline int AreUnitParallel(Element d, Element angularArgument)
 {
@@ -65,7 +66,7 @@ inline int AreUnitParallel(Element d, Element angularArgument)
     return Magnitude(Round<Element>(1.0 - dot * dot)) <= AngularTolerance(angularArgument);
 }
 
-/// d² within the tolerance, for operands that the caller knows to be unit vectors.
+/// 1 if d² is within the tolerance, a sine squared, for unit vectors. The caller ensures that they are unit.
 template <class Element>
 inline int AreUnitPerpendicular(Element d, Element angularArgument)
 {
@@ -73,7 +74,7 @@ inline int AreUnitPerpendicular(Element d, Element angularArgument)
     return Round<Element>(dot * dot) <= AngularTolerance(angularArgument);
 }
 
-/// The angle in radians, from 0 to π; 0 where a length is exactly 0. The quotient stays in double.
+/// The angle in radians, from 0 to π; 0 if a length is exactly 0. The quotient stays in double.
 template <class Element>
 inline Element UnsignedAngle(Element d, Element lengthA, Element lengthB)
 {
@@ -95,10 +96,10 @@ inline Element TriangleArea(Element d, Element a, Element b)
     return Round<Element>(0.5 * root);
 }
 
-/// Toleranced equality: the same direction within the angle, and a difference within the length.
-/// Exactly null vectors equal each other and nothing else. The direction test runs with the global
-/// length tolerance whatever the caller's, so a vector shorter than that, but not null, is unequal
-/// even to itself. `squaredDistance` gives the squared length of the difference of the two.
+/// Equality within tolerances: the same direction within a sine squared, and a difference within a squared
+/// length. Exactly null vectors equal only each other. The direction test uses the global length tolerance
+/// and not the caller's, so a vector within it that is not null is unequal even to itself. `squaredDistance`
+/// gives the squared length of the difference of the two.
 template <class Vector, class Element, class SquaredDistance>
 inline int AreEqual(Vector const& left, Vector const& right, Element angular, Element length,
                     SquaredDistance squaredDistance)

@@ -1,9 +1,9 @@
 #pragma once
 #include <vexor/foundation/detail/Scalar.h>
 
-// Extremes of three components and of two. In space the later index wins a tie, by the decision
-// trees below; in the plane a tie goes to the second component. The conditions stand as they decide
-// about NaN: a comparison that involves one is false.
+// Extremes of three components and of two. In space the later index wins a tie, by the decision trees below;
+// in the plane the second component wins. The form of the conditions decides the result for NaN: a comparison
+// with a NaN is false.
 
 VEXOR_EXACT_BEGIN
 

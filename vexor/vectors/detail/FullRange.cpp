@@ -7,7 +7,7 @@
 namespace vexor::detail {
 namespace {
 
-/// Takes the part of the first product in a sum that does not start from 0: −0 changes no term it is added to.
+/// The start of a sum that does not start from 0: adding −0 changes no term.
 constexpr double noStart = -0.0;
 
 bool AreNull(double const* values, int count)

@@ -3,8 +3,8 @@
 
 #include <cmath>
 
-// Arithmetic with the precision of a double and an exponent that never overflows or underflows. Slow, for the
-// rare operands whose intermediate results leave the range of a double.
+// Arithmetic with the precision of a double and an exponent that never overflows or underflows. It is slow
+// and serves only the rare operands whose intermediate results leave the range of a double.
 
 VEXOR_EXACT_BEGIN
 
@@ -45,8 +45,8 @@ public:
     }
     friend bool operator<=(Wide const& left, Wide const& right)
     {
-        // Two regular numbers compare as their difference, whose sign no rounding changes. An infinity or a NaN
-        // compares by its significand, since that of a regular number is finite.
+        // Finite numbers compare by the sign of their difference, which rounding never changes. An infinity
+        // or a NaN compares by its significand, since that of a finite number is finite.
         return left.IsFinite() && right.IsFinite() ? (left - right).significand <= 0.0
                                                    : left.significand <= right.significand;
     }
@@ -57,19 +57,19 @@ public:
         return Wide(SquareRoot(std::ldexp(value.significand, odd)), (value.exponent - odd) / 2);
     }
 
-    /// The product rounded once, to a double: also one below the normal range.
+    /// The product, rounded once to a double even if it is subnormal.
     friend double NarrowProduct(Wide const& left, Wide const& right)
     {
         int const power = Clamped(left.exponent + right.exponent);
         return std::ldexp(left.significand, power / 2) * std::ldexp(right.significand, power - power / 2);
     }
-    /// The quotient rounded once, to a double: also one below the normal range.
+    /// The quotient, rounded once to a double even if it is subnormal.
     friend double NarrowQuotient(Wide const& left, Wide const& right)
     {
         int const power = Clamped(left.exponent - right.exponent);
         return std::ldexp(left.significand, power / 2) / std::ldexp(right.significand, power / 2 - power);
     }
-    /// Rounded to a double.
+    /// The value, rounded once to a double.
     friend double Narrow(Wide const& value) { return NarrowProduct(value, Wide(1.0)); }
 
 private:
@@ -84,7 +84,8 @@ private:
     bool IsFinite() const { return std::isfinite(significand); }
     bool IsRegular() const { return IsFinite() && significand != 0.0; }
 
-    // A power of two beyond which every result is infinite or 0, whose half is in the range of a double.
+    // Limits a power of two to the range beyond which every result is infinite or 0; half the power is in the
+    // range of a double.
     static int Clamped(int power) { return power < -1200 ? -1200 : power > 1200 ? 1200 : power; }
 
     double significand;
