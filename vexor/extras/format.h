@@ -1,8 +1,8 @@
 #pragma once
 #include <vexor/extras/detail/Text.h>
 
-// Formatters for {fmt} 9 or later, where it is installed, and for std::format, where the compiler has it. The
-// text is that of stream.h. The format specification is that of one number and holds for each: `{:.3f}`, `{:a}`,
+// Formatters for {fmt} 9 or later, if it is installed, and for std::format, if the compiler has it. The text
+// is that of stream.h. The format specification is that of one number and applies to each: `{:.3f}`, `{:a}`,
 // `{:8.2e}`.
 
 #if defined(__has_include)
@@ -19,13 +19,13 @@
 
 namespace vexor::detail {
 
-/// A formatter of a class made of `Base`, the formatter of its numbers.
+/// A formatter of a class, derived from `Base`, the formatter of its numbers.
 template <class Value, class Base>
 struct Formatter : Base {
     template <class Context>
     auto format(Value const& value, Context& context) const
     {
-        // Both libraries move the context's output position on with each piece.
+        // Both libraries advance the context's output position with each piece.
         WalkText(
             value,
             [&context](char const* text) {

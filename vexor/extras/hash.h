@@ -5,12 +5,12 @@
 #include <cstdint>
 #include <functional>
 
-// std::hash for vectors, points and `UInt64`, consistent with `operator==`: equal values hash alike, 0.0 and −0.0
-// included. A NaN equals nothing, so a value that holds one is never found again.
+// std::hash for vectors, points and `UInt64`, consistent with `operator==`: equal values have equal hashes,
+// even 0.0 and −0.0. A NaN is unequal to everything, so a container never finds a value that holds one.
 
 namespace vexor::detail {
 
-/// Spreads every bit over the whole word: the finaliser of SplitMix64 (Steele, Lea and Flood 2014).
+/// Mixes every bit into the whole word: the finaliser of SplitMix64 (Steele, Lea and Flood 2014).
 inline std::uint64_t SpreadBits(std::uint64_t bits)
 {
     bits = (bits ^ (bits >> 30)) * 0xbf58476d1ce4e5b9u;
@@ -26,7 +26,7 @@ struct ElementHash {
         using Element = ElementType<Value>;
         std::uint64_t state = 0x9e3779b97f4a7c15u;
         for (int i = 0; i < VectorSize(value); ++i) {
-            // std::hash itself hashes 0.0 and −0.0 alike.
+            // std::hash itself gives 0.0 and −0.0 the same hash.
             state = SpreadBits(state + 0x9e3779b97f4a7c15u + std::hash<Element>()(value[i]));
         }
         return static_cast<std::size_t>(state);
@@ -58,7 +58,8 @@ struct hash<UInt64> {
     }
 };
 
-/// `UInt64::operator==` is not const, so the primary template does not compile for the const keys of a container.
+/// `UInt64::operator==` is not const, so the primary template does not compile for the const keys of a
+/// container.
 template <>
 struct equal_to<UInt64> {
     bool operator()(UInt64 const& left, UInt64 const& right) const { return left.int64() == right.int64(); }

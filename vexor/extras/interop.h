@@ -1,10 +1,11 @@
-// To and from the types of other libraries and the arrays of graphics interfaces. Each section is compiled only if
-// that library's header was included before this one; a later inclusion adds what has come since, so there is no
-// `#pragma once` around the whole.
+// Conversions to and from the types of other libraries and the arrays of graphics interfaces. Each section is
+// compiled only if that library's header was included before this one. Including this header again adds the
+// sections whose libraries were included since, so it has no `#pragma once` as a whole.
 //
-// A copy goes out by `vexor::ToEigen(value)`, `ToGlm`, `ToImath`, `ToArray`, and comes back by
-// `vexor::From<Vec3Dbl>(peer)`, which names the class wanted. Every copy is exact. Quaternions are matched by
-// component, never by position: s is the peer's w or r. Matrices are matched by what they do to a vector.
+// `vexor::ToEigen(value)`, `ToGlm`, `ToImath` and `ToArray` copy to the other library;
+// `vexor::From<Vec3Dbl>(peer)` copies back to the class that it names. Every copy is exact. Quaternions are
+// matched by component, never by position: s is the peer's w or r. Matrices are matched by their effect on a
+// vector.
 
 #ifndef VEXOR_EXTRAS_INTEROP_H
 #define VEXOR_EXTRAS_INTEROP_H
@@ -53,7 +54,7 @@ Mat3Dbl Mat3MadeOf(Source const& element)
     return result;
 }
 
-/// The affine map of a 4×4 matrix that acts on columns. Its last row has to be exactly (0, 0, 0, 1).
+/// The affine map of a 4×4 matrix that acts on columns. Its last row must be exactly (0, 0, 0, 1).
 template <class Source>
 AffMat3Dbl AffMat3MadeOf(Source const& element)
 {
@@ -77,7 +78,7 @@ inline double Element4x4(AffMat3Dbl const& map, int row, int column)
 
 // ---- Arrays --------------------------------------------------------------------------------------
 
-/// The components of a vector or point.
+/// Copies the components of a vector or point to an array.
 template <class Value, detail::IfFixedVector<Value> = 0>
 std::array<detail::ElementType<Value>, static_cast<std::size_t>(detail::countOf<Value>)>
 ToArray(Value const& value)
@@ -88,7 +89,7 @@ ToArray(Value const& value)
     return result;
 }
 
-/// A vector or point of these components.
+/// Makes a vector or point from these components.
 template <class Value, detail::IfFixedVector<Value> = 0>
 Value From(
     std::array<detail::ElementType<Value>, static_cast<std::size_t>(detail::countOf<Value>)> const& array)
@@ -96,8 +97,8 @@ Value From(
     return detail::MadeOf<Value>([&array](int i) { return array[static_cast<std::size_t>(i)]; });
 }
 
-/// The 4×4 matrix of the map, column by column: the translation is in elements 12 to 14. OpenGL, Vulkan and Metal
-/// take this order. `Element` is double or float, which rounds each number once.
+/// The 4×4 matrix of the map, column by column: the translation is in elements 12 to 14. OpenGL, Vulkan and
+/// Metal use this order. `Element` is double, or float with each number rounded once.
 template <class Element>
 std::array<Element, 16> ToColumnMajor4x4(AffMat3Dbl const& map)
 {
@@ -107,7 +108,7 @@ std::array<Element, 16> ToColumnMajor4x4(AffMat3Dbl const& map)
     return result;
 }
 
-/// The same row by row: the translation is in elements 3, 7 and 11.
+/// The 4×4 matrix of the map, row by row: the translation is in elements 3, 7 and 11.
 template <class Element>
 std::array<Element, 16> ToRowMajor4x4(AffMat3Dbl const& map)
 {
@@ -117,8 +118,8 @@ std::array<Element, 16> ToRowMajor4x4(AffMat3Dbl const& map)
     return result;
 }
 
-/// The map of such an array. Raises `VexorDimensionMismatch` unless the matrix is affine: its last row has to be
-/// exactly (0, 0, 0, 1).
+/// The map of a column-by-column array. Raises `VexorDimensionMismatch` unless the matrix is affine: its last
+/// row must be exactly (0, 0, 0, 1).
 template <class Element>
 AffMat3Dbl FromColumnMajor4x4(std::array<Element, 16> const& array)
 {
@@ -126,7 +127,7 @@ AffMat3Dbl FromColumnMajor4x4(std::array<Element, 16> const& array)
         [&array](int i, int j) { return array[static_cast<std::size_t>(4 * j + i)]; });
 }
 
-/// The same row by row.
+/// The map of a row-by-row array. Raises as above.
 template <class Element>
 AffMat3Dbl FromRowMajor4x4(std::array<Element, 16> const& array)
 {
@@ -154,85 +155,85 @@ Eigen::Matrix<detail::ElementType<Value>, detail::countOf<Value>, 1> ToEigen(Val
         result[i] = value[i];
     return result;
 }
-/// A copy.
+/// Copies a 2×2 matrix.
 inline Eigen::Matrix2d ToEigen(Mat2Dbl const& matrix)
 {
     Eigen::Matrix2d result;
     result << matrix(0, 0), matrix(0, 1), matrix(1, 0), matrix(1, 1);
     return result;
 }
-/// A copy.
+/// Copies a 3×3 matrix.
 inline Eigen::Matrix3d ToEigen(Mat3Dbl const& matrix)
 {
     return Eigen::Map<Eigen::Matrix<double, 3, 3, Eigen::RowMajor> const>(&matrix(0, 0));
 }
-/// A copy.
+/// Copies a vector of doubles of run-time size.
 inline Eigen::VectorXd ToEigen(VecDbl const& vector)
 {
     return Eigen::Map<Eigen::VectorXd const>(&vector[0], vector.Size());
 }
-/// A copy.
+/// Copies a vector of floats of run-time size.
 inline Eigen::VectorXf ToEigen(VecFlt const& vector)
 {
     return Eigen::Map<Eigen::VectorXf const>(&vector[0], vector.Size());
 }
-/// A copy.
+/// Copies a matrix of run-time size.
 inline Eigen::MatrixXd ToEigen(MatDbl const& matrix)
 {
     return Eigen::Map<Eigen::MatrixXd const>(&matrix(0, 0), matrix.RowCount(), matrix.ColumnCount());
 }
 
-/// The elements in place: writing to the map writes to the object, which has to outlive it.
+/// Maps the elements in place: writing to the map writes to the object, which must outlive it.
 template <class Value, detail::IfFixedVector<Value> = 0>
 Eigen::Map<Eigen::Matrix<detail::ElementType<Value>, detail::countOf<Value>, 1>> MapEigen(Value& value)
 {
     return Eigen::Map<Eigen::Matrix<detail::ElementType<Value>, detail::countOf<Value>, 1>>(&value[0]);
 }
-/// The same; the map is row-major, as the matrix lies.
+/// Maps the elements in place, row-major like the matrix.
 inline Eigen::Map<Eigen::Matrix<double, 2, 2, Eigen::RowMajor>> MapEigen(Mat2Dbl& matrix)
 {
     return Eigen::Map<Eigen::Matrix<double, 2, 2, Eigen::RowMajor>>(&matrix(0, 0));
 }
-/// The same; the map is row-major, as the matrix lies.
+/// Maps the elements in place, row-major like the matrix.
 inline Eigen::Map<Eigen::Matrix<double, 3, 3, Eigen::RowMajor>> MapEigen(Mat3Dbl& matrix)
 {
     return Eigen::Map<Eigen::Matrix<double, 3, 3, Eigen::RowMajor>>(&matrix(0, 0));
 }
-/// The same.
+/// Maps the elements in place.
 inline Eigen::Map<Eigen::VectorXd> MapEigen(VecDbl& vector)
 {
     return Eigen::Map<Eigen::VectorXd>(&vector[0], vector.Size());
 }
-/// The same.
+/// Maps the elements in place.
 inline Eigen::Map<Eigen::VectorXf> MapEigen(VecFlt& vector)
 {
     return Eigen::Map<Eigen::VectorXf>(&vector[0], vector.Size());
 }
-/// The same.
+/// Maps the elements in place.
 inline Eigen::Map<Eigen::MatrixXd> MapEigen(MatDbl& matrix)
 {
     return Eigen::Map<Eigen::MatrixXd>(&matrix(0, 0), matrix.RowCount(), matrix.ColumnCount());
 }
 
-/// A vector or point of the components of a column of that size.
+/// Makes a vector or point from a column of that size.
 template <class Value, detail::IfFixedVector<Value> = 0>
 Value From(Eigen::Matrix<detail::ElementType<Value>, detail::countOf<Value>, 1> const& column)
 {
     return detail::MadeOf<Value>([&column](int i) { return column[i]; });
 }
-/// A copy.
+/// Copies a 3×3 matrix.
 template <class Value, std::enable_if_t<std::is_same_v<Value, Mat3Dbl>, int> = 0>
 Mat3Dbl From(Eigen::Matrix3d const& matrix)
 {
     return detail::Mat3MadeOf(matrix);
 }
-/// A copy.
+/// Copies a 2×2 matrix.
 template <class Value, std::enable_if_t<std::is_same_v<Value, Mat2Dbl>, int> = 0>
 Mat2Dbl From(Eigen::Matrix2d const& matrix)
 {
     return Mat2Dbl(Vec2Dbl(matrix(0, 0), matrix(0, 1)), Vec2Dbl(matrix(1, 0), matrix(1, 1)));
 }
-/// A copy. Raises `VexorAllocationFailed` for an empty vector.
+/// Copies a vector of run-time size. Raises `VexorAllocationFailed` for an empty vector.
 template <class Value, std::enable_if_t<std::is_same_v<Value, VecDbl>, int> = 0>
 VecDbl From(Eigen::VectorXd const& vector)
 {
@@ -240,7 +241,7 @@ VecDbl From(Eigen::VectorXd const& vector)
     MapEigen(result) = vector;
     return result;
 }
-/// A copy. Raises `VexorAllocationFailed` for an empty matrix.
+/// Copies a matrix of run-time size. Raises `VexorAllocationFailed` for an empty matrix.
 template <class Value, std::enable_if_t<std::is_same_v<Value, MatDbl>, int> = 0>
 MatDbl From(Eigen::MatrixXd const& matrix)
 {
@@ -249,12 +250,12 @@ MatDbl From(Eigen::MatrixXd const& matrix)
     return result;
 }
 
-/// A view on the elements, without a copy: the Eigen object has to outlive it and keep its size.
+/// A view on the elements, without a copy: the Eigen object must outlive it and keep its size.
 inline VecDbl ViewOf(Eigen::VectorXd& vector)
 {
     return VecDbl(static_cast<int>(vector.size()), vector.data());
 }
-/// The same.
+/// A view on the elements, as above.
 inline MatDbl ViewOf(Eigen::MatrixXd& matrix)
 {
     return MatDbl(static_cast<int>(matrix.rows()), static_cast<int>(matrix.cols()), matrix.data());
@@ -263,18 +264,18 @@ inline MatDbl ViewOf(Eigen::MatrixXd& matrix)
 } // namespace vexor
 #endif
 
-// Eigen's <Eigen/Geometry> brings transforms and quaternions.
+// <Eigen/Geometry> defines transforms and quaternions.
 #if defined(EIGEN_GEOMETRY_MODULE_H) && !defined(VEXOR_EXTRAS_INTEROP_EIGEN_GEOMETRY)
 #define VEXOR_EXTRAS_INTEROP_EIGEN_GEOMETRY
 
 namespace vexor {
 
-/// The same rotation, component by component.
+/// Copies the rotation, component by component.
 inline Eigen::Quaterniond ToEigen(Quaternion const& q)
 {
     return Eigen::Quaterniond(q.s, q.u, q.v, q.w);
 }
-/// The same map.
+/// Copies the map.
 inline Eigen::Affine3d ToEigen(AffMat3Dbl const& map)
 {
     Eigen::Affine3d result = Eigen::Affine3d::Identity();
@@ -282,7 +283,7 @@ inline Eigen::Affine3d ToEigen(AffMat3Dbl const& map)
     result.translation() = ToEigen(map.Translation());
     return result;
 }
-/// The same map.
+/// Copies the map.
 inline Eigen::Affine2d ToEigen(AffMat2Dbl const& map)
 {
     Eigen::Affine2d result = Eigen::Affine2d::Identity();
@@ -290,7 +291,7 @@ inline Eigen::Affine2d ToEigen(AffMat2Dbl const& map)
     result.translation() = ToEigen(map.Translation());
     return result;
 }
-/// The same rotation, component by component; not normalised.
+/// Copies the rotation, component by component; not normalised.
 template <class Value, std::enable_if_t<std::is_same_v<Value, Quaternion>, int> = 0>
 Quaternion From(Eigen::Quaterniond const& q)
 {
@@ -298,14 +299,14 @@ Quaternion From(Eigen::Quaterniond const& q)
     result.SetValue(q.x(), q.y(), q.z(), q.w(), 0);
     return result;
 }
-/// The same map.
+/// Copies the map.
 template <class Value, std::enable_if_t<std::is_same_v<Value, AffMat3Dbl>, int> = 0>
 AffMat3Dbl From(Eigen::Affine3d const& map)
 {
     return AffMat3Dbl(From<Mat3Dbl>(Eigen::Matrix3d(map.linear())),
                       From<Vec3Dbl>(Eigen::Vector3d(map.translation())));
 }
-/// The same map.
+/// Copies the map.
 template <class Value, std::enable_if_t<std::is_same_v<Value, AffMat2Dbl>, int> = 0>
 AffMat2Dbl From(Eigen::Affine2d const& map)
 {
@@ -317,8 +318,8 @@ AffMat2Dbl From(Eigen::Affine2d const& map)
 #endif
 
 // ---- GLM -----------------------------------------------------------------------------------------
-// Templates over GLM's qualifier, so that only what a program calls needs its GLM header: <glm/glm.hpp> for vectors
-// and matrices, <glm/gtc/quaternion.hpp> for quaternions.
+// These are templates over GLM's qualifier, so a program needs only the GLM headers of the functions that it
+// calls: <glm/glm.hpp> for vectors and matrices, <glm/gtc/quaternion.hpp> for quaternions.
 
 #if defined(GLM_VERSION) && !defined(VEXOR_EXTRAS_INTEROP_GLM)
 #define VEXOR_EXTRAS_INTEROP_GLM
@@ -334,20 +335,20 @@ glm::vec<detail::countOf<Value>, detail::ElementType<Value>, Q> ToGlm(Value cons
         result[i] = value[i];
     return result;
 }
-/// A copy: GLM's matrix is a list of columns, `result[column][row]`.
+/// Copies the matrix. GLM's matrix is a list of columns, `result[column][row]`.
 template <glm::qualifier Q = glm::defaultp>
 glm::mat<2, 2, double, Q> ToGlm(Mat2Dbl const& matrix)
 {
     return glm::mat<2, 2, double, Q>(matrix(0, 0), matrix(1, 0), matrix(0, 1), matrix(1, 1));
 }
-/// A copy: GLM's matrix is a list of columns, `result[column][row]`.
+/// Copies the matrix. GLM's matrix is a list of columns, `result[column][row]`.
 template <glm::qualifier Q = glm::defaultp>
 glm::mat<3, 3, double, Q> ToGlm(Mat3Dbl const& matrix)
 {
     return glm::mat<3, 3, double, Q>(ToGlm(matrix.GetCol(0)), ToGlm(matrix.GetCol(1)),
                                      ToGlm(matrix.GetCol(2)));
 }
-/// The same map as a 4×4 matrix.
+/// Copies the map to a 4×4 matrix.
 template <glm::qualifier Q = glm::defaultp>
 glm::mat<4, 4, double, Q> ToGlm(AffMat3Dbl const& map)
 {
@@ -358,7 +359,7 @@ glm::mat<4, 4, double, Q> ToGlm(AffMat3Dbl const& map)
     }
     return result;
 }
-/// The same rotation, component by component, in whatever order GLM stores them.
+/// Copies the rotation, component by component, whatever the order in which GLM stores them.
 template <glm::qualifier Q = glm::defaultp>
 glm::qua<double, Q> ToGlm(Quaternion const& q)
 {
@@ -370,31 +371,31 @@ glm::qua<double, Q> ToGlm(Quaternion const& q)
     return result;
 }
 
-/// A vector or point of these components.
+/// Makes a vector or point from these components.
 template <class Value, glm::qualifier Q, detail::IfFixedVector<Value> = 0>
 Value From(glm::vec<detail::countOf<Value>, detail::ElementType<Value>, Q> const& vector)
 {
     return detail::MadeOf<Value>([&vector](int i) { return vector[i]; });
 }
-/// A copy.
+/// Copies a 2×2 matrix.
 template <class Value, glm::qualifier Q, std::enable_if_t<std::is_same_v<Value, Mat2Dbl>, int> = 0>
 Mat2Dbl From(glm::mat<2, 2, double, Q> const& matrix)
 {
     return Mat2Dbl(Vec2Dbl(matrix[0][0], matrix[1][0]), Vec2Dbl(matrix[0][1], matrix[1][1]));
 }
-/// A copy.
+/// Copies a 3×3 matrix.
 template <class Value, glm::qualifier Q, std::enable_if_t<std::is_same_v<Value, Mat3Dbl>, int> = 0>
 Mat3Dbl From(glm::mat<3, 3, double, Q> const& matrix)
 {
     return detail::Mat3MadeOf([&matrix](int i, int j) { return matrix[j][i]; });
 }
-/// The same map. Raises `VexorDimensionMismatch` unless the last row is exactly (0, 0, 0, 1).
+/// Copies the map. Raises `VexorDimensionMismatch` unless the last row is exactly (0, 0, 0, 1).
 template <class Value, glm::qualifier Q, std::enable_if_t<std::is_same_v<Value, AffMat3Dbl>, int> = 0>
 AffMat3Dbl From(glm::mat<4, 4, double, Q> const& matrix)
 {
     return detail::AffMat3MadeOf([&matrix](int i, int j) { return matrix[j][i]; });
 }
-/// The same rotation, component by component; not normalised.
+/// Copies the rotation, component by component; not normalised.
 template <class Value, glm::qualifier Q, std::enable_if_t<std::is_same_v<Value, Quaternion>, int> = 0>
 Quaternion From(glm::qua<double, Q> const& q)
 {
@@ -407,7 +408,8 @@ Quaternion From(glm::qua<double, Q> const& q)
 #endif
 
 // ---- Imath ---------------------------------------------------------------------------------------
-// Imath multiplies a row from the left: v * M. Its matrix is the transpose of the one that does the same to a column.
+// Imath multiplies a row from the left: v * M. So its matrix is the transpose of the one that acts on a
+// column.
 
 #if defined(INCLUDED_IMATHVEC_H) && !defined(VEXOR_EXTRAS_INTEROP_IMATH_VECTORS)
 #define VEXOR_EXTRAS_INTEROP_IMATH_VECTORS
@@ -424,13 +426,13 @@ auto ToImath(Value const& value)
     else
         return Imath::Vec3<Element>(value[0], value[1], value[2]);
 }
-/// A vector or point of these components.
+/// Makes a vector or point from these components.
 template <class Value, std::enable_if_t<detail::isFixedVector<Value> && detail::countOf<Value> == 2, int> = 0>
 Value From(Imath::Vec2<detail::ElementType<Value>> const& vector)
 {
     return Value(vector.x, vector.y);
 }
-/// The same in space.
+/// Makes a vector or point in space from these components.
 template <class Value, std::enable_if_t<detail::isFixedVector<Value> && detail::countOf<Value> == 3, int> = 0>
 Value From(Imath::Vec3<detail::ElementType<Value>> const& vector)
 {
@@ -445,12 +447,12 @@ Value From(Imath::Vec3<detail::ElementType<Value>> const& vector)
 
 namespace vexor {
 
-/// The matrix that does the same to a row: the transpose.
+/// The matrix with the same effect on a row: the transpose.
 inline Imath::M33d ToImath(Mat3Dbl const& m)
 {
     return Imath::M33d(m(0, 0), m(1, 0), m(2, 0), m(0, 1), m(1, 1), m(2, 1), m(0, 2), m(1, 2), m(2, 2));
 }
-/// The matrix that does the same to a row: the translation is in the last row.
+/// The matrix with the same effect on a row: the translation is in the last row.
 inline Imath::M44d ToImath(AffMat3Dbl const& map)
 {
     Imath::M44d result;
@@ -460,14 +462,14 @@ inline Imath::M44d ToImath(AffMat3Dbl const& map)
     }
     return result;
 }
-/// The matrix that does the same to a column: the transpose.
+/// The matrix with the same effect on a column: the transpose.
 template <class Value, std::enable_if_t<std::is_same_v<Value, Mat3Dbl>, int> = 0>
 Mat3Dbl From(Imath::M33d const& matrix)
 {
     return detail::Mat3MadeOf([&matrix](int i, int j) { return matrix[j][i]; });
 }
-/// The map that does the same to a column. Raises `VexorDimensionMismatch` unless the last column is exactly
-/// (0, 0, 0, 1).
+/// The map with the same effect on a column. Raises `VexorDimensionMismatch` unless the last column is
+/// exactly (0, 0, 0, 1).
 template <class Value, std::enable_if_t<std::is_same_v<Value, AffMat3Dbl>, int> = 0>
 AffMat3Dbl From(Imath::M44d const& matrix)
 {
@@ -482,12 +484,12 @@ AffMat3Dbl From(Imath::M44d const& matrix)
 
 namespace vexor {
 
-/// The same rotation, component by component.
+/// Copies the rotation, component by component.
 inline Imath::Quatd ToImath(Quaternion const& q)
 {
     return Imath::Quatd(q.s, q.u, q.v, q.w);
 }
-/// The same rotation, component by component; not normalised.
+/// Copies the rotation, component by component; not normalised.
 template <class Value, std::enable_if_t<std::is_same_v<Value, Quaternion>, int> = 0>
 Quaternion From(Imath::Quatd const& q)
 {

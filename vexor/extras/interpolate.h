@@ -4,15 +4,16 @@
 #include <vexor/rotations/Quaternion.h>
 #include <vexor/vectors/Vec2Dbl.h>
 
-// Interpolation of places, rotations and rigid motions. The parameter t is 0 at the first argument and 1 at the
-// second; values outside [0, 1] extrapolate. Both ends are hit exactly. Terms are added in the order shown, each
-// operation rounds once.
+// Interpolation of places, rotations and rigid motions. The parameter t is 0 at the first argument and 1 at
+// the second; values outside [0, 1] extrapolate. Both ends are exact. Terms are added in the order shown;
+// each operation rounds once.
 
 VEXOR_EXACT_BEGIN
 
 namespace vexor {
 
-/// (1 − t)·a + t·b for each component. a and b are vectors or points of doubles, finite: 0 times an infinity is NaN.
+/// (1 − t)·a + t·b for each component. a and b are vectors or points of finite doubles: 0 times an infinity
+/// is NaN.
 template <class Value>
 Value Lerp(Value const& a, Value const& b, double t)
 {
@@ -36,13 +37,13 @@ inline double Norm(Quaternion const& q)
 
 } // namespace detail
 
-/// Spherical interpolation of two unit quaternions, the short way: where their dot product
-/// ((u·u + v·v) + w·w) + s·s is negative, b is replaced by −b, so that the end is then −b, the same rotation as b.
-/// With the angle θ = 2·Atan2(|b − a|, |b + a|) the result is sin((1 − t)·θ)/sin θ · a + sin(t·θ)/sin θ · b, and
-/// (1 − t)·a + t·b if sin θ is 0. It is not normalised: rounding leaves a few units of 1e-16.
+/// Spherical linear interpolation (slerp) of two unit quaternions along the shorter way. If their dot product
+/// ((u·u + v·v) + w·w) + s·s is negative, −b replaces b: the end is then −b, the same rotation as b. With the
+/// angle θ = 2·Atan2(|b − a|, |b + a|) the result is sin((1 − t)·θ)/sin θ · a + sin(t·θ)/sin θ · b, and (1 −
+/// t)·a + t·b if sin θ is 0. It is not normalised: rounding leaves a few units of 1e-16.
 ///
-/// For b = −a the rotations are equal and the result is a for every t in [0, 1]. For two rotations half a turn
-/// apart (dot product 0) both ways are equally short, and b is taken as it stands.
+/// For b = −a the rotations are equal and the result is a for every t in [0, 1]. For two rotations half a
+/// turn apart (dot product 0) both ways are equally short, and b is used unchanged.
 inline Quaternion Slerp(Quaternion const& a, Quaternion const& b, double t)
 {
     double const dot = ((a.u * b.u + a.v * b.v) + a.w * b.w) + a.s * b.s;
@@ -56,9 +57,9 @@ inline Quaternion Slerp(Quaternion const& a, Quaternion const& b, double t)
     return detail::Combined(Sin((1.0 - t) * angle) / sine, a, Sin(t * angle) / sine, end);
 }
 
-/// The logarithm of a unit quaternion, a vector: the axis times half the angle, of length 0 to π. With L the length
-/// of (u, v, w) it is (u, v, w) · (Atan2(L, s) / L). The logarithm of the identity is (0, 0, 0); that of −1, whose
-/// axis is arbitrary, is (0, π, 0), after `Quaternion::GetAxis`.
+/// The logarithm of a unit quaternion, a vector: the axis times half the angle, of length 0 to π. With L the
+/// length of (u, v, w) it is (u, v, w) · (Atan2(L, s) / L). The logarithm of the identity is (0, 0, 0); that
+/// of −1, whose axis is arbitrary, is (0, π, 0), with the axis of `Quaternion::GetAxis`.
 inline Vec3Dbl Log(Quaternion const& q)
 {
     Vec3Dbl const vector(q.u, q.v, q.w);
@@ -68,8 +69,8 @@ inline Vec3Dbl Log(Quaternion const& q)
     return (Atan2(length, q.s) / length) * vector;
 }
 
-/// The exponential of a vector, the axis times half the angle in radians: with a its length, the unit quaternion
-/// (vector · (sin a / a), cos a). That of (0, 0, 0) is the identity.
+/// The exponential of a vector, the axis times half the angle in radians: with a its length, the unit
+/// quaternion (vector · (sin a / a), cos a). That of (0, 0, 0) is the identity.
 inline Quaternion Exp(Vec3Dbl const& halfAngleVector)
 {
     Quaternion result;
@@ -82,7 +83,7 @@ inline Quaternion Exp(Vec3Dbl const& halfAngleVector)
     return result;
 }
 
-/// The rotation done t times, t of any size and sign: Exp(t · Log(q)).
+/// The rotation applied t times, for t of any size and sign: Exp(t · Log(q)).
 inline Quaternion Pow(Quaternion const& q, double t)
 {
     return Exp(t * Log(q));
@@ -98,7 +99,8 @@ inline double OneMinusCosineQuotient(double angle)
     return 0.5 * (quotient * quotient);
 }
 
-/// (a − sin a)/a³. Below 0.5, where the difference would cancel, by its Taylor series, whose next term is below 1e-17.
+/// (a − sin a)/a³. Below 0.5, where the difference would cancel, it uses the Taylor series; the first omitted
+/// term is below 1e-17.
 inline double AngleMinusSineQuotient(double angle)
 {
     double const square = angle * angle;
@@ -113,14 +115,14 @@ inline double AngleMinusSineQuotient(double angle)
 
 } // namespace detail
 
-/// The screw motion between two rigid maps: one turn about a fixed axis, the short way, and a shift along it, both
-/// uniform in t. The linear parts are to be rotations, which is not checked. At t = 0 and t = 1 the result is `a` and
-/// `b` themselves.
+/// The screw motion between two rigid maps: one turn about a fixed axis, along the shorter way, and a shift
+/// along it, both uniform in t. The linear parts must be rotations; this is not checked. At t = 0 and t = 1
+/// the result is exactly `a` and `b`.
 ///
-/// With D = b∘a⁻¹ the result is exp(t·log D)∘a. w is the axis of D times its angle. V(w) = I + A·W + B·W² with W the
-/// matrix of w×, A = (1 − cos|w|)/|w|², B = (|w| − sin|w|)/|w|³. The velocity v solves V(w)·v = translation of D; the
-/// result turns by t·w and shifts by V(t·w)·(t·v). Source: Murray, Li and Sastry, A Mathematical Introduction to
-/// Robotic Manipulation (1994), chapter 2.
+/// With D = b∘a⁻¹ the result is exp(t·log D)∘a. w is the axis of D times its angle. V(w) = I + A·W + B·W²
+/// with W the matrix of w×, A = (1 − cos|w|)/|w|², B = (|w| − sin|w|)/|w|³. The velocity v solves V(w)·v =
+/// translation of D; the result turns by t·w and shifts by V(t·w)·(t·v). Source: Murray, Li and Sastry, A
+/// Mathematical Introduction to Robotic Manipulation (1994), chapter 2.
 inline AffMat3Dbl InterpolateRigid(AffMat3Dbl const& a, AffMat3Dbl const& b, double t)
 {
     if (t == 0.0)
@@ -143,7 +145,7 @@ inline AffMat3Dbl InterpolateRigid(AffMat3Dbl const& a, AffMat3Dbl const& b, dou
     };
     Vec3Dbl velocity = translation;
     Mat3Dbl factors = integral(angleVector);
-    factors.Solve(velocity); // never singular: the turn is at most half a revolution
+    factors.Solve(velocity); // never singular, since the turn is at most half a revolution
     Mat3Dbl step;
     Exp((0.5 * t) * angleVector).GetRotationMatrix(step);
     return AffMat3Dbl(step, integral(t * angleVector) * (t * velocity)) * a;

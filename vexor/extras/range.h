@@ -6,11 +6,11 @@
 
 #include <initializer_list>
 
-// Vectors, points and matrices as ranges of their elements, for range-for and for algorithms: pointers into the
-// object, so that a loop by reference writes to it. A `MatDbl` runs down its columns, a fixed-size matrix along its
-// rows, as each lies in memory. `Mat2Dbl` and `Mat3Dbl` have 4 and 9 elements.
+// Vectors, points and matrices as ranges of their elements, for range-for and for algorithms. The iterators
+// are pointers into the object, so a loop by reference writes to it. The order is that in memory: a `MatDbl`
+// column by column, a fixed-size matrix row by row. `Mat2Dbl` and `Mat3Dbl` have 4 and 9 elements.
 //
-// The functions stand in the global namespace, where range-for and std::ranges look for them.
+// The functions are in the global namespace, where range-for and std::ranges find them.
 
 namespace vexor::detail {
 template <class Value>
@@ -47,7 +47,8 @@ std::size_t size(Value const& value)
 
 namespace vexor {
 
-/// A vector of these elements: `vexor::Vector({1, 2, 3})`. Raises `VexorAllocationFailed` for an empty list.
+/// Makes a vector of these elements: `vexor::Vector({1, 2, 3})`. Raises `VexorAllocationFailed` for an empty
+/// list.
 inline VecDbl Vector(std::initializer_list<double> elements)
 {
     VecDbl result(static_cast<int>(elements.size()));
@@ -57,8 +58,8 @@ inline VecDbl Vector(std::initializer_list<double> elements)
     return result;
 }
 
-/// A matrix of these rows: `vexor::Matrix({{1, 2}, {3, 4}})`. Raises `VexorDimensionMismatch` if the rows differ
-/// in length and `VexorAllocationFailed` if there is no row or no column.
+/// Makes a matrix of these rows: `vexor::Matrix({{1, 2}, {3, 4}})`. Raises `VexorDimensionMismatch` if the
+/// rows differ in length and `VexorAllocationFailed` if there is no row or no column.
 inline MatDbl Matrix(std::initializer_list<std::initializer_list<double>> rows)
 {
     std::size_t const columns = rows.size() == 0 ? 0 : rows.begin()->size();

@@ -179,9 +179,9 @@ Vec3Dbl UpperTriangle::EigenValues() const
 // that contains the largest element. On a tie the first wins; a NaN never wins. The rank is decided by
 // comparison with exactly 0.
 //
-// The branches on the two choices are mispredicted. A form without them, three times as long, took 0.95 of the
-// time of `EigenSym` with vectors on an AMD Zen 5, 0.85 on an Intel Sapphire Rapids (0.75 with clang), and half
-// the time of `GetEigenVectorGivenEigenValue`.
+// The branches on the two choices are mispredicted. A form without them, three times as long, took 0.95 of
+// the time of `EigenSym` with vectors on an AMD Zen 5, 0.85 on an Intel Sapphire Rapids (0.75 with clang),
+// and half the time of `GetEigenVectorGivenEigenValue`.
 Vec3Dbl UpperTriangle::EigenVector(double eigenValue) const
 {
     double const w[3][3] = {{a - eigenValue, b, c}, {b, d - eigenValue, e}, {c, e, f - eigenValue}};

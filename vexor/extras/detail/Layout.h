@@ -2,8 +2,8 @@
 #include <cstddef>
 #include <type_traits>
 
-// What the opt-in headers know of the classes: element type and shape. The classes are only declared here;
-// a program includes the headers of those that it uses.
+// The element type and shape of each class, for the opt-in headers. The classes are only declared here; a
+// program includes the headers of those that it uses.
 
 class Pnt2Dbl;
 class Pnt2Flt;

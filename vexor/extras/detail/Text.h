@@ -7,9 +7,9 @@ class Quaternion;
 class UInt64;
 class VexorTolerance;
 
-// The one text form of every class, for streams and for formatters: `(1, 2, 3)` for vectors and points, rows in
-// the same parentheses for matrices, linear part + translation for affine maps, `(u, v, w; s)` for quaternions.
-// The debugger views show the same.
+// The text form of every class, shared by streams and formatters: `(1, 2, 3)` for vectors and points, rows in
+// the same parentheses for matrices, linear part + translation for affine maps, `(u, v, w; s)` for
+// quaternions. The debugger views show the same text.
 
 namespace vexor::detail {
 
@@ -37,7 +37,8 @@ using TextElement = typename TextElementOf<Value>::Type;
 template <class Value>
 inline constexpr bool hasText = !std::is_void_v<TextElement<Value>>;
 
-/// Walks the text form: `text` takes each piece of punctuation, `number` each number, in order.
+/// Traverses the text form in order: calls `text` with each piece of punctuation and `number` with each
+/// number.
 template <class Value, class Text, class Number>
 void WalkText(Value const& value, Text&& text, Number&& number)
 {

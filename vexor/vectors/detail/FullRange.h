@@ -76,7 +76,8 @@ inline bool IsPlainTerm(double component, double target, double unit)
 /// √(Σ v²).
 VEXOR_API VEXOR_COLD double FullRangeLength(double const* values, int count);
 
-/// Divides each component by the length. Raises `VexorNullVector`, with nothing changed, if all are exactly 0.
+/// Divides each component by the length. Raises `VexorNullVector`, with nothing changed, if all are exactly
+/// 0.
 VEXOR_API VEXOR_COLD void FullRangeNormalize(double* values, int count);
 
 /// The unsigned angle, 0 if a vector is null.

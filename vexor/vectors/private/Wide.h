@@ -10,8 +10,8 @@ VEXOR_EXACT_BEGIN
 
 namespace vexor::detail {
 
-/// significand · 2^exponent. Each operation rounds once to 53 bits. The significand is 0, infinite, NaN, or in
-/// [0.5, 1) in magnitude; the exponent of the first three is 0.
+/// significand · 2^exponent. Each operation rounds once to 53 bits. The significand is 0, infinite, NaN, or
+/// in [0.5, 1) in magnitude; the exponent of the first three is 0.
 class Wide {
 public:
     explicit Wide(double value) : Wide(value, 0) {}
