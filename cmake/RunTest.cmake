@@ -1,5 +1,5 @@
-# Runs a test program and believes it only if it exits with 0 and its last line is the closing line
-# that the tests' main prints: a library that ends the process with status 0 must not look passed.
+# Runs a test program, which passes only if it exits with 0 and its last line is the closing line
+# that the tests' main prints: a library that ends the process with status 0 must not count as passed.
 # Usage: cmake -DPROGRAM=... [-DARGUMENTS=a;b] [-DEMULATOR=a;b] -P RunTest.cmake
 execute_process(COMMAND ${EMULATOR} "${PROGRAM}" ${ARGUMENTS}
     RESULT_VARIABLE status

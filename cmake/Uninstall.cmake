@@ -1,4 +1,4 @@
-# Removes what the last installation of a build wrote, and the folders of vexor's own that are empty then.
+# Removes the files of a build's last installation, and vexor's own folders if they are then empty.
 # Usage: cmake -DMANIFEST=<build>/install_manifest.txt -P Uninstall.cmake
 if(NOT EXISTS "${MANIFEST}")
     message(FATAL_ERROR "Nothing to remove: ${MANIFEST} does not exist, so this build was not installed.")
@@ -19,7 +19,7 @@ foreach(file ${files})
     endwhile()
 endforeach()
 list(REMOVE_DUPLICATES folders)
-list(SORT folders ORDER DESCENDING) # a folder after those within it
+list(SORT folders ORDER DESCENDING) # subfolders before their parents
 foreach(folder ${folders})
     file(GLOB left LIST_DIRECTORIES true "${folder}/*" "${folder}/.*")
     list(FILTER left EXCLUDE REGEX "/[.][.]?$")

@@ -1,4 +1,4 @@
-# The component vexor::arrays: functions over arrays of the library's classes, in a shared library of their own.
+# The component vexor::arrays: functions over arrays of the library's classes, in a separate shared library.
 
 file(GLOB_RECURSE VEXOR_ARRAYS_SOURCES CONFIGURE_DEPENDS "${CMAKE_CURRENT_SOURCE_DIR}/vexor/arrays/*.cpp")
 file(GLOB_RECURSE VEXOR_ARRAYS_HEADERS CONFIGURE_DEPENDS "${CMAKE_CURRENT_SOURCE_DIR}/vexor/arrays/*.h")
@@ -22,7 +22,7 @@ vexor_exact_floating_point(vexor_arrays)
 vexor_warnings(vexor_arrays)
 vexor_harden(vexor_arrays)
 vexor_export_own_symbols_only(vexor_arrays)
-# Its loops call nothing of the C library, which Debian wants to see linked all the same.
+# The loops call no function of the C library, but Debian's checks require that it is linked.
 if(CMAKE_SYSTEM_NAME STREQUAL "Linux")
     target_link_options(vexor_arrays PRIVATE "LINKER:--push-state,--no-as-needed,-lc,--pop-state")
 endif()

@@ -1,11 +1,11 @@
-# Compiler flags that carry the library's promises.
+# Compiler flags on which the library's exact results depend.
 
-# Results must not depend on flags: no multiplication is fused with an addition, nothing is reordered, in
-# the library whatever CMAKE_CXX_FLAGS say. Clients get -ffp-contract=off, with the macro that confirms it
-# to the headers: those then need not slow down their inline functions to be safe.
+# Results must not depend on flags: no multiplication is fused with an addition, nothing is reordered. In
+# the library this holds for any CMAKE_CXX_FLAGS. Clients get -ffp-contract=off, with the macro that confirms it
+# to the headers, which then need no slower options on their inline functions.
 function(vexor_exact_floating_point target)
     if(CMAKE_CXX_COMPILER_ID MATCHES "GNU|Clang")
-        # These come first: clang takes -fno-fast-math for a word on contraction as well.
+        # These come first: in clang -fno-fast-math also changes the contraction mode.
         target_compile_options(${target} PRIVATE
             -fno-fast-math -fno-unsafe-math-optimizations -fno-associative-math -fno-reciprocal-math
             -fno-finite-math-only -fsigned-zeros)
@@ -17,8 +17,8 @@ function(vexor_exact_floating_point target)
         endif()
         target_compile_options(${target} PUBLIC "$<$<COMPILE_LANGUAGE:CXX>:-ffp-contract=off>")
         if(NOT WIN32)
-            # In a link command the flags mean one thing: a start-up routine that flushes denormal numbers
-            # to zero in the whole process.
+            # In a link command these flags have one effect: they add a start-up routine that flushes denormal
+            # numbers to zero in the whole process.
             target_link_options(${target} PUBLIC -fno-fast-math -fno-unsafe-math-optimizations)
         endif()
     endif()
@@ -31,8 +31,8 @@ function(vexor_exact_floating_point target)
     endif()
 endfunction()
 
-# Comments in the headers hold letters beyond ASCII. Microsoft's compiler takes a source for one in the
-# machine's code page, in some of which such a comment swallows the next line.
+# Comments in the headers contain characters beyond ASCII. Without this option Microsoft's compiler reads a source in
+# the machine's code page; in some code pages such a comment then extends over the next line.
 function(vexor_source_encoding target)
     target_compile_options(${target} PUBLIC "$<$<CXX_COMPILER_ID:MSVC>:/utf-8>")
 endfunction()
@@ -48,7 +48,7 @@ function(vexor_warnings target)
     endif()
 endfunction()
 
-# Keeps what a compiler emits of the standard library out of the export table.
+# Keeps the standard library's code that a compiler emits out of the export table.
 function(vexor_export_own_symbols_only target)
     if(UNIX AND NOT APPLE)
         set(map "${PROJECT_SOURCE_DIR}/cmake/${target}.map")
@@ -60,8 +60,8 @@ function(vexor_export_own_symbols_only target)
     endif()
 endfunction()
 
-# What Debian builds its packages with (hardening=+all), and the processor's protection of jumps. In optimised builds,
-# since _FORTIFY_SOURCE works only there; the sanitizers' builds have no build type.
+# The flags of Debian's packages (hardening=+all), and the processor's protection of jumps. They apply to optimised
+# builds only, since _FORTIFY_SOURCE needs optimisation; the sanitizers' builds have no build type.
 option(VEXOR_HARDENING "Harden optimised builds: stack protector, _FORTIFY_SOURCE, protected jumps, read-only tables" ON)
 function(vexor_harden target)
     if(NOT VEXOR_HARDENING OR NOT CMAKE_SYSTEM_NAME STREQUAL "Linux" OR NOT CMAKE_CXX_COMPILER_ID MATCHES "GNU|Clang")

@@ -1,5 +1,5 @@
-# Run by CPack when its packages are written: takes out the maintainer scripts that CPack adds for a library. They call
-# ldconfig; the package's trigger file does that, as Debian wants it.
+# CPack runs this before it writes its packages. It removes the maintainer scripts that CPack adds for a library. They
+# call ldconfig; Debian's policy is to do that by the package's trigger file.
 foreach(package ${CPACK_PACKAGE_FILES})
     if(NOT package MATCHES "\\.deb$")
         continue()

@@ -26,7 +26,7 @@ install(FILES
     DESTINATION "${VEXOR_PACKAGE_DIR}"
     COMPONENT dev)
 
-# Relative to its own place, so that an installed tree can be moved.
+# Relative to the file's own folder, so that an installed tree can be moved.
 file(RELATIVE_PATH VEXOR_PC_TO_PREFIX
     "/prefix/${CMAKE_INSTALL_LIBDIR}/pkgconfig" "/prefix")
 set(VEXOR_PC_CHECKED "")
@@ -38,9 +38,9 @@ install(FILES "${CMAKE_CURRENT_BINARY_DIR}/vexor.pc"
     DESTINATION "${CMAKE_INSTALL_LIBDIR}/pkgconfig"
     COMPONENT dev)
 
-# The component: a package of its own, whose targets `find_package(vexor COMPONENTS arrays)` adds.
+# The component: a separate package, whose targets `find_package(vexor COMPONENTS arrays)` adds.
 if(VEXOR_BUILD_ARRAYS)
-    # Finds vexor beside itself; in the system's own folders that is not wanted.
+    # Finds vexor in its own folder; not needed in the system's own folders.
     if(UNIX AND NOT APPLE AND NOT CMAKE_INSTALL_PREFIX STREQUAL "/usr")
         set_target_properties(vexor_arrays PROPERTIES INSTALL_RPATH "$ORIGIN")
     endif()
@@ -57,8 +57,8 @@ if(VEXOR_BUILD_ARRAYS)
         COMPONENT arrays_dev)
 endif()
 
-# Views for debuggers. gdb finds its own by the library's name: beside the library, wherever that lies, and
-# for a library of the system in a folder that it trusts unasked. The prefix is known at installation only.
+# Views for debuggers. gdb finds its views by the library's name: beside the library in any folder, and
+# for a library of the system in a folder that gdb trusts by default. The prefix is known only at installation.
 install(CODE "
     set(folder \"\${CMAKE_INSTALL_PREFIX}/${CMAKE_INSTALL_LIBDIR}\")
     if(CMAKE_INSTALL_PREFIX STREQUAL \"/usr\")

@@ -1,10 +1,10 @@
-# Finds LAPACK, makes sure that it reports a bad parameter instead of ending the process, and links it
+# Finds LAPACK, checks that it reports a bad parameter instead of ending the process, and links it
 # to the library.
 #
-# A driver that meets a parameter it does not like calls XERBLA and then returns a negative INFO, which
-# the library turns into an exception. OpenBLAS's XERBLA prints and returns. The reference LAPACK's
-# stops the program, with exit status 0: linked as a shared library it is refused below; linked into
-# the library as an archive, it works with the library's own hidden XERBLA.
+# A driver with a bad parameter calls XERBLA and then returns a negative INFO, which
+# the library turns into an exception. OpenBLAS's XERBLA prints and returns. The XERBLA of the reference LAPACK
+# stops the program, with exit status 0. So the check below refuses it as a shared library. As an archive
+# linked into the library, it works with the library's own hidden XERBLA.
 
 option(VEXOR_LAPACK_STATIC
     "Link the reference LAPACK and BLAS archives into the library, with a parameter-error routine that returns"
@@ -41,8 +41,8 @@ else()
     set(VEXOR_LAPACK_LIBRARIES LAPACK::LAPACK)
 endif()
 
-# Calls a driver with a parameter that it rejects. The program must get INFO = -10 from it and reach
-# its last line; its exit status alone would prove nothing.
+# Calls a driver with a parameter that it rejects. The program must get INFO = -10 and reach
+# its last line; its exit status alone proves nothing.
 function(vexor_require_returning_xerbla)
     set(subject "${VEXOR_LAPACK_LIBRARIES};${LAPACK_LIBRARIES}")
     if(VEXOR_LAPACK_VERIFIED STREQUAL subject)
@@ -71,7 +71,7 @@ function(vexor_require_returning_xerbla)
     endif()
     if(NOT status STREQUAL "0" OR NOT run_output MATCHES "returned INFO -10, integers of 32 bits")
         message(FATAL_ERROR
-            "This LAPACK does not serve: ${subject}\n"
+            "This LAPACK cannot be used: ${subject}\n"
             "A driver called with a bad parameter must return to its caller with a negative INFO, and "
             "integers must have 32 bits. Here the program ended with status '${status}' and printed:\n"
             "${run_output}\n"
@@ -89,7 +89,7 @@ function(vexor_link_lapack target)
     target_link_libraries(${target} PRIVATE ${VEXOR_LAPACK_LIBRARIES})
     if(VEXOR_LAPACK_STATIC)
         target_compile_definitions(${target} PRIVATE VEXOR_LAPACK_STATIC)
-        # The archives' routines serve the library alone, and never another user of LAPACK beside it.
+        # Only the library uses the archives' routines; they are hidden from other users of LAPACK in the process.
         if(NOT APPLE AND NOT MSVC)
             target_link_options(${target} PRIVATE "LINKER:--exclude-libs,ALL")
         endif()

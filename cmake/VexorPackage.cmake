@@ -3,7 +3,7 @@
 
 find_program(GZIP gzip)
 
-# Debian wants its copyright file and a compressed changelog in each package's own folder.
+# Debian requires a copyright file and a compressed changelog in each package's folder.
 set(debian_files "${CMAKE_CURRENT_BINARY_DIR}/debian")
 file(MAKE_DIRECTORY "${debian_files}")
 file(READ "${CMAKE_CURRENT_SOURCE_DIR}/LICENSE" license_text)
@@ -28,7 +28,7 @@ if(VEXOR_BUILD_ARRAYS)
     list(APPEND components arrays arrays_dev)
 endif()
 foreach(package component IN ZIP_LISTS packages components)
-    # Named "changelog.gz" where the version has no Debian revision, as here.
+    # The name is "changelog.gz" if the version has no Debian revision, as here.
     install(FILES "${debian_files}/copyright"
         DESTINATION "${CMAKE_INSTALL_DATADIR}/doc/${package}" COMPONENT ${component} EXCLUDE_FROM_ALL)
     if(GZIP)
@@ -81,7 +81,7 @@ set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
 set(CPACK_DEBIAN_RUNTIME_PACKAGE_NAME libvexor${PROJECT_VERSION_MAJOR})
 set(CPACK_DEBIAN_RUNTIME_PACKAGE_SECTION libs)
 set(CPACK_DEBIAN_RUNTIME_PACKAGE_SHLIBDEPS ON)
-# Which version brought which symbol: scripts/update-abi keeps these files, and scripts/package compares them.
+# The version that added each symbol: scripts/update-abi writes these files, and scripts/package compares them.
 configure_file("cmake/debian/libvexor${PROJECT_VERSION_MAJOR}.symbols" "${debian_files}/symbols" COPYONLY)
 file(WRITE "${debian_files}/shlibs"
     "libvexor ${PROJECT_VERSION_MAJOR} libvexor${PROJECT_VERSION_MAJOR} (>= ${PROJECT_VERSION})\n")
@@ -106,7 +106,7 @@ set(CPACK_COMPONENT_DOC_DESCRIPTION "Geometric and linear-algebra value classes 
  the pages that it links to, and four example programs with their data.")
 set(CPACK_DEBIAN_ARRAYS_PACKAGE_NAME libvexor-arrays${PROJECT_VERSION_MAJOR})
 set(CPACK_DEBIAN_ARRAYS_PACKAGE_SECTION libs)
-# Named by hand: dpkg-shlibdeps knows installed packages only, and libvexor is not one yet.
+# Written by hand: dpkg-shlibdeps finds installed packages only, and libvexor1 is not installed yet.
 set(CPACK_DEBIAN_ARRAYS_PACKAGE_SHLIBDEPS OFF)
 set(CPACK_DEBIAN_ARRAYS_PACKAGE_DEPENDS
     "libc6, libgcc-s1, libstdc++6 (>= 12), libvexor${PROJECT_VERSION_MAJOR} (= ${PROJECT_VERSION})")

@@ -1,6 +1,6 @@
-# 32-bit Windows by MinGW-w64. Floating point goes through SSE2: x87 evaluation would change documented
-# results, and the headers refuse it. Windows keeps the stack aligned to 4 bytes only, hence the
-# realignment.
+# 32-bit Windows by MinGW-w64. Floating point uses SSE2: x87 evaluation would change documented
+# results, and the headers refuse it. Windows aligns the stack to 4 bytes only, so functions must
+# realign it.
 set(CMAKE_SYSTEM_NAME Windows)
 set(CMAKE_SYSTEM_PROCESSOR i686)
 set(CMAKE_C_COMPILER i686-w64-mingw32-gcc-posix)
