@@ -111,7 +111,7 @@ double* MatDbl::Shape(int rows, int cols, double* externalStorage)
     OwnedBlock former = ElementBlock<OwnedBlock>(start, isExternal)
                             .Fit(CountOf(rows, cols), CountOf(rowCount, columnCount), externalStorage);
 
-    // From here on nothing fails.
+    // Nothing below can fail.
     if (freshTable)
         Exchange(columns, std::move(freshTable));
     PointColumns(columns, start, rows, cols);

@@ -32,7 +32,7 @@ public:
     VEXOR_API MatDbl(int rows, int cols, double* externalStorage = nullptr);
     /// Sets every element to the value, in the caller's block too.
     VEXOR_API MatDbl(int rows, int cols, double value, double* externalStorage = nullptr);
-    /// The same for any integer type: a literal 0 is a number here, not a null pointer.
+    /// The same for any integer type, so that a literal 0 is a number and not a null pointer.
     template <class Integer, vexor::detail::IfInteger<Integer> = 0>
     MatDbl(int rows, int cols, Integer value) : MatDbl(rows, cols, static_cast<double>(value))
     {}
@@ -141,7 +141,7 @@ public:
     // matrix, say: the matrix is then overwritten, the argument holds no solution, and the pivots are kept.
     // The argument must not share storage with the matrix.
 
-    /// Factorises into L·U with pivots, and solves.
+    /// Factorises the matrix into L·U with pivots, and solves.
     VEXOR_API void Solve(VecDbl& b);
     /// As above, for each column.
     VEXOR_API void Solve(MatDbl& b);
@@ -174,17 +174,18 @@ public:
     /// Replaces the matrix by its inverse in own storage and drops the pivots. If it was a view, the caller's
     /// block holds the factors afterwards. If the matrix is singular, its elements are lost.
     VEXOR_API MatDbl& Invert();
-    /// As `Invert`, on a copy.
+    /// The inverse, by `Invert` on a copy.
     VEXOR_API MatDbl GetInvertedCopy() const;
 
     // ---- Spectra: the vectors come in the rows of the matrix ---------------------------------------
-    // Neither operation touches the pivots.
+    // Neither operation changes the pivots.
 
-    /// Computes the singular values in descending order, as many as the smaller dimension. As many rows of
-    /// the matrix, from the first on, become the right singular vectors; the rows below are meaningless.
-    /// Raises `VexorAllocationFailed` if there is no workspace, and `VexorComputationFailed` if an element is
-    /// infinite or NaN, since the iteration might not end: the matrix is unchanged then, and the result has
-    /// its new size. Raises `VexorComputationFailed` also if the iteration fails.
+    /// Computes the singular values in descending order, as many as the smaller dimension. The first rows of
+    /// the matrix, as many as there are values, become the right singular vectors; the rows below are
+    /// meaningless. Raises `VexorAllocationFailed` if workspace cannot be allocated, and
+    /// `VexorComputationFailed` if an element is infinite or NaN, since the iteration might not end. In both
+    /// cases the matrix is unchanged and the result has its new size. Raises `VexorComputationFailed` also if
+    /// the iteration fails.
     VEXOR_API void Svd(VecDbl& singularValues);
     /// Computes eigenvalues of a symmetric matrix, of which only the upper triangle is read: those from
     /// `firstIndex` to `lastIndex`, both included, counted from 0 in ascending order. The result has the

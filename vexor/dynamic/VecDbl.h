@@ -33,7 +33,7 @@ public:
     VEXOR_API VecDbl(int newSize, double* externalStorage);
     /// Creates that many elements and sets them to the value, in the caller's array too.
     VEXOR_API VecDbl(int newSize, double value, double* externalStorage = nullptr);
-    /// The same for any integer type: a literal 0 is a number here, not a null pointer.
+    /// The same for any integer type, so that a literal 0 is a number and not a null pointer.
     template <class Integer, vexor::detail::IfInteger<Integer> = 0>
     VecDbl(int newSize, Integer value) : VecDbl(newSize, static_cast<double>(value))
     {}
@@ -84,7 +84,7 @@ public:
 
     /// Sets every element to the value.
     VEXOR_API VecDbl& SetValue(double value);
-    /// The same for any integer type: a literal 0 is a number here, not a null pointer.
+    /// The same for any integer type, so that a literal 0 is a number and not a null pointer.
     template <class Integer, vexor::detail::IfInteger<Integer> = 0>
     VecDbl& SetValue(Integer value)
     {
@@ -137,11 +137,11 @@ public:
     /// element is exactly 0. Any other vector is normalised, even if `Length()` itself is outside the range
     /// of a double.
     VEXOR_API VecDbl& Normalize();
-    /// As `Normalize`, on a copy.
+    /// The normalised vector, by `Normalize` on a copy.
     VEXOR_API VecDbl GetNormalizedCopy() const;
-    /// The products of the elements.
+    /// The element-wise product.
     VEXOR_API VecDbl ElemMult(VecDbl const& other) const;
-    /// Each element divided by the other's; a zero divisor is not checked.
+    /// The element-wise quotient. A zero divisor is not checked.
     VEXOR_API VecDbl ElemDiv(VecDbl const& other) const;
     /// The outer product, always a 3×3 matrix. Element (i, j) is this[i]·other[j] for i and j below this
     /// vector's size. The other elements hold that size as a number, so only size 3 gives the whole product.
@@ -158,9 +158,9 @@ public:
     /// whole range of a double. An arc cosine loses half the digits near 0 and π: below about 1.5e-8 the
     /// angle is 0.
     VEXOR_API double GetAngleWith(VecDbl const& other) const;
-    /// 0.5·√(A·B − d·d) with d the dot product and A, B the squared lengths, plain sums. A·B overflows for
-    /// elements above about 1e77 and loses digits below about 1e-73. The difference is not clamped: nearly
-    /// parallel vectors can give NaN.
+    /// The area 0.5·√(A·B − d·d) with d the dot product and A, B the squared lengths, plain sums. A·B
+    /// overflows for elements above about 1e77 and loses digits below about 1e-73. The difference is not
+    /// clamped: nearly parallel vectors can give NaN.
     VEXOR_API double GetAreaFormedByTriangleWith(VecDbl const& other) const;
 
     // ---- Extremes --------------------------------------------------------------------------------

@@ -23,7 +23,7 @@ public:
     VEXOR_API VecFlt(int newSize, float* externalStorage);
     /// Creates that many elements and sets them to the value, in the caller's array too.
     VEXOR_API VecFlt(int newSize, float value, float* externalStorage = nullptr);
-    /// The same for any integer type: a literal 0 is a number here, not a null pointer.
+    /// The same for any integer type, so that a literal 0 is a number and not a null pointer.
     template <class Integer, vexor::detail::IfInteger<Integer> = 0>
     VecFlt(int newSize, Integer value) : VecFlt(newSize, static_cast<float>(value))
     {}
@@ -70,7 +70,7 @@ public:
 
     /// Sets every element to the value.
     VEXOR_API VecFlt& SetValue(float value);
-    /// The same for any integer type: a literal 0 is a number here, not a null pointer.
+    /// The same for any integer type, so that a literal 0 is a number and not a null pointer.
     template <class Integer, vexor::detail::IfInteger<Integer> = 0>
     VecFlt& SetValue(Integer value)
     {
@@ -117,11 +117,11 @@ public:
     /// Divides each element by the rounded `Length()`. Raises `VexorNullVector`, with the vector unchanged,
     /// if every element is exactly 0.
     VEXOR_API VecFlt& Normalize();
-    /// As `Normalize`, on a copy.
+    /// The normalised vector, by `Normalize` on a copy.
     VEXOR_API VecFlt GetNormalizedCopy() const;
-    /// The products of the elements.
+    /// The element-wise product.
     VEXOR_API VecFlt ElemMult(VecFlt const& other) const;
-    /// Each element divided by the other's; a zero divisor is not checked.
+    /// The element-wise quotient. A zero divisor is not checked.
     VEXOR_API VecFlt ElemDiv(VecFlt const& other) const;
 
     // ---- Projection, angle, area -----------------------------------------------------------------
@@ -131,8 +131,8 @@ public:
     /// The unsigned angle in radians, from 0 to the single nearest π; 0 if one of the rounded lengths
     /// is 0. The cosine stays in double; its arc cosine is rounded.
     VEXOR_API float GetAngleWith(VecFlt const& other) const;
-    /// 0.5·√(A·B − d·d) with d the dot product and A, B the squared lengths: the difference, its square root
-    /// and the product are each rounded. Nearly parallel vectors can give NaN.
+    /// The area 0.5·√(A·B − d·d) with d the dot product and A, B the squared lengths: the difference, its
+    /// square root and the product are each rounded. Nearly parallel vectors can give NaN.
     VEXOR_API float GetAreaFormedByTriangleWith(VecFlt const& other) const;
 
     // ---- Extremes --------------------------------------------------------------------------------

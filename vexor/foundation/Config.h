@@ -3,11 +3,11 @@
 // results the same in every client, and the switch for checked builds.
 
 // ---- Export ------------------------------------------------------------------------------------
-// VEXOR_API     a function or object that lives in the shared library.
-// VEXOR_INLINE  a function whose body stands in a header: inlined into the client's code, and also
+// VEXOR_API     a function or object that is defined in the shared library.
+// VEXOR_INLINE  a function whose body is in a header: inlined into the client's code, and also
 //               present in the library's export table, for clients that cannot inline (other
 //               languages, unoptimised builds). One source of the library, Exports.cpp, emits them.
-//               Defaulted members and templates do not carry it and have no symbol of their own.
+//               Defaulted members and templates do not have it and export no symbol.
 // VEXOR_CLASS   a class whose members are exported one by one with the two macros above.
 // VEXOR_LOCAL   a private member of such a class that only the library's own sources call.
 #if defined(_WIN32)
@@ -129,7 +129,7 @@
 // With VEXOR_CHECKED defined, misuse that the interface leaves to the caller (an index out of range,
 // say) stops the program with file and line, and elements that a constructor leaves unset hold
 // signalling NaNs. No result and no layout changes.
-// VEXOR_CHECK           stops unless the condition holds, naming the line where it stands.
+// VEXOR_CHECK           stops unless the condition holds, naming its own line.
 // VEXOR_CHECK_AT_PLACE  the same in a helper whose parameters end with VEXOR_CHECK_PLACE, naming the
 //                       line that called the helper.
 #if defined(VEXOR_CHECKED)

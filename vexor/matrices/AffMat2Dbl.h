@@ -71,7 +71,7 @@ public:
         translation = -(linear * translation);
         return *this;
     }
-    /// As `Invert`, on a copy.
+    /// The inverse, by `Invert` on a copy.
     VEXOR_INLINE AffMat2Dbl GetInvertedCopy() const
     {
         AffMat2Dbl copy(*this);

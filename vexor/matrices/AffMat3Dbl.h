@@ -62,7 +62,7 @@ public:
         translation = newTranslation;
         return *this;
     }
-    /// Sets t to `to` − `from`, the displacement that carries the first point onto the second if L is the
+    /// Sets t to `to` − `from`, the displacement that moves the first point to the second if L is the
     /// identity matrix. L is unchanged.
     VEXOR_INLINE constexpr AffMat3Dbl& SetTranslation(Pnt3Dbl const& from, Pnt3Dbl const& to)
     {
@@ -165,15 +165,15 @@ public:
     /// Replaces the map by its inverse: `Mat3Dbl::Invert` on L, then t = −(L·t) with the new L. Raises
     /// `VexorSingular`, with t unchanged and L as `Mat3Dbl::Invert` leaves it.
     VEXOR_API AffMat3Dbl& Invert();
-    /// As `Invert`, on a copy.
+    /// The inverse, by `Invert` on a copy.
     VEXOR_API AffMat3Dbl GetInvertedCopy() const;
     /// The rotation by the angle in radians about the line through the point along the axis, a unit vector;
     /// counter-clockwise as seen with the axis pointing at the viewer. The axis is not normalised here. For a
     /// null axis the linear part is cos(angle) at (0, 0) and 0 elsewhere.
     VEXOR_API AffMat3Dbl& SetRotation(Pnt3Dbl const& point, Vec3Dbl const& axis, double angle);
-    /// The rotation about the point that carries the direction of `from` into that of `to`. It is the
-    /// identity if the squared length of from × to, of `from` or of `to` is within the global's length
-    /// tolerance: for parallel, antiparallel and short vectors.
+    /// The rotation about the point that turns the direction of `from` into that of `to`. It is the identity
+    /// if the squared length of from × to, of `from` or of `to` is within the global's length tolerance: for
+    /// parallel, antiparallel and short vectors.
     VEXOR_API AffMat3Dbl& SetRotation(Pnt3Dbl const& point, Vec3Dbl const& from, Vec3Dbl const& to);
 
 private:

@@ -184,7 +184,7 @@ public:
 
     /// Replaces the matrix by its inverse: four divisions by d.
     VEXOR_API Mat2Dbl& Invert();
-    /// As `Invert`, on a copy.
+    /// The inverse, by `Invert` on a copy.
     VEXOR_INLINE Mat2Dbl GetInvertedCopy() const
     {
         Mat2Dbl copy(*this);
@@ -208,7 +208,7 @@ public:
     /// right-hand side. It checks nothing and uses only the four elements. Not const, although it changes no
     /// element.
     VEXOR_INLINE void ReSolve(Vec2Dbl& vector);
-    /// The same for `count` vectors, one after the other; none for a count below 1.
+    /// The same for `count` vectors, one after the other. A count below 1 does nothing.
     VEXOR_INLINE void ReSolve(Vec2Dbl* const vectors, int count);
 
     // ---- Symmetric eigenproblem --------------------------------------------------------------

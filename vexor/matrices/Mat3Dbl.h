@@ -229,7 +229,7 @@ public:
     /// Replaces the matrix by its inverse. Raises `VexorSingular` as `Solve` does, with the matrix in the
     /// same state.
     VEXOR_API Mat3Dbl& Invert();
-    /// As `Invert`, on a copy.
+    /// The inverse, by `Invert` on a copy.
     VEXOR_API Mat3Dbl GetInvertedCopy() const;
 
     // ---- Spectra -----------------------------------------------------------------------------------

@@ -1,7 +1,8 @@
 #pragma once
 #include <vexor/foundation/Config.h>
 
-/// @file A solver for small dense systems, row-major arrays of up to 255 rows. It allocates nothing.
+/// @file
+/// A solver for small dense systems, row-major arrays of up to 255 rows. It allocates nothing.
 
 /// Factorises a `size`×`size` matrix in place, by Crout's method with implicitly scaled partial
 /// pivoting, and writes the order of its rows to `pivotOrder`, an array of `size` bytes.

@@ -22,7 +22,7 @@ public:
     VEXOR_KEEP_MEMORY VEXOR_INLINE Pnt2Dbl() { vexor::detail::LeaveUnset(x, y); }
     /// Sets both coordinates to the value.
     VEXOR_INLINE constexpr Pnt2Dbl(double value) : x(value), y(value) {}
-    /// The same for any integer type: a literal 0 is a number here, not a null pointer.
+    /// The same for any integer type, so that a literal 0 is a number and not a null pointer.
     template <class Integer, vexor::detail::IfInteger<Integer> = 0>
     constexpr Pnt2Dbl(Integer value) : Pnt2Dbl(static_cast<double>(value))
     {}
@@ -53,7 +53,7 @@ public:
 
     /// Sets both coordinates to the value.
     VEXOR_INLINE constexpr Pnt2Dbl& SetValue(double value) { return SetValue(value, value); }
-    /// The same for any integer type: a literal 0 is a number here, not a null pointer.
+    /// The same for any integer type, so that a literal 0 is a number and not a null pointer.
     template <class Integer, vexor::detail::IfInteger<Integer> = 0>
     constexpr Pnt2Dbl& SetValue(Integer value)
     {
@@ -154,9 +154,9 @@ public:
 
     // ---- Distance ----------------------------------------------------------------------------
 
-    /// (0 + dx²) + dy², with d this point minus the other: a plain sum. It has full precision for differences
-    /// between about 1e-146 and 1e153. Above, it overflows to infinity. Below, it loses digits; below about
-    /// 1e-162 it is 0.
+    /// The squared distance (0 + dx²) + dy², with d this point minus the other: a plain sum. It has full
+    /// precision for differences between about 1e-146 and 1e153. Above, it overflows to infinity. Below, it
+    /// loses digits; below about 1e-162 it is 0.
     VEXOR_INLINE constexpr double DistanceSqTo(Pnt2Dbl const& other) const
     {
         using vexor::detail::AddSquare;

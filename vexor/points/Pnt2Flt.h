@@ -22,7 +22,7 @@ public:
     VEXOR_KEEP_MEMORY VEXOR_INLINE Pnt2Flt() { vexor::detail::LeaveUnset(x, y); }
     /// Sets both coordinates to the value.
     VEXOR_INLINE Pnt2Flt(float value) : x(value), y(value) {}
-    /// The same for any integer type: a literal 0 is a number here, not a null pointer.
+    /// The same for any integer type, so that a literal 0 is a number and not a null pointer.
     template <class Integer, vexor::detail::IfInteger<Integer> = 0>
     Pnt2Flt(Integer value) : Pnt2Flt(static_cast<float>(value))
     {}
@@ -57,7 +57,7 @@ public:
 
     /// Sets both coordinates to the value.
     VEXOR_INLINE Pnt2Flt& SetValue(float value) { return SetValue(value, value); }
-    /// The same for any integer type: a literal 0 is a number here, not a null pointer.
+    /// The same for any integer type, so that a literal 0 is a number and not a null pointer.
     template <class Integer, vexor::detail::IfInteger<Integer> = 0>
     Pnt2Flt& SetValue(Integer value)
     {
@@ -103,7 +103,7 @@ public:
     /// The vector from the origin to this point.
     VEXOR_INLINE Vec2Flt Vector() const { return Vec2Flt(x, y); }
 
-    // ---- Arithmetic: mind where each operator rounds -----------------------------------------
+    // ---- Arithmetic: the operators round at different points ---------------------------------
 
     /// The vector from `other` to this point; each component rounded once.
     VEXOR_INLINE Vec2Flt operator-(Pnt2Flt const& other) const { return Vec2Flt(x - other.x, y - other.y); }
@@ -144,8 +144,9 @@ public:
 
     // ---- Distance ----------------------------------------------------------------------------
 
-    /// (0 + dx²) + dy², with d this point minus the other. Each difference is rounded to single before
-    /// it is squared, and the running sum after each addition; the squares themselves are exact.
+    /// The squared distance (0 + dx²) + dy², with d this point minus the other. Each difference is rounded to
+    /// single before it is squared, and the running sum after each addition; the squares themselves are
+    /// exact.
     VEXOR_INLINE float DistanceSqTo(Pnt2Flt const& other) const
     {
         using vexor::detail::AddSquare;

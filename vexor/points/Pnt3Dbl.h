@@ -25,7 +25,7 @@ public:
     VEXOR_KEEP_MEMORY VEXOR_INLINE Pnt3Dbl() { vexor::detail::LeaveUnset(x, y, z); }
     /// Sets all three coordinates to the value.
     VEXOR_INLINE constexpr Pnt3Dbl(double value) : x(value), y(value), z(value) {}
-    /// The same for any integer type: a literal 0 is a number here, not a null pointer.
+    /// The same for any integer type, so that a literal 0 is a number and not a null pointer.
     template <class Integer, vexor::detail::IfInteger<Integer> = 0>
     constexpr Pnt3Dbl(Integer value) : Pnt3Dbl(static_cast<double>(value))
     {}
@@ -59,7 +59,7 @@ public:
 
     /// Sets all three coordinates to the value.
     VEXOR_INLINE constexpr Pnt3Dbl& SetValue(double value) { return SetValue(value, value, value); }
-    /// The same for any integer type: a literal 0 is a number here, not a null pointer.
+    /// The same for any integer type, so that a literal 0 is a number and not a null pointer.
     template <class Integer, vexor::detail::IfInteger<Integer> = 0>
     constexpr Pnt3Dbl& SetValue(Integer value)
     {
@@ -169,9 +169,9 @@ public:
 
     // ---- Distance ----------------------------------------------------------------------------
 
-    /// ((0 + dx²) + dy²) + dz², with d this point minus the other: a plain sum. It has full precision for
-    /// differences between about 1e-146 and 1e153. Above, it overflows to infinity. Below, it loses digits;
-    /// below about 1e-162 it is 0.
+    /// The squared distance ((0 + dx²) + dy²) + dz², with d this point minus the other: a plain sum. It has
+    /// full precision for differences between about 1e-146 and 1e153. Above, it overflows to infinity. Below,
+    /// it loses digits; below about 1e-162 it is 0.
     VEXOR_INLINE constexpr double DistanceSqTo(Pnt3Dbl const& other) const
     {
         using vexor::detail::AddSquare;

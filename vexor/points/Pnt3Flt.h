@@ -20,7 +20,7 @@ public:
     VEXOR_KEEP_MEMORY VEXOR_INLINE Pnt3Flt() { vexor::detail::LeaveUnset(x, y, z); }
     /// Sets all three coordinates to the value.
     VEXOR_INLINE Pnt3Flt(float value) : x(value), y(value), z(value) {}
-    /// The same for any integer type: a literal 0 is a number here, not a null pointer.
+    /// The same for any integer type, so that a literal 0 is a number and not a null pointer.
     template <class Integer, vexor::detail::IfInteger<Integer> = 0>
     Pnt3Flt(Integer value) : Pnt3Flt(static_cast<float>(value))
     {}
@@ -55,7 +55,7 @@ public:
 
     /// Sets all three coordinates to the value.
     VEXOR_INLINE Pnt3Flt& SetValue(float value) { return SetValue(value, value, value); }
-    /// The same for any integer type: a literal 0 is a number here, not a null pointer.
+    /// The same for any integer type, so that a literal 0 is a number and not a null pointer.
     template <class Integer, vexor::detail::IfInteger<Integer> = 0>
     Pnt3Flt& SetValue(Integer value)
     {
@@ -152,8 +152,9 @@ public:
 
     // ---- Distance ----------------------------------------------------------------------------
 
-    /// ((0 + dx²) + dy²) + dz², with d this point minus the other. Each difference is rounded to single
-    /// before it is squared, and the running sum after each addition; the squares themselves are exact.
+    /// The squared distance ((0 + dx²) + dy²) + dz², with d this point minus the other. Each difference is
+    /// rounded to single before it is squared, and the running sum after each addition; the squares
+    /// themselves are exact.
     VEXOR_INLINE float DistanceSqTo(Pnt3Flt const& other) const
     {
         using vexor::detail::AddSquare;

@@ -17,7 +17,7 @@ static_assert(
 
 namespace {
 
-/// Stores a vector in the vector part, leaving the scalar alone.
+/// Stores a vector in the vector part; the scalar is unchanged.
 void StoreVectorPart(Quaternion& quaternion, Vec3Dbl const& vector)
 {
     quaternion.u = vector.x;

@@ -9,9 +9,9 @@
 
 VEXOR_EXACT_BEGIN
 
-/// A rotation in space as four doubles and nothing else: the vector part (u, v, w), which lies as a
-/// `Vec3Dbl` does, then the scalar s. A turn by the angle a about the unit axis n is u, v, w = n·sin(a/2)
-/// and s = cos(a/2).
+/// A rotation in space as four doubles and nothing else: the vector part (u, v, w), which has the layout of a
+/// `Vec3Dbl`, then the scalar s. A turn by the angle a about the unit axis n is u, v, w = n·sin(a/2) and s =
+/// cos(a/2).
 ///
 /// Rotations are active: they turn the vector, counter-clockwise as seen with the axis pointing at the
 /// viewer. Angles are in radians. q and −q are distinct values of the same rotation; no operation picks one
@@ -133,7 +133,7 @@ public:
     VEXOR_INLINE constexpr Quaternion& Invert() { return SetValue(-u, -v, -w, s, 0); }
     /// The same operation as `Invert`.
     VEXOR_INLINE constexpr Quaternion& NegateAngle() { return Invert(); }
-    /// As `Invert`, on a copy.
+    /// The inverse, by `Invert` on a copy.
     VEXOR_INLINE constexpr Quaternion Inverse() const
     {
         Quaternion result(*this);

@@ -24,7 +24,7 @@ public:
     VEXOR_KEEP_MEMORY VEXOR_INLINE Vec2Dbl() { vexor::detail::LeaveUnset(x, y); }
     /// Sets both components to the value.
     VEXOR_INLINE constexpr Vec2Dbl(double value) : x(value), y(value) {}
-    /// The same for any integer type: a literal 0 is a number here, not a null pointer.
+    /// The same for any integer type, so that a literal 0 is a number and not a null pointer.
     template <class Integer, vexor::detail::IfInteger<Integer> = 0>
     constexpr Vec2Dbl(Integer value) : Vec2Dbl(static_cast<double>(value))
     {}
@@ -51,7 +51,7 @@ public:
 
     /// Sets both components to the value.
     VEXOR_INLINE constexpr Vec2Dbl& SetValue(double value) { return SetValue(value, value); }
-    /// The same for any integer type: a literal 0 is a number here, not a null pointer.
+    /// The same for any integer type, so that a literal 0 is a number and not a null pointer.
     template <class Integer, vexor::detail::IfInteger<Integer> = 0>
     constexpr Vec2Dbl& SetValue(Integer value)
     {
@@ -123,26 +123,26 @@ public:
 
     // ---- Products ----------------------------------------------------------------------------
 
-    /// x·ox + y·oy, a plain sum, with the range that `Vec3Dbl::Dot` has.
+    /// The dot product x·ox + y·oy, a plain sum, with the range of `Vec3Dbl::Dot`.
     VEXOR_INLINE constexpr double Dot(Vec2Dbl const& other) const { return x * other.x + y * other.y; }
-    /// The scalar x·oy − y·ox: above 0 if `other` lies counter-clockwise of this vector.
+    /// The cross product, the scalar x·oy − y·ox: above 0 if `other` lies counter-clockwise of this vector.
     VEXOR_INLINE constexpr double Cross(Vec2Dbl const& other) const { return x * other.y - y * other.x; }
-    /// The products of the components.
+    /// The component-wise product.
     VEXOR_INLINE constexpr Vec2Dbl ElemMult(Vec2Dbl const& other) const
     {
         return Vec2Dbl(x * other.x, y * other.y);
     }
-    /// Each component divided by the other's; a zero divisor is not checked.
+    /// The component-wise quotient. A zero divisor is not checked.
     VEXOR_INLINE constexpr Vec2Dbl ElemDiv(Vec2Dbl const& other) const
     {
         return Vec2Dbl(x / other.x, y / other.y);
     }
-    /// Row i, column j is this[i]·other[j]. Requires Mat2Dbl.h.
+    /// The outer product: row i, column j is this[i]·other[j]. Requires Mat2Dbl.h.
     VEXOR_INLINE constexpr Mat2Dbl OuterProduct(Vec2Dbl const& other) const;
 
     // ---- Length ------------------------------------------------------------------------------
 
-    /// x² + y², a plain sum, with the range that `Vec3Dbl::LengthSquared` has.
+    /// The squared length x² + y², a plain sum, with the range of `Vec3Dbl::LengthSquared`.
     VEXOR_INLINE constexpr double LengthSquared() const { return x * x + y * y; }
     /// The square root of x² + y², accurate over the whole range of a double, as in `Vec3Dbl`.
     VEXOR_INLINE double Length() const
@@ -166,7 +166,7 @@ public:
         vexor::detail::FullRangeNormalize(components, 2);
         return SetValue(components[0], components[1]);
     }
-    /// As `Normalize`, on a copy.
+    /// The normalised vector, by `Normalize` on a copy.
     VEXOR_INLINE Vec2Dbl GetNormalizedCopy() const
     {
         Vec2Dbl copy(*this);
@@ -316,7 +316,7 @@ public:
     /// clockwise gives 3π/2. The result is 0 for a vector within the global's length tolerance and for an
     /// angle within about 1e-5 of 0 or 2π. It is π for an angle within about 1e-5 of π, as in `Vec3Dbl`.
     VEXOR_API double GetCCWAngleWith(Vec2Dbl const& other) const;
-    /// 0.5·(x·oy − y·ox), correct over the whole range of a double. Unlike in space, the area is signed:
+    /// The area 0.5·(x·oy − y·ox), correct over the whole range of a double. Unlike in space it is signed:
     /// below 0 if `other` lies clockwise.
     VEXOR_INLINE double GetAreaFormedByTriangleWith(Vec2Dbl const& other) const
     {

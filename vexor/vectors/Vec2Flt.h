@@ -20,7 +20,7 @@ public:
     VEXOR_KEEP_MEMORY VEXOR_INLINE Vec2Flt() { vexor::detail::LeaveUnset(x, y); }
     /// Sets both components to the value.
     VEXOR_INLINE Vec2Flt(float value) : x(value), y(value) {}
-    /// The same for any integer type: a literal 0 is a number here, not a null pointer.
+    /// The same for any integer type, so that a literal 0 is a number and not a null pointer.
     template <class Integer, vexor::detail::IfInteger<Integer> = 0>
     Vec2Flt(Integer value) : Vec2Flt(static_cast<float>(value))
     {}
@@ -49,7 +49,7 @@ public:
 
     /// Sets both components to the value.
     VEXOR_INLINE Vec2Flt& SetValue(float value) { return SetValue(value, value); }
-    /// The same for any integer type: a literal 0 is a number here, not a null pointer.
+    /// The same for any integer type, so that a literal 0 is a number and not a null pointer.
     template <class Integer, vexor::detail::IfInteger<Integer> = 0>
     Vec2Flt& SetValue(Integer value)
     {
@@ -104,27 +104,28 @@ public:
 
     // ---- Products ----------------------------------------------------------------------------
 
-    /// x·ox + y·oy in double, the sum rounded once.
+    /// The dot product x·ox + y·oy in double, the sum rounded once.
     VEXOR_INLINE float Dot(Vec2Flt const& other) const
     {
         return vexor::detail::RoundToSingle(Vec2Dbl(*this).Dot(Vec2Dbl(other)));
     }
-    /// The scalar x·oy − y·ox in double, the difference rounded once: above 0 if `other` lies
-    /// counter-clockwise of this vector.
+    /// The cross product, the scalar x·oy − y·ox in double, the difference rounded once: above 0 if `other`
+    /// lies counter-clockwise of this vector.
     VEXOR_INLINE float Cross(Vec2Flt const& other) const
     {
         return vexor::detail::RoundToSingle(Vec2Dbl(*this).Cross(Vec2Dbl(other)));
     }
-    /// The products of the components.
+    /// The component-wise product.
     VEXOR_INLINE Vec2Flt ElemMult(Vec2Flt const& other) const { return Vec2Flt(x * other.x, y * other.y); }
-    /// Each component divided by the other's; a zero divisor is not checked.
+    /// The component-wise quotient. A zero divisor is not checked.
     VEXOR_INLINE Vec2Flt ElemDiv(Vec2Flt const& other) const { return Vec2Flt(x / other.x, y / other.y); }
-    /// Row i, column j is this[i]·other[j], in double, where the product is exact. Requires Mat2Dbl.h.
+    /// The outer product: row i, column j is this[i]·other[j], in double, where the product is exact.
+    /// Requires Mat2Dbl.h.
     VEXOR_INLINE Mat2Dbl OuterProduct(Vec2Flt const& other) const;
 
     // ---- Length ------------------------------------------------------------------------------
 
-    /// x² + y² in double, the sum rounded once.
+    /// The squared length x² + y² in double, the sum rounded once.
     VEXOR_INLINE float LengthSquared() const { return Dot(*this); }
     /// The square root of the rounded `LengthSquared()`, rounded.
     VEXOR_INLINE float Length() const
@@ -139,7 +140,7 @@ public:
             vexor::detail::RaiseNullVector();
         return *this /= Length();
     }
-    /// As `Normalize`, on a copy.
+    /// The normalised vector, by `Normalize` on a copy.
     VEXOR_INLINE Vec2Flt GetNormalizedCopy() const
     {
         Vec2Flt copy(*this);
@@ -259,8 +260,8 @@ public:
     {
         return vexor::detail::UnsignedAngle(Dot(other), Length(), other.Length());
     }
-    /// 0.5·(x·oy − y·ox) in double, rounded once. It is not half of the rounded `Cross`, which can overflow
-    /// or lose digits where this does not. Below 0 if `other` lies clockwise.
+    /// The signed area 0.5·(x·oy − y·ox) in double, rounded once. It is not half of the rounded `Cross`,
+    /// which can overflow or lose digits where this does not. Below 0 if `other` lies clockwise.
     VEXOR_INLINE float GetAreaFormedByTriangleWith(Vec2Flt const& other) const
     {
         return vexor::detail::RoundToSingle(0.5 * Vec2Dbl(*this).Cross(Vec2Dbl(other)));

@@ -21,7 +21,7 @@ public:
     VEXOR_KEEP_MEMORY VEXOR_INLINE Vec2Int() { vexor::detail::LeaveUnset(x, y); }
     /// Sets both components to the value.
     VEXOR_INLINE constexpr Vec2Int(int value) : x(value), y(value) {}
-    /// The same for any integer type: a literal 0 is a number here, not a null pointer.
+    /// The same for any integer type, so that a literal 0 is a number and not a null pointer.
     template <class Integer, vexor::detail::IfInteger<Integer> = 0>
     constexpr Vec2Int(Integer value) : Vec2Int(static_cast<int>(value))
     {}
@@ -40,7 +40,7 @@ public:
 
     /// Sets both components to the value.
     VEXOR_INLINE constexpr Vec2Int& SetValue(int value) { return SetValue(value, value); }
-    /// The same for any integer type: a literal 0 is a number here, not a null pointer.
+    /// The same for any integer type, so that a literal 0 is a number and not a null pointer.
     template <class Integer, vexor::detail::IfInteger<Integer> = 0>
     constexpr Vec2Int& SetValue(Integer value)
     {
@@ -117,13 +117,13 @@ public:
 
     // ---- Products ----------------------------------------------------------------------------
 
-    /// x·ox + y·oy.
+    /// The dot product x·ox + y·oy.
     VEXOR_INLINE constexpr int Dot(Vec2Int const& other) const
     {
         using vexor::detail::WrappedProduct;
         return vexor::detail::WrappedSum(WrappedProduct(x, other.x), WrappedProduct(y, other.y));
     }
-    /// The products of the components.
+    /// The component-wise product.
     VEXOR_INLINE constexpr Vec2Int ElemMult(Vec2Int const& other) const
     {
         using vexor::detail::WrappedProduct;

@@ -36,7 +36,7 @@ public:
     VEXOR_KEEP_MEMORY VEXOR_INLINE Vec3Dbl() { vexor::detail::LeaveUnset(x, y, z); }
     /// Sets all three components to the value.
     VEXOR_INLINE constexpr Vec3Dbl(double value) : x(value), y(value), z(value) {}
-    /// The same for any integer type: a literal 0 is a number here, not a null pointer.
+    /// The same for any integer type, so that a literal 0 is a number and not a null pointer.
     template <class Integer, vexor::detail::IfInteger<Integer> = 0>
     constexpr Vec3Dbl(Integer value) : Vec3Dbl(static_cast<double>(value))
     {}
@@ -65,7 +65,7 @@ public:
 
     /// Sets all three components to the value.
     VEXOR_INLINE constexpr Vec3Dbl& SetValue(double value) { return SetValue(value, value, value); }
-    /// The same for any integer type: a literal 0 is a number here, not a null pointer.
+    /// The same for any integer type, so that a literal 0 is a number and not a null pointer.
     template <class Integer, vexor::detail::IfInteger<Integer> = 0>
     constexpr Vec3Dbl& SetValue(Integer value)
     {
@@ -148,8 +148,9 @@ public:
 
     // ---- Products ----------------------------------------------------------------------------
 
-    /// (x·ox + y·oy) + z·oz, a plain sum, accurate for components between about 1e-77 and 1e77, or 0. Larger
-    /// products give an infinity, or NaN if two infinities cancel; smaller ones lose digits or are 0.
+    /// The dot product (x·ox + y·oy) + z·oz, a plain sum, accurate for components between about 1e-77 and
+    /// 1e77, or 0. Larger products give an infinity, or NaN if two infinities cancel; smaller ones lose
+    /// digits or are 0.
     VEXOR_INLINE constexpr double Dot(Vec3Dbl const& other) const
     {
         return (x * other.x + y * other.y) + z * other.z;
@@ -159,23 +160,23 @@ public:
     {
         return Vec3Dbl(y * other.z - other.y * z, z * other.x - x * other.z, other.y * x - y * other.x);
     }
-    /// The products of the components.
+    /// The component-wise product.
     VEXOR_INLINE constexpr Vec3Dbl ElemMult(Vec3Dbl const& other) const
     {
         return Vec3Dbl(x * other.x, y * other.y, z * other.z);
     }
-    /// Each component divided by the other's; a zero divisor is not checked.
+    /// The component-wise quotient. A zero divisor is not checked.
     VEXOR_INLINE constexpr Vec3Dbl ElemDiv(Vec3Dbl const& other) const
     {
         return Vec3Dbl(x / other.x, y / other.y, z / other.z);
     }
-    /// Row i, column j is this[i]·other[j]. Requires Mat3Dbl.h.
+    /// The outer product: row i, column j is this[i]·other[j]. Requires Mat3Dbl.h.
     VEXOR_INLINE constexpr Mat3Dbl OuterProduct(Vec3Dbl const& other) const;
 
     // ---- Length ------------------------------------------------------------------------------
 
-    /// (x² + y²) + z², a plain sum. It has full precision for components between about 1e-146 and 1e153.
-    /// Above, it overflows to infinity. Below, it loses digits; below about 1e-162 it is 0.
+    /// The squared length (x² + y²) + z², a plain sum. It has full precision for components between about
+    /// 1e-146 and 1e153. Above, it overflows to infinity. Below, it loses digits; below about 1e-162 it is 0.
     VEXOR_INLINE constexpr double LengthSquared() const { return (x * x + y * y) + z * z; }
     /// The square root of (x² + y²) + z², accurate over the whole range of a double: if that sum would
     /// overflow or lose digits, it is computed with an unlimited exponent range.
@@ -200,7 +201,7 @@ public:
         vexor::detail::FullRangeNormalize(components, 3);
         return SetValue(components[0], components[1], components[2]);
     }
-    /// As `Normalize`, on a copy.
+    /// The normalised vector, by `Normalize` on a copy.
     VEXOR_INLINE Vec3Dbl GetNormalizedCopy() const
     {
         Vec3Dbl copy(*this);
@@ -362,8 +363,8 @@ public:
     /// an angle within about 1e-5 of π: the unit vectors' cross product counts as zero below the global's
     /// length. Correct over the whole range of a double.
     VEXOR_API double GetCCWAngleWith(Vec3Dbl const& other, Vec3Dbl const& normal) const;
-    /// 0.5·√(A·B − d·d), correct over the whole range of a double. The difference is not clamped: nearly
-    /// parallel vectors can give NaN.
+    /// The area 0.5·√(A·B − d·d), correct over the whole range of a double. The difference is not clamped:
+    /// nearly parallel vectors can give NaN.
     VEXOR_INLINE double GetAreaFormedByTriangleWith(Vec3Dbl const& other) const
     {
         double const a = LengthSquared();

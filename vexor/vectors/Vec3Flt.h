@@ -21,7 +21,7 @@ public:
     VEXOR_KEEP_MEMORY VEXOR_INLINE Vec3Flt() { vexor::detail::LeaveUnset(x, y, z); }
     /// Sets all three components to the value.
     VEXOR_INLINE Vec3Flt(float value) : x(value), y(value), z(value) {}
-    /// The same for any integer type: a literal 0 is a number here, not a null pointer.
+    /// The same for any integer type, so that a literal 0 is a number and not a null pointer.
     template <class Integer, vexor::detail::IfInteger<Integer> = 0>
     Vec3Flt(Integer value) : Vec3Flt(static_cast<float>(value))
     {}
@@ -50,7 +50,7 @@ public:
 
     /// Sets all three components to the value.
     VEXOR_INLINE Vec3Flt& SetValue(float value) { return SetValue(value, value, value); }
-    /// The same for any integer type: a literal 0 is a number here, not a null pointer.
+    /// The same for any integer type, so that a literal 0 is a number and not a null pointer.
     template <class Integer, vexor::detail::IfInteger<Integer> = 0>
     Vec3Flt& SetValue(Integer value)
     {
@@ -116,7 +116,7 @@ public:
 
     // ---- Products ----------------------------------------------------------------------------
 
-    /// (x·ox + y·oy) + z·oz in double, the sum rounded once.
+    /// The dot product (x·ox + y·oy) + z·oz in double, the sum rounded once.
     VEXOR_INLINE float Dot(Vec3Flt const& other) const
     {
         return vexor::detail::RoundToSingle(Vec3Dbl(*this).Dot(Vec3Dbl(other)));
@@ -127,22 +127,23 @@ public:
     {
         return Vec3Dbl(*this).Cross(Vec3Dbl(other)).ToVec3Flt();
     }
-    /// The products of the components.
+    /// The component-wise product.
     VEXOR_INLINE Vec3Flt ElemMult(Vec3Flt const& other) const
     {
         return Vec3Flt(x * other.x, y * other.y, z * other.z);
     }
-    /// Each component divided by the other's; a zero divisor is not checked.
+    /// The component-wise quotient. A zero divisor is not checked.
     VEXOR_INLINE Vec3Flt ElemDiv(Vec3Flt const& other) const
     {
         return Vec3Flt(x / other.x, y / other.y, z / other.z);
     }
-    /// Row i, column j is this[i]·other[j], in double, where the product is exact. Requires Mat3Dbl.h.
+    /// The outer product: row i, column j is this[i]·other[j], in double, where the product is exact.
+    /// Requires Mat3Dbl.h.
     VEXOR_INLINE Mat3Dbl OuterProduct(Vec3Flt const& other) const;
 
     // ---- Length ------------------------------------------------------------------------------
 
-    /// (x² + y²) + z² in double, the sum rounded once.
+    /// The squared length (x² + y²) + z² in double, the sum rounded once.
     VEXOR_INLINE float LengthSquared() const { return Dot(*this); }
     /// The square root of the rounded `LengthSquared()`, rounded.
     VEXOR_INLINE float Length() const
@@ -157,7 +158,7 @@ public:
             vexor::detail::RaiseNullVector();
         return *this /= Length();
     }
-    /// As `Normalize`, on a copy.
+    /// The normalised vector, by `Normalize` on a copy.
     VEXOR_INLINE Vec3Flt GetNormalizedCopy() const
     {
         Vec3Flt copy(*this);
@@ -282,8 +283,8 @@ public:
     {
         return vexor::detail::UnsignedAngle(Dot(other), Length(), other.Length());
     }
-    /// 0.5·√(A·B − d·d): the difference, its square root and the product are each rounded. The difference is
-    /// not clamped: nearly parallel vectors can give NaN.
+    /// The area 0.5·√(A·B − d·d): the difference, its square root and the product are each rounded. The
+    /// difference is not clamped: nearly parallel vectors can give NaN.
     VEXOR_INLINE float GetAreaFormedByTriangleWith(Vec3Flt const& other) const
     {
         return vexor::detail::TriangleArea(Dot(other), LengthSquared(), other.LengthSquared());

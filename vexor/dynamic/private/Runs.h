@@ -44,7 +44,7 @@ inline void CombineRuns(Element* result, Element const* left, Element const* rig
         result[i] = operation(left[i], right[i]);
 }
 
-/// 1 if all pairs compare equal: a NaN equals nothing, and 0 equals −0.
+/// 1 if all pairs compare equal: a NaN is unequal to everything, and 0 equals −0.
 template <class Element>
 inline int AreRunsEqual(Element const* left, Element const* right, std::int64_t count)
 {

@@ -16,7 +16,7 @@ namespace vexor::detail {
 template <class Value>
 inline constexpr bool isAffineMap = std::is_same_v<Value, AffMat2Dbl> || std::is_same_v<Value, AffMat3Dbl>;
 
-/// The type of the numbers in the text form; void for a type that has none.
+/// The type of the numbers in the text form; void for a type without a text form.
 template <class Value>
 struct TextElementOf {
     using Type = std::conditional_t<isAffineMap<Value> || std::is_same_v<Value, Quaternion>, double,

@@ -3,7 +3,7 @@
 #include <vexor/elementary/private/Fast.h>
 #include <vexor/foundation/private/StartUp.h>
 
-// The branch on the CPU costs nothing: it goes the same way always.
+// The branch on the CPU always goes the same way, so it is predicted and costs nothing.
 #if defined(VEXOR_FUSED_ALWAYS)
 #    define VEXOR_ELEMENTARY_CALL(call) return elementary::fused::call
 #elif defined(VEXOR_FUSED_SOMETIMES)
