@@ -102,8 +102,8 @@ public:
 
     // ---- Exact comparison: not const, unlike that of the vectors -----------------------------------
 
-    /// Exact, element by element; a NaN is unequal to everything. Matrices of different shapes are unequal;
-    /// no exception is raised.
+    /// Exact equality of all elements; a NaN is unequal to everything. Matrices of different shapes are
+    /// unequal; no exception is raised.
     VEXOR_API int operator==(MatDbl const& other);
     /// The exact negation of `operator==`.
     VEXOR_INLINE int operator!=(MatDbl const& other) { return !(*this == other); }
@@ -224,7 +224,7 @@ private:
 VEXOR_API MatDbl operator*(MatDbl const& matrix, double scalar);
 /// The same, the scalar on the left.
 VEXOR_API MatDbl operator*(double scalar, MatDbl const& matrix);
-/// Divides each element by the scalar. A zero divisor is not checked.
+/// The quotient: each element divided by the scalar. A zero divisor is not checked.
 VEXOR_API MatDbl operator/(MatDbl const& matrix, double scalar);
 /// The negated copy: flips the sign of each element; 0 becomes −0.
 VEXOR_API MatDbl operator-(MatDbl const& matrix);

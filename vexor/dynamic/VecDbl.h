@@ -97,8 +97,8 @@ public:
 
     // ---- Exact comparison ------------------------------------------------------------------------
 
-    /// Exact, element by element; a NaN is unequal to everything. Vectors of different sizes are unequal; no
-    /// exception is raised.
+    /// Exact equality of all elements; a NaN is unequal to everything. Vectors of different sizes are
+    /// unequal; no exception is raised.
     VEXOR_API int operator==(VecDbl const& other) const;
     /// The exact negation of `operator==`.
     VEXOR_INLINE int operator!=(VecDbl const& other) const { return !(*this == other); }
@@ -232,7 +232,7 @@ private:
 VEXOR_API VecDbl operator*(VecDbl const& vector, double scalar);
 /// The same, the scalar on the left.
 VEXOR_API VecDbl operator*(double scalar, VecDbl const& vector);
-/// Divides each element by the scalar. A zero divisor is not checked.
+/// The quotient: each element divided by the scalar. A zero divisor is not checked.
 VEXOR_API VecDbl operator/(VecDbl const& vector, double scalar);
 /// The negated copy: flips the sign of each element; 0 becomes −0.
 VEXOR_API VecDbl operator-(VecDbl const& vector);

@@ -83,8 +83,8 @@ public:
 
     // ---- Exact comparison ------------------------------------------------------------------------
 
-    /// Exact, element by element; a NaN is unequal to everything. Vectors of different sizes are unequal; no
-    /// exception is raised.
+    /// Exact equality of all elements; a NaN is unequal to everything. Vectors of different sizes are
+    /// unequal; no exception is raised.
     VEXOR_API int operator==(VecFlt const& other) const;
     /// The exact negation of `operator==`.
     VEXOR_INLINE int operator!=(VecFlt const& other) const { return !(*this == other); }
@@ -194,7 +194,7 @@ private:
 VEXOR_API VecFlt operator*(VecFlt const& vector, float scalar);
 /// The same, the scalar on the left.
 VEXOR_API VecFlt operator*(float scalar, VecFlt const& vector);
-/// Divides each element by the scalar. A zero divisor is not checked.
+/// The quotient: each element divided by the scalar. A zero divisor is not checked.
 VEXOR_API VecFlt operator/(VecFlt const& vector, float scalar);
 /// The negated copy: flips the sign of each element; 0 becomes −0.
 VEXOR_API VecFlt operator-(VecFlt const& vector);

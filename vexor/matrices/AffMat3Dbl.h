@@ -32,7 +32,7 @@ public:
 
     // ---- Exact comparison --------------------------------------------------------------------
 
-    /// Exact, number by number; a NaN is unequal to everything.
+    /// Exact equality of all twelve numbers; a NaN is unequal to everything.
     VEXOR_INLINE constexpr int operator==(AffMat3Dbl const& other) const
     {
         return linearPart == other.linearPart && translation == other.translation;

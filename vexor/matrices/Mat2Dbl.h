@@ -137,7 +137,7 @@ public:
 
     // ---- Exact comparison: not const, unlike that of Mat3Dbl ---------------------------------
 
-    /// Exact, element by element; a NaN is unequal to everything.
+    /// Exact equality of all elements; a NaN is unequal to everything.
     VEXOR_INLINE constexpr int operator==(Mat2Dbl const& other)
     {
         return rows[0] == other.rows[0] && rows[1] == other.rows[1];

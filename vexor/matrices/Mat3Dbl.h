@@ -164,7 +164,7 @@ public:
 
     // ---- Exact comparison: the elements alone ------------------------------------------------
 
-    /// Exact, element by element; a NaN is unequal to everything.
+    /// Exact equality of all elements; a NaN is unequal to everything.
     VEXOR_INLINE constexpr int operator==(Mat3Dbl const& other) const
     {
         return rows[0] == other.rows[0] && rows[1] == other.rows[1] && rows[2] == other.rows[2];
@@ -261,7 +261,7 @@ private:
     Vec3Dbl rows[3];
     // pivotOrder[i] is the row that acts as row i of the factors.
 #if defined(VEXOR_CHECKED)
-    unsigned char pivotOrder[3] = {255, 255, 255}; // the order of no factors
+    unsigned char pivotOrder[3] = {255, 255, 255}; // an order that no factorisation gives
 #else
     // A constant expression must set every field, but a constructor at run time must write none of these
     // bytes. So it sets the empty member.

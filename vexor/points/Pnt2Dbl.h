@@ -32,7 +32,7 @@ public:
     VEXOR_INLINE constexpr Pnt2Dbl(double* values) : x(values[0]), y(values[1]) {}
     /// Copies both coordinates.
     Pnt2Dbl(Pnt2Dbl const&) = default;
-    /// The point that the vector leads to from the origin.
+    /// The point at the end of the vector from the origin.
     VEXOR_INLINE constexpr Pnt2Dbl(Vec2Dbl const& vector) : x(vector.x), y(vector.y) {}
     /// Widens each coordinate exactly. Requires Pnt2Flt.h.
     VEXOR_INLINE Pnt2Dbl(Pnt2Flt const& other);
@@ -44,7 +44,7 @@ public:
 
     /// Copies both coordinates.
     Pnt2Dbl& operator=(Pnt2Dbl const&) = default;
-    /// Takes the vector's components as coordinates.
+    /// Copies the vector's components as coordinates.
     VEXOR_INLINE constexpr Pnt2Dbl& operator=(Vec2Dbl const& vector) { return SetValue(vector.x, vector.y); }
     /// Widens each coordinate exactly. Requires Pnt2Flt.h.
     VEXOR_INLINE Pnt2Dbl& operator=(Pnt2Flt const& other);
@@ -149,7 +149,7 @@ public:
     }
     /// Multiplies each coordinate by the scalar.
     VEXOR_INLINE constexpr Pnt2Dbl& operator*=(double scalar) { return SetValue(x * scalar, y * scalar); }
-    /// Divides each in turn by the scalar; the free `operator/` multiplies by a reciprocal.
+    /// Divides each coordinate by the scalar; the free `operator/` multiplies by a reciprocal.
     VEXOR_INLINE constexpr Pnt2Dbl& operator/=(double scalar) { return SetValue(x / scalar, y / scalar); }
 
     // ---- Distance ----------------------------------------------------------------------------
@@ -175,7 +175,7 @@ public:
 
     // ---- Comparison --------------------------------------------------------------------------
 
-    /// Exact, coordinate by coordinate; a NaN is unequal to everything.
+    /// Exact equality of all coordinates; a NaN is unequal to everything.
     VEXOR_INLINE constexpr int operator==(Pnt2Dbl const& other) const
     {
         return int(x == other.x) & int(y == other.y);

@@ -32,7 +32,7 @@ public:
     VEXOR_INLINE Pnt2Flt(float* values) : x(values[0]), y(values[1]) {}
     /// Copies both coordinates.
     Pnt2Flt(Pnt2Flt const&) = default;
-    /// The point that the vector leads to from the origin.
+    /// The point at the end of the vector from the origin.
     VEXOR_INLINE Pnt2Flt(Vec2Flt const& vector) : x(vector.x), y(vector.y) {}
     ~Pnt2Flt() = default;
 
@@ -40,7 +40,7 @@ public:
 
     /// Copies both coordinates.
     Pnt2Flt& operator=(Pnt2Flt const&) = default;
-    /// Takes the vector's components as coordinates.
+    /// Copies the vector's components as coordinates.
     VEXOR_INLINE Pnt2Flt& operator=(Vec2Flt const& vector) { return SetValue(vector.x, vector.y); }
     /// Rounds each coordinate to single.
     VEXOR_INLINE Pnt2Flt& operator=(Pnt2Dbl const& other)
@@ -135,11 +135,11 @@ public:
     }
     /// Multiplies each coordinate by the scalar, rounded once.
     VEXOR_INLINE Pnt2Flt& operator*=(float scalar) { return SetValue(x * scalar, y * scalar); }
-    /// Rounds the scalar to single first.
+    /// The same with a double scalar, which is rounded to single first.
     VEXOR_INLINE Pnt2Flt& operator*=(double scalar) { return *this *= vexor::detail::RoundToSingle(scalar); }
-    /// Divides each in turn by the scalar; the free `operator/` multiplies by a reciprocal.
+    /// Divides each coordinate by the scalar; the free `operator/` multiplies by a reciprocal.
     VEXOR_INLINE Pnt2Flt& operator/=(float scalar) { return SetValue(x / scalar, y / scalar); }
-    /// Rounds the scalar to single first.
+    /// The same with a double scalar, which is rounded to single first.
     VEXOR_INLINE Pnt2Flt& operator/=(double scalar) { return *this /= vexor::detail::RoundToSingle(scalar); }
 
     // ---- Distance ----------------------------------------------------------------------------
@@ -162,7 +162,7 @@ public:
     // ---- Comparison --------------------------------------------------------------------------
     // The class has no operator<.
 
-    /// Exact, coordinate by coordinate; a NaN is unequal to everything.
+    /// Exact equality of all coordinates; a NaN is unequal to everything.
     VEXOR_INLINE int operator==(Pnt2Flt const& other) const { return int(x == other.x) & int(y == other.y); }
     /// The exact negation of `operator==`.
     VEXOR_INLINE int operator!=(Pnt2Flt const& other) const { return !(*this == other); }

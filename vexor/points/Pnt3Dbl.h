@@ -35,7 +35,7 @@ public:
     VEXOR_INLINE constexpr Pnt3Dbl(double* values) : x(values[0]), y(values[1]), z(values[2]) {}
     /// Copies the three coordinates.
     Pnt3Dbl(Pnt3Dbl const&) = default;
-    /// The point that the vector leads to from the origin.
+    /// The point at the end of the vector from the origin.
     VEXOR_INLINE constexpr Pnt3Dbl(Vec3Dbl const& vector) : x(vector.x), y(vector.y), z(vector.z) {}
     /// Widens each coordinate exactly. Requires Pnt3Flt.h.
     VEXOR_INLINE Pnt3Dbl(Pnt3Flt const& other);
@@ -47,7 +47,7 @@ public:
 
     /// Copies the three coordinates.
     Pnt3Dbl& operator=(Pnt3Dbl const&) = default;
-    /// Takes the vector's components as coordinates.
+    /// Copies the vector's components as coordinates.
     VEXOR_INLINE constexpr Pnt3Dbl& operator=(Vec3Dbl const& vector)
     {
         return SetValue(vector.x, vector.y, vector.z);
@@ -161,7 +161,7 @@ public:
     {
         return SetValue(x * scalar, y * scalar, z * scalar);
     }
-    /// Divides each in turn by the scalar; the free `operator/` multiplies by a reciprocal.
+    /// Divides each coordinate by the scalar; the free `operator/` multiplies by a reciprocal.
     VEXOR_INLINE constexpr Pnt3Dbl& operator/=(double scalar)
     {
         return SetValue(x / scalar, y / scalar, z / scalar);
@@ -190,7 +190,7 @@ public:
 
     // ---- Comparison --------------------------------------------------------------------------
 
-    /// Exact, coordinate by coordinate; a NaN is unequal to everything.
+    /// Exact equality of all coordinates; a NaN is unequal to everything.
     VEXOR_INLINE constexpr int operator==(Pnt3Dbl const& other) const
     {
         return int(x == other.x) & int(y == other.y) & int(z == other.z);

@@ -30,7 +30,7 @@ public:
     VEXOR_INLINE Pnt3Flt(float* values) : x(values[0]), y(values[1]), z(values[2]) {}
     /// Copies the three coordinates.
     Pnt3Flt(Pnt3Flt const&) = default;
-    /// The point that the vector leads to from the origin.
+    /// The point at the end of the vector from the origin.
     VEXOR_INLINE Pnt3Flt(Vec3Flt const& vector) : x(vector.x), y(vector.y), z(vector.z) {}
     ~Pnt3Flt() = default;
 
@@ -38,7 +38,7 @@ public:
 
     /// Copies the three coordinates.
     Pnt3Flt& operator=(Pnt3Flt const&) = default;
-    /// Takes the vector's components as coordinates.
+    /// Copies the vector's components as coordinates.
     VEXOR_INLINE Pnt3Flt& operator=(Vec3Flt const& vector) { return SetValue(vector.x, vector.y, vector.z); }
     /// Rounds each coordinate to single.
     VEXOR_INLINE Pnt3Flt& operator=(Pnt3Dbl const& other)
@@ -147,7 +147,7 @@ public:
     }
     /// Multiplies each coordinate by the scalar.
     VEXOR_INLINE Pnt3Flt& operator*=(float scalar) { return SetValue(x * scalar, y * scalar, z * scalar); }
-    /// Divides each in turn by the scalar; the free `operator/` multiplies by a reciprocal.
+    /// Divides each coordinate by the scalar; the free `operator/` multiplies by a reciprocal.
     VEXOR_INLINE Pnt3Flt& operator/=(float scalar) { return SetValue(x / scalar, y / scalar, z / scalar); }
 
     // ---- Distance ----------------------------------------------------------------------------
@@ -169,7 +169,7 @@ public:
 
     // ---- Comparison --------------------------------------------------------------------------
 
-    /// Exact, coordinate by coordinate; a NaN is unequal to everything.
+    /// Exact equality of all coordinates; a NaN is unequal to everything.
     VEXOR_INLINE int operator==(Pnt3Flt const& other) const
     {
         return int(x == other.x) & int(y == other.y) & int(z == other.z);

@@ -70,7 +70,7 @@ public:
 
     // ---- Exact comparison --------------------------------------------------------------------
 
-    /// Exact in all four components; a NaN is unequal to everything. q and −q are unequal.
+    /// Exact equality of all four components; a NaN is unequal to everything. q and −q are unequal.
     VEXOR_INLINE constexpr bool operator==(Quaternion const& other) const
     {
         return u == other.u && v == other.v && w == other.w && s == other.s;

@@ -44,9 +44,9 @@ public:
     Vec2Dbl& operator=(Vec2Dbl const&) = default;
     /// Widens each component exactly. Requires Vec2Flt.h.
     VEXOR_INLINE Vec2Dbl& operator=(Vec2Flt const& other);
-    /// Takes the point's coordinates. Requires Pnt2Dbl.h.
+    /// Copies the point's coordinates. Requires Pnt2Dbl.h.
     VEXOR_INLINE constexpr Vec2Dbl& operator=(Pnt2Dbl const& point);
-    /// Takes the point's coordinates, widened exactly. Requires Pnt2Flt.h.
+    /// Copies the point's coordinates, widened exactly. Requires Pnt2Flt.h.
     VEXOR_INLINE Vec2Dbl& operator=(Pnt2Flt const& point);
 
     /// Sets both components to the value.
@@ -104,7 +104,7 @@ public:
 
     /// Multiplies each component by the scalar.
     VEXOR_INLINE constexpr Vec2Dbl& operator*=(double scalar) { return SetValue(x * scalar, y * scalar); }
-    /// Divides each in turn by the scalar; the free `operator/` multiplies by a reciprocal.
+    /// Divides each component by the scalar; the free `operator/` multiplies by a reciprocal.
     VEXOR_INLINE constexpr Vec2Dbl& operator/=(double scalar) { return SetValue(x / scalar, y / scalar); }
     /// Adds component by component.
     VEXOR_INLINE constexpr Vec2Dbl& operator+=(Vec2Dbl const& other)
@@ -220,7 +220,7 @@ public:
     {
         return LengthSquared() <= vexor::detail::LengthTolerance(length);
     }
-    /// Exact, component by component; a NaN is unequal to everything.
+    /// Exact equality of all components; a NaN is unequal to everything.
     VEXOR_INLINE constexpr int operator==(Vec2Dbl const& other) const
     {
         return int(x == other.x) & int(y == other.y);

@@ -42,9 +42,9 @@ public:
         using vexor::detail::RoundToSingle;
         return SetValue(RoundToSingle(other.x), RoundToSingle(other.y));
     }
-    /// Takes the point's coordinates. Requires Pnt2Flt.h.
+    /// Copies the point's coordinates. Requires Pnt2Flt.h.
     VEXOR_INLINE Vec2Flt& operator=(Pnt2Flt const& point);
-    /// Takes the point's coordinates, rounded to single. Requires Pnt2Flt.h.
+    /// Copies the point's coordinates, rounded to single. Requires Pnt2Flt.h.
     VEXOR_INLINE Vec2Flt& operator=(Pnt2Dbl const& point);
 
     /// Sets both components to the value.
@@ -91,7 +91,7 @@ public:
 
     /// Multiplies each component by the scalar.
     VEXOR_INLINE Vec2Flt& operator*=(float scalar) { return SetValue(x * scalar, y * scalar); }
-    /// Divides each in turn by the scalar; the free `operator/` multiplies by a reciprocal.
+    /// Divides each component by the scalar; the free `operator/` multiplies by a reciprocal.
     VEXOR_INLINE Vec2Flt& operator/=(float scalar) { return SetValue(x / scalar, y / scalar); }
     /// Adds component by component.
     VEXOR_INLINE Vec2Flt& operator+=(Vec2Flt const& other) { return SetValue(x + other.x, y + other.y); }
@@ -193,7 +193,7 @@ public:
     {
         return LengthSquared() <= vexor::detail::LengthTolerance(length);
     }
-    /// Exact, component by component; a NaN is unequal to everything.
+    /// Exact equality of all components; a NaN is unequal to everything.
     VEXOR_INLINE int operator==(Vec2Flt const& other) const { return int(x == other.x) & int(y == other.y); }
     /// The exact negation of `operator==`.
     VEXOR_INLINE int operator!=(Vec2Flt const& other) const { return !(*this == other); }

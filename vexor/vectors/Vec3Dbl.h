@@ -58,9 +58,9 @@ public:
     Vec3Dbl& operator=(Vec3Dbl const&) = default;
     /// Widens each component exactly. Requires Vec3Flt.h.
     VEXOR_INLINE Vec3Dbl& operator=(Vec3Flt const& other);
-    /// Takes the point's coordinates. Requires Pnt3Dbl.h.
+    /// Copies the point's coordinates. Requires Pnt3Dbl.h.
     VEXOR_INLINE constexpr Vec3Dbl& operator=(Pnt3Dbl const& point);
-    /// Takes the point's coordinates, widened exactly. Requires Pnt3Flt.h.
+    /// Copies the point's coordinates, widened exactly. Requires Pnt3Flt.h.
     VEXOR_INLINE Vec3Dbl& operator=(Pnt3Flt const& point);
 
     /// Sets all three components to the value.
@@ -126,7 +126,7 @@ public:
     {
         return SetValue(x * scalar, y * scalar, z * scalar);
     }
-    /// Divides each in turn by the scalar; the free `operator/` multiplies by a reciprocal.
+    /// Divides each component by the scalar; the free `operator/` multiplies by a reciprocal.
     VEXOR_INLINE constexpr Vec3Dbl& operator/=(double scalar)
     {
         return SetValue(x / scalar, y / scalar, z / scalar);
@@ -260,7 +260,7 @@ public:
     {
         return LengthSquared() <= vexor::detail::LengthTolerance(length);
     }
-    /// Exact, component by component; a NaN is unequal to everything.
+    /// Exact equality of all components; a NaN is unequal to everything.
     VEXOR_INLINE constexpr int operator==(Vec3Dbl const& other) const
     {
         return int(x == other.x) & int(y == other.y) & int(z == other.z);

@@ -43,9 +43,9 @@ public:
         using vexor::detail::RoundToSingle;
         return SetValue(RoundToSingle(other.x), RoundToSingle(other.y), RoundToSingle(other.z));
     }
-    /// Takes the point's coordinates. Requires Pnt3Flt.h.
+    /// Copies the point's coordinates. Requires Pnt3Flt.h.
     VEXOR_INLINE Vec3Flt& operator=(Pnt3Flt const& point);
-    /// Takes the point's coordinates, rounded to single. Requires Pnt3Flt.h.
+    /// Copies the point's coordinates, rounded to single. Requires Pnt3Flt.h.
     VEXOR_INLINE Vec3Flt& operator=(Pnt3Dbl const& point);
 
     /// Sets all three components to the value.
@@ -97,7 +97,7 @@ public:
 
     /// Multiplies each component by the scalar.
     VEXOR_INLINE Vec3Flt& operator*=(float scalar) { return SetValue(x * scalar, y * scalar, z * scalar); }
-    /// Divides each in turn by the scalar; the free `operator/` multiplies by a reciprocal.
+    /// Divides each component by the scalar; the free `operator/` multiplies by a reciprocal.
     VEXOR_INLINE Vec3Flt& operator/=(float scalar) { return SetValue(x / scalar, y / scalar, z / scalar); }
     /// Adds component by component.
     VEXOR_INLINE Vec3Flt& operator+=(Vec3Flt const& other)
@@ -210,7 +210,7 @@ public:
     {
         return LengthSquared() <= vexor::detail::LengthTolerance(length);
     }
-    /// Exact, component by component; a NaN is unequal to everything.
+    /// Exact equality of all components; a NaN is unequal to everything.
     VEXOR_INLINE int operator==(Vec3Flt const& other) const
     {
         return int(x == other.x) & int(y == other.y) & int(z == other.z);

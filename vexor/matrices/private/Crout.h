@@ -49,8 +49,8 @@ private:
     double scales[largestSmallSize];
 };
 
-/// Three rows in local variables, in their order. A column is loaded when the factorisation comes to it
-/// and is in order from then on. Nothing is stored before `Store`.
+/// Three rows in local variables, in their order. A column is loaded when the factorisation reaches
+/// it, and is in order afterwards. Nothing is stored before `Store`.
 class LocalRowsOfThree {
 public:
     explicit LocalRowsOfThree(double const* storage) : elements(storage) {}
@@ -194,7 +194,7 @@ VEXOR_ALWAYS_INLINE void Substitute(Rows& rows, Values value)
     VEXOR_UNROLL(3)
     for (int first = 0; first < size; ++first) {
         if (value(first) == 0.0)
-            continue; // leading zeros stay as they are
+            continue; // leading zeros are unchanged
         VEXOR_UNROLL(3)
         for (int i = first + 1; i < size; ++i)
             value(i) -= SumOfTerms(first, i, [&](int k) { return value(k) * rows(i, k); });
