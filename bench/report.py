@@ -276,7 +276,7 @@ def main():
         results = Results(file)
         for size in ("200", "1000", "100000", "1000000"):
             if any(results.at(operation, size) for operation in results.operations):
-                over_arrays.append(f"#### {int(size):,} elements, loops by g++ {flags}\n\n" + arrays(results, size))
+                over_arrays.append(f"### {int(size):,} elements, loops by g++ {flags}\n\n" + arrays(results, size))
 
     libraries = ", ".join(f"{name} {version(package)}" for name, package in (
         ("OpenBLAS", "libopenblas-dev"), ("Eigen", "libeigen3-dev"), ("GLM", "libglm-dev"), ("Imath", "libimath-dev")))

@@ -23,6 +23,7 @@ NAVIGATION = [
         ("md_docs_guides_surprising_calls.html", "Calls that surprise"),
         ("md_docs_guides_coming_from_eigen_glm_imath.html", "From Eigen, GLM, Imath"),
         ("md_docs_guides_checked_builds.html", "Checked builds"),
+        ("md_docs_guides_arrays.html", "Arrays"),
         ("md_docs_guides_extras.html", "Opt-in headers"),
         ("md_docs_guides_debuggers.html", "Debuggers"),
     ]),
@@ -38,6 +39,7 @@ NAVIGATION = [
     ("Matrices and maps", ["Mat2Dbl", "Mat3Dbl", "AffMat2Dbl", "AffMat3Dbl", "Quaternion",
                            ("SmallSolver_8h.html", "Small systems")]),
     ("Run-time size", ["VecDbl", "VecFlt", "MatDbl"]),
+    ("Arrays", [("classvexor_1_1arrays_1_1Pairwise.html", "Pairwise")]),
     ("Foundation", ["VexorTolerance", "UInt64", "VexorException", "VexorSingular", "VexorNullVector",
                     "VexorDimensionMismatch", "VexorAllocationFailed", "VexorComputationFailed"]),
     ("Project", [

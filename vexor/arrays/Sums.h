@@ -33,8 +33,8 @@ constexpr std::size_t BlockCount(std::size_t count)
 /// The least and the greatest coordinates of points. Of none: +∞ and −∞, which `Combine` passes over.
 template <class Point>
 struct Box {
-    Point lower;
-    Point upper;
+    Point lower; ///< The least coordinates.
+    Point upper; ///< The greatest coordinates.
 };
 
 // ---- Two neighbours ----------------------------------------------------------------------------------
@@ -69,8 +69,10 @@ Box<Point> Combine(Box<Point> const& left, Box<Point> const& right)
 template <class Partial>
 class Pairwise {
 public:
+    /// Begins with no block; `ofNone` is the result of none.
     explicit Pairwise(Partial const& ofNone) : total(ofNone) {}
 
+    /// Takes the result of the next block.
     void Add(Partial const& next)
     {
         Partial sum = next;

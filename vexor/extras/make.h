@@ -124,8 +124,8 @@ inline AffMat3Dbl AffineMap(Quaternion const& rotation, Vec3Dbl const& translati
 
 /// The two parts of a rigid motion: the rotation acts first.
 struct RigidParts {
-    Quaternion rotation;
-    Vec3Dbl translation;
+    Quaternion rotation; ///< Acts first.
+    Vec3Dbl translation; ///< Acts on the turned point.
 };
 
 /// Splits a map into its two parts, with the rotation by `Quaternion::SetFromMatrix`. The linear part is not
@@ -172,8 +172,8 @@ inline Pnt2Dbl ProjectOnLine(Pnt2Dbl const& point, Pnt2Dbl const& origin, Vec2Db
 /// An axis-parallel box: `min` to `max` in each coordinate.
 template <class Point>
 struct Box {
-    Point min;
-    Point max;
+    Point min; ///< The least coordinates.
+    Point max; ///< The greatest coordinates.
 };
 
 /// The smallest box that holds the points from `first` up to `last`, `Pnt3Dbl` or `Pnt2Dbl`. A NaN coordinate
