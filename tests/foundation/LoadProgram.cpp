@@ -55,7 +55,8 @@ bool Load(char const* path, int mode, Seen& seen)
 
     for (std::size_t i = 0; i < seen.eigenValues.size(); i += 3) {
         double const off = 0.001 * static_cast<double>(i);
-        double matrix[10] = {2.0, off, 0.25, off, 3.0, 0.5, 0.25, 0.5, 5.0, 0.0}; // rows, then the pivot order
+        double matrix[10] = {2.0, off,  0.25, off, 3.0,
+                             0.5, 0.25, 0.5,  5.0, 0.0}; // rows, then the pivot order
         double values[3];
         eigenSym(matrix, values, 0);
         std::memcpy(&seen.eigenValues[i], values, sizeof values);
