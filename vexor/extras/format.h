@@ -2,8 +2,8 @@
 #include <vexor/extras/detail/Text.h>
 
 // Formatters for {fmt} 9 or later, if it is installed, and for std::format, if the compiler has it. The text
-// is that of stream.h. The format specification is that of one number and applies to each: `{:.3f}`, `{:a}`,
-// `{:8.2e}`.
+// is that of stream.h. Write the format of one number, such as `{:.3f}`, `{:a}` or `{:8.2e}`. It applies to each
+// number.
 
 #if defined(__has_include)
 #    if __has_include(<fmt/format.h>)
