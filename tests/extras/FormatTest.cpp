@@ -7,7 +7,7 @@ namespace {
 
 #if defined(FMT_VERSION)
 
-TEST(Format, WithoutASpecificationTheShortestDigits)
+TEST(Format, WithoutAFormatTheShortestDigits)
 {
     EXPECT_EQ(fmt::format("{}", Vec3Dbl(1, 2, 0.1)), "(1, 2, 0.1)");
     EXPECT_EQ(fmt::format("{}", Vec2Int(-3, 4)), "(-3, 4)");
@@ -19,7 +19,7 @@ TEST(Format, WithoutASpecificationTheShortestDigits)
     EXPECT_EQ(fmt::format("{} and {}", UInt64(-5), Vec2Dbl(1, 2)), "-5 and (1, 2)");
 }
 
-TEST(Format, TheSpecificationHoldsForEachNumber)
+TEST(Format, TheFormatOfOneNumberAppliesToEach)
 {
     EXPECT_EQ(fmt::format("{:.3f}", Vec3Dbl(1, -2, 0.12345)), "(1.000, -2.000, 0.123)");
     EXPECT_EQ(fmt::format("{:a}", Vec2Dbl(1, 0.5)), "(0x1p+0, 0x1p-1)");
