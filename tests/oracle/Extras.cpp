@@ -252,6 +252,145 @@ void EnterRotationExtras()
         });
 }
 
+// ---- Screw motions ---------------------------------------------------------------------------------------
+
+AffMat3Dbl DrawnRigid(Source& source)
+{
+    Mat3Dbl rotation;
+    DrawnUnit(source).GetRotationMatrix(rotation);
+    return AffMat3Dbl(rotation, source.OneIn(6) ? Vec3Dbl(0.0) : Filled<Vec3Dbl>(source));
+}
+
+/// Two rigid maps: a turn of any size, none, a slight one, or half a revolution apart; now and then one that is not
+/// rigid.
+auto DrawRigids(Source& source)
+{
+    AffMat3Dbl const a = DrawnRigid(source);
+    AffMat3Dbl b = DrawnRigid(source);
+    switch (source.Below(8)) {
+    case 0:
+        b.LinearPart() = a.LinearPart();
+        break;
+    case 1:
+    case 2: { // a turn of 2^-30 to 1, so that either form of (a − sin a)/a³ is used
+        Q turn;
+        turn.SetValue(source.Signed(), source.Signed(), source.Signed(), std::ldexp(1.0, source.Below(31)),
+                      0);
+        Mat3Dbl rotation;
+        turn.Normalize().GetRotationMatrix(rotation);
+        b.LinearPart() = rotation * a.LinearPart();
+        break;
+    }
+    case 3:
+        b.LinearPart() =
+            Mat3Dbl(a.LinearPart().GetRow(0), -a.LinearPart().GetRow(1), -a.LinearPart().GetRow(2));
+        break;
+    case 4:
+        if (source.OneIn(3))
+            b.LinearPart() = DrawnMatrix<Mat3Dbl, 3>(source);
+        break;
+    default:
+        break;
+    }
+    return std::tuple(a, b, DrawnParameter(source));
+}
+
+Mat<3> TransposedOf(Mat<3> const& m)
+{
+    Mat<3> result;
+    for (int r = 0; r < 3; ++r)
+        for (int c = 0; c < 3; ++c)
+            result(r, c) = m(c, r);
+    return result;
+}
+
+/// ½·(sin(a/2)/(a/2))².
+Dbl OneMinusCosineOverSquare(Dbl const& angle)
+{
+    Dbl const half = 0.5 * angle;
+    Dbl const quotient = half == 0.0 ? Dbl(1.0) : Sin(half) / half;
+    return 0.5 * (quotient * quotient);
+}
+
+/// (a − sin a)/a³: below 0.5 the sum over k of (−1)^k a^(2k)/(2k + 3)!, up to 1/15!, from the last term on.
+Dbl AngleMinusSineOverCube(Dbl const& angle)
+{
+    Dbl const square = angle * angle;
+    if (angle >= 0.5 && !Slip("the series for every angle"))
+        return (angle - Sin(angle)) / (square * angle);
+    int const last = Slip("a term too few") ? 5 : 6;
+    Dbl sum = 0.0;
+    for (int k = last; k >= 0; --k) {
+        double factorial = 1.0; // exact up to 15!
+        for (int i = 2; i <= 2 * k + 3; ++i)
+            factorial *= i;
+        sum = 1.0 / Dbl(factorial) - square * sum;
+    }
+    return sum;
+}
+
+/// I + A·W + B·W², from the left, with W the matrix of the cross product by w.
+Mat<3> ScrewIntegral(V3 const& w)
+{
+    Mat<3> cross = UnitMatrix<3>();
+    for (int i = 0; i < 3; ++i) {
+        int const j = (i + 1) % 3, k = (i + 2) % 3;
+        cross(i, i) = 0.0;
+        cross(k, j) = w[i];
+        cross(j, k) = -w[i];
+    }
+    Dbl const angle = LengthOf(w);
+    Dbl const first = OneMinusCosineOverSquare(angle);
+    Dbl const second = AngleMinusSineOverCube(angle);
+    Mat<3> square = cross * cross;
+    Mat<3> const unit = UnitMatrix<3>();
+    if (Slip("W² as w wᵀ − |w|² I"))
+        for (int r = 0; r < 3; ++r)
+            for (int c = 0; c < 3; ++c)
+                square(r, c) = w[r] * w[c] - unit(r, c) * DotOf(w, w);
+    Mat<3> result;
+    for (int r = 0; r < 3; ++r)
+        for (int c = 0; c < 3; ++c)
+            result(r, c) = unit(r, c) + cross(r, c) * first + square(r, c) * second;
+    return result;
+}
+
+Aff<3> ScrewOf(Aff<3> const& a, Aff<3> const& b, Dbl const& t)
+{
+    if (t == 0.0 && !Slip("the first end computed"))
+        return a;
+    if (t == 1.0 && !Slip("the second end computed"))
+        return b;
+    Mat<3> const rotation = b.linear * TransposedOf(a.linear);
+    V3 const shift = b.shift - rotation * a.shift;
+    Quat turn = QuaternionOf(rotation);
+    if (turn[3] < 0.0 && !Slip("the long way"))
+        turn = Combined(0.0, turn, -1.0, turn);
+    V3 const w = [&] {
+        Sound const sound;
+        return 2.0 * LogOf(turn);
+    }();
+    V3 const velocity =
+        Slip("the translation itself as velocity") ? shift : SolutionOf(ScrewIntegral(w), shift);
+    Mat<3> const step = [&] {
+        Sound const sound;
+        return RotationMatrixOf(ExpOf((0.5 * t) * w));
+    }();
+    V3 const moved = Slip("t after the integral") ? t * (ScrewIntegral(t * w) * velocity)
+                                                  : ScrewIntegral(t * w) * (t * velocity);
+    if (Slip("the step before a"))
+        return {a.linear * step, a.linear * moved + a.shift};
+    return {step * a.linear, step * a.shift + moved};
+}
+
+void EnterRigidExtras()
+{
+    Add(
+        "vexor::InterpolateRigid", DrawRigids,
+        [](AffMat3Dbl const& a, AffMat3Dbl const& b, double t) { return vexor::InterpolateRigid(a, b, t); },
+        ScrewOf);
+}
+
 } // namespace
 
 void EnterExtras()
@@ -260,6 +399,7 @@ void EnterExtras()
     EnterPlaceExtras();
     EnterAngleExtras();
     EnterRotationExtras();
+    EnterRigidExtras();
 }
 
 } // namespace oracle

@@ -32,6 +32,13 @@ Mat<2> operator*(Mat<2> const& a, Mat<2> const& b);
 Mat<3> InverseOf(Mat<3> m);
 Mat<2> InverseOf(Mat<2> const& m);
 
+/// What `Mat3Dbl::Solve` makes of the right-hand side. Raises Singular.
+V3 SolutionOf(Mat<3> const& m, V3 b);
+
+/// `Quaternion::SetFromMatrix` and `Quaternion::GetRotationMatrix`.
+Quat QuaternionOf(Mat<3> const& m);
+Mat<3> RotationMatrixOf(Quat const& q);
+
 template <class M, int N>
 M FilledMatrix(Source& source)
 {

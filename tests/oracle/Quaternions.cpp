@@ -646,6 +646,18 @@ void EnterConversions()
 
 } // namespace
 
+Quat QuaternionOf(Mat<3> const& m)
+{
+    Sound const sound;
+    return FromMatrix(m);
+}
+
+Mat<3> RotationMatrixOf(Quat const& q)
+{
+    Sound const sound;
+    return ToMatrix(q);
+}
+
 void EnterQuaternions()
 {
     EnterAlgebra();

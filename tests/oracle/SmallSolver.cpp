@@ -629,6 +629,16 @@ void EnterEigenvector()
 
 } // namespace
 
+V3 SolutionOf(Mat<3> const& m, V3 b)
+{
+    Sound const sound;
+    Factors f = FactorsOf(m);
+    if (Decompose(f) != 0)
+        throw Raised{Raise::Singular};
+    Substitute(f, b.e, 1);
+    return b;
+}
+
 void EnterSmallSolver()
 {
     EnterFactorisation();

@@ -119,10 +119,17 @@ inline double AngleMinusSineQuotient(double angle)
 /// along it, both uniform in t. The linear parts must be rotations; this is not checked. At t = 0 and t = 1
 /// the result is exactly `a` and `b`.
 ///
-/// With D = b∘a⁻¹ the result is exp(t·log D)∘a. w is the axis of D times its angle. V(w) = I + A·W + B·W²
-/// with W the matrix of w×, A = (1 − cos|w|)/|w|², B = (|w| − sin|w|)/|w|³. The velocity v solves V(w)·v =
-/// translation of D; the result turns by t·w and shifts by V(t·w)·(t·v). Source: Murray, Li and Sastry, A
-/// Mathematical Introduction to Robotic Manipulation (1994), chapter 2.
+/// With D = b∘a⁻¹ the result is exp(t·log D)∘a, by these steps with the operations of the classes:
+///  - D has the linear part R = b.L·a.Lᵀ and the translation d = b.t − R·a.t;
+///  - q = `Quaternion(R)`, replaced by −q if its scalar is negative, and w = 2·`Log`(q), the axis times the
+///    angle;
+///  - V(w) = (I + A·W) + B·W², with W the matrix of w×, A = ½·(sin(|w|/2)/(|w|/2))², which is (1 − cos|w|)/|w|²,
+///    and B = (|w| − sin|w|)/|w|³, or if |w| < 0.5 the first seven terms of its Taylor series, summed from the
+///    last to the first;
+///  - v solves V(w)·v = d, by `Mat3Dbl::Solve`;
+///  - the step has the rotation of `Exp`((0.5·t)·w) and the translation V(t·w)·(t·v), and is multiplied by `a`.
+///
+/// Source: Murray, Li and Sastry, A Mathematical Introduction to Robotic Manipulation (1994), chapter 2.
 inline AffMat3Dbl InterpolateRigid(AffMat3Dbl const& a, AffMat3Dbl const& b, double t)
 {
     if (t == 0.0)
