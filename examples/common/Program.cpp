@@ -1,5 +1,8 @@
 #include "common/Program.h"
 
+#include "common/Finite.h"
+#include "common/Text.h"
+
 #include <vexor/foundation/VexorException.h>
 
 #include <cstdio>
@@ -9,11 +12,20 @@ namespace examples {
 
 namespace {
 
+// The text may quote a file: control bytes must not reach the terminal.
 int Report(char const* name, char const* what, int status)
 {
     std::fflush(stdout);
-    std::fprintf(stderr, "%s: %s\n", name, what);
+    std::fprintf(stderr, "%s: %s\n", name, Printable(what).c_str());
     return status;
+}
+
+/// The body's status, unless what it printed was lost: on a full disk, for example.
+int WithOutputWritten(char const* name, int status)
+{
+    if (std::fflush(stdout) == 0 && !std::ferror(stdout))
+        return status;
+    return Report(name, "standard output: cannot be written", badInput);
 }
 
 } // namespace
@@ -22,7 +34,9 @@ int Report(char const* name, char const* what, int status)
 int RunProgram(char const* name, std::function<int()> const& body)
 {
     try {
-        return body();
+        return WithOutputWritten(name, body());
+    } catch (NotFiniteError const& error) {
+        return Report(name, error.what(), notComputable);
     } catch (std::exception const& error) {
         return Report(name, error.what(), badInput);
     } catch (VexorSingular const&) {

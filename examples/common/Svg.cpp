@@ -1,6 +1,8 @@
 #include "common/Svg.h"
 
+#include "common/Finite.h"
 #include "common/InputError.h"
+#include "common/Text.h"
 
 #include <algorithm>
 #include <cmath>
@@ -21,27 +23,6 @@ std::string Attribute(char const* name, double value)
     return std::string(" ") + name + "=\"" + Decimals(value, 2) + "\"";
 }
 
-std::string Escaped(std::string const& text)
-{
-    std::string escaped;
-    for (char const c : text) {
-        switch (c) {
-        case '&':
-            escaped += "&amp;";
-            break;
-        case '<':
-            escaped += "&lt;";
-            break;
-        case '>':
-            escaped += "&gt;";
-            break;
-        default:
-            escaped += c;
-        }
-    }
-    return escaped;
-}
-
 /// The largest of 1, 2 and 5 times a power of ten that is not above the limit.
 double RoundLength(double limit)
 {
@@ -56,7 +37,8 @@ double RoundLength(double limit)
 
 std::string Decimals(double number, int decimals)
 {
-    char text[64];
+    RequireFinite("a number of the picture", number);
+    char text[400]; // the largest double has 309 digits before its point
     std::snprintf(text, sizeof text, "%.*f", decimals, number);
     return text;
 }
@@ -142,8 +124,8 @@ void Svg::Path(Pnt2Dbl const& start, std::vector<std::vector<Pnt2Dbl>> const& se
 
 void Svg::Text(Pnt2Dbl const& place, std::string const& text, std::string const& style)
 {
-    body += "<text" + Attribute("x", place.x) + Attribute("y", place.y) + " " + style + ">" + Escaped(text)
-            + "</text>\n";
+    body += "<text" + Attribute("x", place.x) + Attribute("y", place.y) + " " + style + ">"
+            + EscapedForXml(text) + "</text>\n";
 }
 
 void Svg::Title(std::string const& title, std::string const& subtitle)
@@ -155,6 +137,7 @@ void Svg::Title(std::string const& title, std::string const& subtitle)
 void Svg::ScaleBar(Panel const& panel, double pixelsPerUnit, std::string const& unit)
 {
     double const length = RoundLength(0.25 * panel.width / pixelsPerUnit);
+    RequireFinite("the length of the scale bar", length);
     Pnt2Dbl const from(panel.left, panel.top + panel.height);
     Pnt2Dbl const to = from + Vec2Dbl(length * pixelsPerUnit, 0.0);
     Vec2Dbl const tick(0.0, 5.0);

@@ -32,7 +32,8 @@ AffMat2Dbl MapInto(Panel const& panel, Bounds const& bounds);
 /// The pixels to which the map takes one unit.
 double ScaleOf(AffMat2Dbl const& map);
 
-/// A picture in the making, in pixels. A style is a list of SVG attributes.
+/// A picture in the making, in pixels. A style is a list of SVG attributes. A coordinate that is not finite
+/// raises NotFiniteError. Text is escaped.
 class Svg {
 public:
     Svg(double width, double height);
@@ -59,7 +60,7 @@ private:
     std::string body;
 };
 
-/// The number with as many decimals as asked.
+/// The number with as many decimals as asked. Raises NotFiniteError if it is not finite.
 std::string Decimals(double number, int decimals);
 
 } // namespace examples

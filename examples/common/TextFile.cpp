@@ -1,10 +1,11 @@
 #include "common/TextFile.h"
 
 #include "common/InputError.h"
+#include "common/InputFile.h"
+#include "common/Text.h"
 
 #include <charconv>
 #include <cmath>
-#include <sstream>
 #include <system_error>
 #include <utility>
 
@@ -20,27 +21,34 @@ bool ParseNumber(std::string const& text, double& number)
     return error == std::errc() && end == last && std::isfinite(number);
 }
 
-TextFile::TextFile(std::string filePath) : path(std::move(filePath)), stream(path)
-{
-    if (!stream)
-        throw InputError(path + ": cannot be opened");
-}
+TextFile::TextFile(std::string filePath) : path(std::move(filePath)), stream(ReadInputFile(path)) {}
 
 bool TextFile::NextLine()
 {
     std::string line;
     while (std::getline(stream, line)) {
         ++lineNumber;
-        std::istringstream words(line.substr(0, line.find('#')));
+        line = line.substr(0, line.find('#'));
+        RequireText(line);
+        std::istringstream words(line);
         fields.clear();
         for (std::string word; words >> word;)
             fields.push_back(word);
         if (!fields.empty())
             return true;
     }
-    if (stream.bad())
-        throw InputError(path + ": cannot be read");
     return false;
+}
+
+void TextFile::RequireText(std::string const& line) const
+{
+    for (std::size_t i = 0; i < line.size();) {
+        std::size_t const length = line[i] == '\t' || line[i] == '\r' ? 1 : CharacterLength(line, i);
+        if (length == 0)
+            Fail("byte " + std::to_string(i + 1) + " of the line is a control character or not UTF-8 text: '"
+                 + line + "'");
+        i += length;
+    }
 }
 
 std::string const& TextFile::Field(std::size_t index) const

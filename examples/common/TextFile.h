@@ -1,5 +1,5 @@
 #pragma once
-#include <fstream>
+#include <sstream>
 #include <string>
 #include <vector>
 
@@ -9,7 +9,8 @@ namespace examples {
 bool ParseNumber(std::string const& text, double& number);
 
 /// A text file read line by line, each line split into fields at blanks. Empty lines are skipped, and
-/// all that follows a `#`. Every complaint names the file and the line.
+/// all that follows a `#`. The rest of a line must be UTF-8 text without control characters other than tabs and
+/// a carriage return. Every complaint names the file and the line.
 class TextFile {
 public:
     explicit TextFile(std::string path);
@@ -29,8 +30,10 @@ public:
     [[noreturn]] void Fail(std::string const& what) const;
 
 private:
+    void RequireText(std::string const& line) const;
+
     std::string path;
-    std::ifstream stream;
+    std::istringstream stream;
     int lineNumber = 0;
     std::vector<std::string> fields;
 };

@@ -1,14 +1,15 @@
 #include "principal_axes/PointCloud.h"
 
 #include "common/InputError.h"
+#include "common/InputFile.h"
 #include "common/TextFile.h"
 
 #include <array>
 #include <cmath>
 #include <cstdint>
 #include <cstring>
-#include <fstream>
 #include <sstream>
+#include <utility>
 
 namespace examples {
 
@@ -16,13 +17,18 @@ namespace {
 
 // ---- Lines of text -------------------------------------------------------------------------------
 
-bool IsColourValue(std::string const& field, int& value)
+bool IsColourValue(double number, int& value)
 {
-    double number = 0.0;
-    if (!ParseNumber(field, number) || number < 0.0 || number > 255.0 || number != std::floor(number))
+    if (!(number >= 0.0 && number <= 255.0) || number != std::floor(number))
         return false;
     value = static_cast<int>(number);
     return true;
+}
+
+bool IsColourValue(std::string const& field, int& value)
+{
+    double number = 0.0;
+    return ParseNumber(field, number) && IsColourValue(number, value);
 }
 
 std::vector<CloudPoint> ReadText(std::string const& path)
@@ -67,7 +73,8 @@ struct Property {
 /// Reads a PLY file: first the header, which tells the properties of a vertex, then the vertices.
 class PlyReader {
 public:
-    explicit PlyReader(std::string const& plyPath) : path(plyPath), stream(plyPath, std::ios::binary) {}
+    PlyReader(std::string const& plyPath, std::istringstream bytes) : path(plyPath), stream(std::move(bytes))
+    {}
 
     std::vector<CloudPoint> Read()
     {
@@ -159,13 +166,15 @@ private:
         return -1;
     }
 
-    CloudPoint MakePoint(std::vector<double> const& values) const
+    CloudPoint MakePoint(std::size_t index, std::vector<double> const& values) const
     {
-        auto const value = [&](int index) { return values[static_cast<std::size_t>(index)]; };
+        auto const value = [&](int property) { return values[static_cast<std::size_t>(property)]; };
         CloudPoint point{Pnt3Dbl(value(placeIndex[0]), value(placeIndex[1]), value(placeIndex[2])), Colour()};
         if (colourIndex[0] >= 0 && colourIndex[1] >= 0 && colourIndex[2] >= 0)
-            point.colour = {static_cast<int>(value(colourIndex[0])), static_cast<int>(value(colourIndex[1])),
-                            static_cast<int>(value(colourIndex[2]))};
+            if (!IsColourValue(value(colourIndex[0]), point.colour.red)
+                || !IsColourValue(value(colourIndex[1]), point.colour.green)
+                || !IsColourValue(value(colourIndex[2]), point.colour.blue))
+                FailAtVertex(index, "a colour is a whole number from 0 to 255");
         return point;
     }
 
@@ -181,7 +190,7 @@ private:
             for (std::size_t k = 0; k < values.size(); ++k)
                 if (!ParseNumber(words[k], values[k]))
                     Fail("'" + words[k] + "' is not a finite number");
-            cloud.push_back(MakePoint(values));
+            cloud.push_back(MakePoint(i, values));
         }
         return cloud;
     }
@@ -200,8 +209,9 @@ private:
                 values[k] = Decode(properties[k].type->type, bytes);
                 bytes += properties[k].type->size;
             }
-            CloudPoint const point = MakePoint(values);
-            if (!std::isfinite(point.place.Vector().LengthSquared()))
+            CloudPoint const point = MakePoint(i, values);
+            if (!std::isfinite(point.place.x) || !std::isfinite(point.place.y)
+                || !std::isfinite(point.place.z))
                 FailAtVertex(i, "a coordinate is not a finite number");
             cloud.push_back(point);
         }
@@ -246,7 +256,7 @@ private:
     }
 
     std::string path;
-    std::ifstream stream;
+    std::istringstream stream;
     int lineNumber = 0;
     int elementCount = 0;
     bool isInVertex = false;
@@ -258,11 +268,9 @@ private:
     std::array<int, 3> colourIndex{};
 };
 
-bool IsPly(std::string const& path)
+bool IsPly(std::string const& bytes)
 {
-    std::ifstream stream(path, std::ios::binary);
-    std::string line;
-    std::getline(stream, line);
+    std::string const line = bytes.substr(0, bytes.find('\n'));
     return line == "ply" || line == "ply\r";
 }
 
@@ -270,7 +278,8 @@ bool IsPly(std::string const& path)
 
 std::vector<CloudPoint> ReadPointCloud(std::string const& path)
 {
-    return IsPly(path) ? PlyReader(path).Read() : ReadText(path);
+    std::istringstream bytes = ReadInputFile(path);
+    return IsPly(bytes.str()) ? PlyReader(path, std::move(bytes)).Read() : ReadText(path);
 }
 
 } // namespace examples

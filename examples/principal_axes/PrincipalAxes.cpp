@@ -1,5 +1,6 @@
 #include "principal_axes/PrincipalAxes.h"
 
+#include "common/Finite.h"
 #include "common/InputError.h"
 
 #include <vexor/dynamic/MatDbl.h>
@@ -22,6 +23,7 @@ MatDbl CentredRows(std::vector<CloudPoint> const& cloud)
         for (int j = 0; j < 3; ++j)
             rows(i, j) = offset[j];
     }
+    RequireFinite("the points about their centroid", rows);
     return rows;
 }
 
@@ -41,6 +43,7 @@ PrincipalAxes FindPrincipalAxes(std::vector<CloudPoint> const& cloud)
 {
     MatDbl const rows = CentredRows(cloud);
     MatDbl covariance = rows.GetTransposedCopy() * rows / static_cast<double>(cloud.size() - 1);
+    RequireFinite("the covariance", covariance);
     VecDbl ascending;
     covariance.EigenSym(ascending, 1, 0, 2); // the eigenvectors replace the matrix, in its rows
 
@@ -61,6 +64,7 @@ BestPlane FindBestPlane(std::vector<CloudPoint> const& cloud)
     double const rounding = std::numeric_limits<double>::epsilon() * static_cast<double>(cloud.size());
     if (values[1] <= rounding * values[0])
         throw InputError("the points lie on a line: every plane through it fits");
+    RequireFinite("the singular values of the points", Vec3Dbl(values));
     double const rmsDistance = values[2] / std::sqrt(static_cast<double>(cloud.size()));
     return {Vec3Dbl(rows.GetRow(2)), rmsDistance, Vec3Dbl(values)};
 }
@@ -71,6 +75,7 @@ Agreement Compare(PrincipalAxes const& axes, BestPlane const& plane, std::size_t
     double const sine = axes.axes.GetRow(2).Cross(plane.normal).Length();
     Vec3Dbl const variances =
         plane.singularValues.ElemMult(plane.singularValues) / static_cast<double>(pointCount - 1);
+    RequireFinite("the variances", variances);
     double const difference = std::fabs((variances - axes.variances).MaxAbsValue());
     return {std::asin(std::min(sine, 1.0)), difference / axes.variances.x};
 }

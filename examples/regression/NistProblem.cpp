@@ -2,6 +2,7 @@
 
 #include "common/TextFile.h"
 
+#include <cmath>
 #include <filesystem>
 
 namespace examples {
@@ -48,6 +49,8 @@ std::vector<double> DesignRow(Model const& model, TextFile const& file)
         double const x = file.Number(1);
         for (int power = 1; power <= model.order; ++power)
             row.push_back(row.back() * x);
+        if (!std::isfinite(row.back()))
+            file.Fail("a power of '" + file.Field(1) + "' is not a finite number");
     } else {
         for (int k = 1; k <= model.PredictorCount(); ++k)
             row.push_back(file.Number(static_cast<std::size_t>(k)));

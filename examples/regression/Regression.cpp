@@ -1,5 +1,7 @@
 #include "regression/Regression.h"
 
+#include "common/Finite.h"
+
 #include <algorithm>
 #include <cmath>
 #include <limits>
@@ -15,6 +17,9 @@ Fit FitLeastSquares(NistProblem const& problem)
     VecDbl const residuals = problem.response - problem.design * coefficients;
     int const freedom = problem.design.RowCount() - problem.design.ColumnCount();
     double const deviation = freedom > 0 ? residuals.Length() / std::sqrt(freedom) : 0.0;
+    for (int j = 0; j < coefficients.Size(); ++j)
+        RequireFinite("a coefficient", coefficients[j]);
+    RequireFinite("the residual deviation", deviation);
     return {coefficients, deviation};
 }
 
@@ -47,6 +52,7 @@ Conditioning Examine(NistProblem const& problem, Fit const& fit)
     VecDbl scaledCoefficients(fit.coefficients);
     for (int j = 0; j < scaled.ColumnCount(); ++j) {
         VecDbl const column = scaled.GetCol(j);
+        RequireFinite("the length of a column of the design", column.Length());
         scaled.SetCol(j, column.GetNormalizedCopy());
         scaledCoefficients[j] *= column.Length();
     }
@@ -54,6 +60,8 @@ Conditioning Examine(NistProblem const& problem, Fit const& fit)
     scaled.Svd(singularValues);
     double const largest = singularValues[0];
     double const smallest = singularValues[singularValues.Size() - 1];
+
+    RequireFinite("the condition number", largest / smallest);
 
     double const residual = (problem.response - problem.design * fit.coefficients).Length();
     double const error = std::numeric_limits<double>::epsilon()

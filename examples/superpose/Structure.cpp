@@ -1,9 +1,9 @@
 #include "superpose/Structure.h"
 
 #include "common/InputError.h"
+#include "common/InputFile.h"
 #include "common/TextFile.h"
 
-#include <fstream>
 #include <map>
 #include <set>
 
@@ -29,10 +29,7 @@ std::string Columns(std::string const& line, std::size_t first, std::size_t last
 
 std::vector<Residue> ReadStructure(std::string const& path)
 {
-    std::ifstream stream(path);
-    if (!stream)
-        throw InputError(path + ": cannot be opened");
-
+    std::istringstream stream = ReadInputFile(path);
     std::vector<Residue> residues;
     std::set<std::string> seen;
     int lineNumber = 0;

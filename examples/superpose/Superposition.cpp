@@ -1,5 +1,6 @@
 #include "superpose/Superposition.h"
 
+#include "common/Finite.h"
 #include "common/InputError.h"
 
 #include <vexor/dynamic/MatDbl.h>
@@ -65,6 +66,8 @@ Correlation::Correlation(PointPairs const& pairs)
         matrix += fixed.OuterProduct(moving);
         squares += fixed.LengthSquared() + moving.LengthSquared();
     }
+    RequireFinite("the squared distances from the centroid",
+                  squares); // so is each element of the correlation
 }
 
 bool Correlation::IsMirrored() const
@@ -111,6 +114,7 @@ Superposition Correlation::ByQuaternion() const
 Superposition Correlation::Assemble(Quaternion const& rotation, Mat3Dbl const& asMatrix, double overlap) const
 {
     Vec3Dbl const shift = fixedCentroid.Vector() - asMatrix * movingCentroid.Vector();
+    RequireFinite("the sum of the singular values", overlap);
     double const meanSquare = std::max(0.0, squares - 2.0 * overlap) / count;
     return {WithPositiveScalar(rotation), AffMat3Dbl(asMatrix, shift), std::sqrt(meanSquare)};
 }
@@ -120,6 +124,7 @@ double Rmsd(PointPairs const& pairs, AffMat3Dbl const& motion)
     double sum = 0.0;
     for (std::size_t i = 0; i < pairs.fixed.size(); ++i)
         sum += pairs.fixed[i].DistanceSqTo(motion * pairs.moving[i]);
+    RequireFinite("the squared distances of the pairs", sum);
     return std::sqrt(sum / static_cast<double>(pairs.fixed.size()));
 }
 

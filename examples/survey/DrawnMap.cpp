@@ -1,5 +1,6 @@
 #include "survey/DrawnMap.h"
 
+#include "common/Finite.h"
 #include "common/InputError.h"
 #include "common/TextFile.h"
 
@@ -111,6 +112,8 @@ Mat2Dbl FitLinearPart(std::vector<Vec2Dbl> const& ground, std::vector<Vec2Dbl> c
             coefficients(i, j) = ground[static_cast<std::size_t>(i)][j];
             solution(i, j) = grid[static_cast<std::size_t>(i)][j];
         }
+    RequireFinite("the control points about their mean", coefficients);
+    RequireFinite("the control points about their mean", solution);
     coefficients.SolveLinearLeastSquares(solution); // column k of the solution is row k of L
     return Mat2Dbl(Vec2Dbl(solution(0, 0), solution(1, 0)), Vec2Dbl(solution(0, 1), solution(1, 1)));
 }
@@ -167,6 +170,7 @@ GridFit FitToGrid(std::vector<ControlPoint> const& controls)
     for (ControlPoint const& control : controls)
         squares += fit.ResidualOf(control).LengthSquared();
     fit.rmsResidual = std::sqrt(squares / static_cast<double>(controls.size()));
+    RequireFinite("the residuals of the control points", fit.rmsResidual);
     return fit;
 }
 

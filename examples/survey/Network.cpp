@@ -1,5 +1,6 @@
 #include "survey/Network.h"
 
+#include "common/Finite.h"
 #include "common/InputError.h"
 
 #include <vexor/dynamic/MatDbl.h>
@@ -35,6 +36,12 @@ public:
         for (std::size_t i = 0; i < survey.legs.size(); ++i)
             if (!isUsed[i])
                 network.closures.push_back(CloseWith(i));
+        for (Station const& station : network.stations)
+            RequireFinite("the place of a station", station.traversed.Vector());
+        for (Closure const& closure : network.closures) {
+            RequireFinite("a misclosure", closure.misclosure);
+            RequireFinite("the length of a loop", closure.loopLength);
+        }
         AdjustByLeastSquares();
         return network;
     }
@@ -135,6 +142,7 @@ private:
             MatDbl coefficients(corrections.RowCount(), unknownCount, 0.0);
             for (int row = 0; row < coefficients.RowCount(); ++row)
                 WriteEquation(row, unknown, coefficients, corrections);
+            RequireFinite("a misclosure with its weight", corrections);
             coefficients.SolveLinearLeastSquares(corrections);
         }
         for (std::size_t i = 0; i < unknown.size(); ++i) {
@@ -142,6 +150,7 @@ private:
             station.adjusted = station.traversed;
             if (unknown[i] >= 0)
                 station.adjusted += Vec3Dbl(corrections.GetRow(unknown[i]));
+            RequireFinite("the place of a station", station.adjusted.Vector());
         }
     }
 

@@ -140,6 +140,8 @@ private:
         leg.isOnSurface = isOnSurface;
         if (!(leg.length > 0.0))
             file.Fail("the length of a leg must be above 0");
+        if (!std::isfinite(leg.length))
+            file.Fail("the length of a leg is not a finite number of metres");
         if (leg.from == leg.to)
             file.Fail("a leg must not end where it begins");
         survey.legs.push_back(leg);

@@ -3,6 +3,7 @@
 //
 //   survey SURVEY.th PLAN.svg [MAP.th2 SCRAP]
 
+#include "common/Finite.h"
 #include "common/Program.h"
 #include "common/Svg.h"
 #include "survey/DrawnMap.h"
@@ -40,6 +41,7 @@ void PrintClosures(Survey const& survey, Network const& network)
         Vec3Dbl const& miss = closure.misclosure;
         std::printf("Leg %s to %s closes a loop of %.3f m. Misclosure: east %+.4f, north %+.4f, up %+.4f m",
                     leg.from.c_str(), leg.to.c_str(), closure.loopLength, miss.x, miss.y, miss.z);
+        RequireFinite("the length of a misclosure", miss.Length());
         if (miss.IsZeroLength())
             std::printf(" (none)\n");
         else
@@ -52,15 +54,18 @@ void PrintSurvey(Survey const& survey, Network const& network)
     double length = 0.0;
     for (Leg const& leg : survey.legs)
         length += leg.length;
+    RequireFinite("the length of all legs", length);
     std::printf("%s: %zu legs, %.3f m, %zu stations\n\n", survey.title.c_str(), survey.legs.size(), length,
                 network.stations.size());
     PrintStations(network);
     std::printf("\n");
     PrintClosures(survey, network);
     double area = 0.0;
-    if (RingArea(survey, network, area))
+    if (RingArea(survey, network, area)) {
+        RequireFinite("the area", area);
         std::printf("Area within: %.1f m2 (%.4f acres)\n", std::fabs(area),
                     std::fabs(area) / squareMetresPerAcre);
+    }
 }
 
 /// The smallest and the largest scale of a linear map: roots of the eigenvalues of LᵀL.
