@@ -34,13 +34,4 @@ TEST(Format, NeedsFmt)
 }
 #endif
 
-#if defined(__cpp_lib_format)
-TEST(Format, StandardFormat)
-{
-    EXPECT_EQ(std::format("{}", Vec3Dbl(1, 2, 0.1)), "(1, 2, 0.1)");
-    EXPECT_EQ(std::format("{:.3f}", Vec3Dbl(1, -2, 0.12345)), "(1.000, -2.000, 0.123)");
-    EXPECT_EQ(std::format("{:a}", Vec2Dbl(1, 0.5)), "(1p+0, 1p-1)");
-}
-#endif
-
 } // namespace
