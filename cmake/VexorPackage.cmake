@@ -41,12 +41,7 @@ endforeach()
 set(doc_folder "${CMAKE_INSTALL_DATADIR}/doc/vexor-doc")
 set(VEXOR_SITE "${CMAKE_CURRENT_SOURCE_DIR}/build/docs/html" CACHE PATH "The documentation site for the package vexor-doc")
 mark_as_advanced(VEXOR_SITE)
-install(DIRECTORY "${VEXOR_SITE}/" DESTINATION "${doc_folder}/html" COMPONENT doc EXCLUDE_FROM_ALL OPTIONAL
-    PATTERN "jquery.js" EXCLUDE)
-install(CODE "
-    file(CREATE_LINK ../../../javascript/jquery/jquery.js
-        \"\$ENV{DESTDIR}\${CMAKE_INSTALL_PREFIX}/${doc_folder}/html/jquery.js\" SYMBOLIC)"
-    COMPONENT doc EXCLUDE_FROM_ALL)
+install(DIRECTORY "${VEXOR_SITE}/" DESTINATION "${doc_folder}/html" COMPONENT doc EXCLUDE_FROM_ALL OPTIONAL)
 install(FILES README.md CHANGELOG.md CONTRIBUTING.md DESTINATION "${doc_folder}" COMPONENT doc EXCLUDE_FROM_ALL)
 install(DIRECTORY examples DESTINATION "${doc_folder}" COMPONENT doc EXCLUDE_FROM_ALL)
 file(WRITE "${debian_files}/vexor-doc"
@@ -100,7 +95,6 @@ set(CPACK_COMPONENT_DEV_DESCRIPTION "Geometric and linear-algebra value classes 
 set(CPACK_DEBIAN_DOC_PACKAGE_NAME vexor-doc)
 set(CPACK_DEBIAN_DOC_PACKAGE_SECTION doc)
 set(CPACK_DEBIAN_DOC_PACKAGE_ARCHITECTURE all)
-set(CPACK_DEBIAN_DOC_PACKAGE_DEPENDS libjs-jquery)
 set(CPACK_COMPONENT_DOC_DESCRIPTION "Geometric and linear-algebra value classes (documentation)
  Guides, reference and examples of vexor: its site as HTML, the README with
  the pages that it links to, and four example programs with their data.")

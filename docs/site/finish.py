@@ -1,15 +1,18 @@
 #!/usr/bin/env python3
-"""Finishes Doxygen's pages: puts the navigation on each of them, and copies the pictures.
+"""Finishes Doxygen's pages: the navigation, links between members, the index of the search, and the pictures.
 
 The navigation is written down here, by hand: a reader looks for a guide by its purpose and for a class by its
 kind, not by the alphabet. A page that it forgets, or one that no longer exists, stops the build.
 """
 
 import html
+import math
 import pathlib
 import re
 import shutil
 import sys
+
+import search_index
 
 NAVIGATION = [
     ("Guides", [
@@ -39,7 +42,10 @@ NAVIGATION = [
     ("Matrices and maps", ["Mat2Dbl", "Mat3Dbl", "AffMat2Dbl", "AffMat3Dbl", "Quaternion",
                            ("SmallSolver_8h.html", "Small systems")]),
     ("Run-time size", ["VecDbl", "VecFlt", "MatDbl"]),
-    ("Arrays", [("classvexor_1_1arrays_1_1Pairwise.html", "Pairwise")]),
+    ("Arrays", [("Vectors_8h.html", "Vectors.h"), ("Maps_8h.html", "Maps.h"), ("Matrices_8h.html", "Matrices.h"),
+                ("Sums_8h.html", "Sums.h"), ("classvexor_1_1arrays_1_1Pairwise.html", "Pairwise")]),
+    ("Opt-in headers", [("%s_8h.html" % header, header + ".h") for header in
+                        ("stream", "format", "hash", "range", "make", "interpolate", "interop", "elementary")]),
     ("Foundation", ["VexorTolerance", "UInt64", "VexorException", "VexorSingular", "VexorNullVector",
                     "VexorDimensionMismatch", "VexorAllocationFailed", "VexorComputationFailed"]),
     ("Project", [
@@ -49,6 +55,7 @@ NAVIGATION = [
         ("md_CONTRIBUTING.html", "Contributing"),
     ]),
 ]
+SMALLEST_LETTERING = 11  # pixels; check.py measures it on the pages
 site = pathlib.Path(sys.argv[1])
 docs = pathlib.Path(__file__).resolve().parent.parent
 
@@ -89,14 +96,90 @@ def contents(text):
     return '<aside id="contents"><h2>On this page</h2><ul>%s</ul></aside>' % items
 
 
-# The navigation and the search replace Doxygen's indices.
+def linked(text, page, names):
+    """Makes each member that a text names a link: one of this page, or one with its class before it."""
+    def link(match):
+        name = html.unescape(match.group(1))
+        owner, _, member = re.sub(r"\(.*\)$", "", name).rpartition("::")
+        target = names.get((owner, member)) or (None if owner else names.get((page, member)))
+        return '<code><a class="el" href="%s">%s</a></code>' % (target, match.group(1)) if target else match.group(0)
+
+    pieces = re.split(r"(<a [^>]*href.*?</a>|<h\d.*?</h\d>|<pre.*?</pre>)", text, flags=re.S)
+    pieces[::2] = [re.sub(r"<code>([\w:]+(?:\([^<]*\))?)</code>", link, piece) for piece in pieces[::2]]
+    return "".join(pieces)
+
+
+def with_whole_chips(text):
+    """Keeps punctuation on the line of the code in front of it: only the head of long code may wrap."""
+    def chip(match):
+        before, code, after = match.groups()
+        head = ""
+        if len(search_index.plain(code)) > 36:
+            parts = re.fullmatch(r"(.*?)([^&<>\s/:=_]{1,20})", code, re.S)
+            if not parts or re.search(r"&\w*$", parts.group(1)):
+                return match.group(0)
+            head, code = '%s<code class="head">%s</code>' % (before, parts.group(1)), parts.group(2)
+        return '%s<span class="chip">%s<code>%s</code>%s</span>' % (head, "" if head else before, code, after)
+    return re.sub(r"(\(?)<code>((?:(?!</?code>).)*)</code>([.,;:)!?]+)", chip, text)
+
+
+def descriptions_of_pictures():
+    """What the guides say of their pictures for readers who do not see them; Doxygen drops it."""
+    found = {}
+    for page in [docs.parent / "README.md", *docs.rglob("*.md"), *docs.parent.glob("examples/*/README.md")]:
+        for description, path in re.findall(r"!\[(.*?)\]\((\S*?\.svg)\)", page.read_text()):
+            found[pathlib.Path(path).name] = description
+    return found
+
+
+def shown_picture(name, description):
+    """A picture, which scrolls by itself on a screen where its lettering would be too small."""
+    text = (site / name).read_text()
+    width = float(re.search(r'viewBox="0 0 ([\d.]+) ', text).group(1))
+    smallest = min(map(float, re.findall(r'font-size[:=]"?\s*([\d.]+)', text)), default=SMALLEST_LETTERING)
+    least = math.ceil(SMALLEST_LETTERING / smallest * width)
+    return ('<span class="picture"><img src="%s" alt="%s" width="%d" style="min-width:%dpx"/></span>' %
+            (name, html.escape(description), width, least))
+
+
+def finished(page, text):
+    text = text.replace("<!-- navigation -->", navigation(page), 1)
+    text = text.replace("</div><!-- top -->", "</div><!-- top -->\n<main>", 1)
+    text = re.sub(r'<div id="nav-path".*?</div>', "", text, count=1, flags=re.S)
+    text = re.sub(r'<div class="summary">.*?</div>', "", text, count=1, flags=re.S)
+    text = with_places(text)
+    text = text.replace("</div><!--header-->", "</div><!--header-->\n" + contents(text), 1)
+    text = text.replace("<!-- start footer part -->", "</main>", 1)
+    text = re.sub(r" (Class|File|Struct)( Template)? Reference( ·|</div>)", r"\3", text)
+    text = re.sub(r' onclick="javascript:toggleInherit\(.*?\)"><img [^>]*>&#160;', ">", text)
+    text = re.sub(r'(<dl class="section \w+"><dt>)(Example|See also)</dt>',
+                  lambda match: match.group(1).replace("section", "section quiet") + match.group(2) + "</dt>", text)
+    # A header of one class has no page of its own.
+    text = re.sub(r'href="(\w+)_8h\.html"', lambda match: 'href="class%s.html"' % match.group(1)
+                  if (site / ("class%s.html" % match.group(1))).exists() else match.group(0), text)
+    text = re.sub(r'<div class="ttc".*?</div></div>\n?', "", text)  # tooltips, which need Doxygen's scripts
+    text = text.replace('href="Arrays_8h.html"', 'href="md_docs_guides_arrays.html"')
+    text = re.sub(r'<object type="image/svg\+xml" data="([^"]*)"[^>]*></object>',
+                  lambda match: shown_picture(match.group(1), descriptions.get(match.group(1), "")), text)
+    # A constructor has no type before its name.
+    text = re.sub(r'(<td class="memItemLeft"[^>]*>(?:<a [^>]*></a>)?\s*)&#160;</td>', r"\1</td>", text)
+    # A table that is wider than the page scrolls by itself.
+    return re.sub(r'<table class="(markdownTable|doxtable)">(.*?)</table>',
+                  r'<div class="scroll"><table class="\1">\2</table></div>', text, flags=re.S)
+
+
+# The navigation and the search replace Doxygen's indices and its scripts.
 for pattern in ("*-members.html", "functions*.html", "globals*.html", "dir_*.html", "annotated.html", "classes.html",
-                "files.html", "hierarchy.html", "inherits.html", "pages.html"):
+                "files.html", "hierarchy.html", "inherits.html", "pages.html", "Arrays_8h.html", "namespace*.html",
+                "*.js", "*.png", "doxygen.svg"):
     for page in site.glob(pattern):
+        page.unlink()
+for page in site.glob("*_8h.html"):
+    if (site / ("class%s.html" % page.name[:-len("_8h.html")])).exists():
         page.unlink()
 
 listed = {page for _, group in NAVIGATION for page, _ in entries(group)}
-written = {page.name for pattern in ("index.html", "md_*.html", "class*.html", "SmallSolver_8h.html")
+written = {page.name for pattern in ("index.html", "md_*.html", "class*.html", "*_8h.html")
            for page in site.glob(pattern)}
 if listed != written:
     raise SystemExit("the navigation and the pages differ in: %s" % " ".join(sorted(listed ^ written)))
@@ -106,19 +189,18 @@ for picture in docs.rglob("*.svg"):
     target.parent.mkdir(parents=True, exist_ok=True)
     shutil.copy(picture, target)
     shutil.copy(picture, site / picture.name)
-for page in site.glob("*.html"):
-    text = page.read_text()
-    text = text.replace("<!-- navigation -->", navigation(page.name), 1)
-    text = text.replace("</div><!-- top -->", "</div><!-- top -->\n<main>", 1)
-    text = re.sub(r'<div id="nav-path".*?</div>', "", text, count=1, flags=re.S)
-    text = re.sub(r'<div class="summary">.*?</div>', "", text, count=1, flags=re.S)
-    text = with_places(text)
-    text = text.replace("</div><!--header-->", "</div><!--header-->\n" + contents(text), 1)
-    text = text.replace("<!-- start footer part -->", "</main>", 1)
-    text = text.replace(" Class Reference</div>", "</div>").replace(" File Reference</div>", "</div>")
-    # A constructor has no type before its name.
-    text = re.sub(r'(<td class="memItemLeft"[^>]*>(?:<a [^>]*></a>)?\s*)&#160;</td>', r"\1</td>", text)
-    # A table that is wider than the page scrolls by itself.
-    text = re.sub(r'<table class="(markdownTable|doxtable)">(.*?)</table>',
-                  r'<div class="scroll"><table class="\1">\2</table></div>', text, flags=re.S)
-    page.write_text(text)
+shutil.copy(docs / "site" / "site.js", site)
+
+descriptions = descriptions_of_pictures()
+texts = {page.name: finished(page.name, page.read_text()) for page in sorted(site.glob("*.html"))}
+names = {}
+for page, text in texts.items():
+    if 'class="memberdecls"' in text:
+        owner = search_index.places_of(page, text)[0][search_index.TITLE].split("::")[-1].split("<")[0]
+        for _, anchor, title, *_ in search_index.members(page, text, owner):
+            target = "%s#%s" % (page, anchor)
+            names.setdefault((page, title), target)
+            names.setdefault(("vexor" if page.endswith("_8h.html") else owner, title), target)
+for page, text in texts.items():
+    (site / page).write_text(with_whole_chips(linked(text, page, names)))
+search_index.write(site, [page for _, group in NAVIGATION for page, _ in entries(group)])
