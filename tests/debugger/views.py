@@ -247,7 +247,7 @@ def natvis(compiler, views, source, library, scratch):
         for name in sorted(types, key=lambda name: (name.startswith("Aff"), name.startswith("Mat"), name)):
             file.write(natvis_class(name, types[name]) + "\n")
         file.write(re.sub(r"(\n    VexorTolerance .*\n)    Here\(\);\n", r"\1" + prints.replace("\\", r"\\"), subject))
-    command = [compiler, "-std=c++17", "-w", "-fno-access-control", "-ffp-contract=off", "-I", source,
+    command = [compiler, "-std=c++17", "-w", "-fno-access-control", "-I", source,
                generated, library, "-Wl,-rpath," + os.path.dirname(library), "-o", program]
     if os.path.exists(program):
         os.remove(program)
