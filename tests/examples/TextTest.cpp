@@ -20,13 +20,33 @@ TEST(CharacterLength, KnowsUtf8AndRefusesControls)
         std::string text;
         std::size_t length;
     };
-    for (Case const& c :
-         {Case{" ", 1}, Case{"~", 1}, Case{"\x7f", 0}, Case{"\x1f", 0}, Case{"\t", 0}, Case{std::string(1, '\0'), 0},
-          Case{"\xc2\xa0", 2}, Case{"\xc2\x9f", 0}, Case{"\xc1\xbf", 0}, Case{"\xdf\xbf", 2}, Case{"\xc3", 0},
-          Case{"\xe0\xa0\x80", 3}, Case{"\xe0\x9f\xbf", 0}, Case{"\xed\x9f\xbf", 3}, Case{"\xed\xa0\x80", 0},
-          Case{"\xef\xbf\xbd", 3}, Case{"\xef\xbf\xbe", 0}, Case{"\xef\xbf\xbf", 0}, Case{"\xf0\x90\x80\x80", 4},
-          Case{"\xf0\x8f\xbf\xbd", 0}, Case{"\xf4\x8f\xbf\xbd", 4}, Case{"\xf4\x90\x80\x80", 0}, Case{"\xf8\x88\x80\x80\x80", 0},
-          Case{"\x80", 0}, Case{"\xe9o", 0}, Case{"\xe2\x82", 0}, Case{"\xe2(\xac", 0}})
+    for (Case const& c : {Case{" ", 1},
+                          Case{"~", 1},
+                          Case{"\x7f", 0},
+                          Case{"\x1f", 0},
+                          Case{"\t", 0},
+                          Case{std::string(1, '\0'), 0},
+                          Case{"\xc2\xa0", 2},
+                          Case{"\xc2\x9f", 0},
+                          Case{"\xc1\xbf", 0},
+                          Case{"\xdf\xbf", 2},
+                          Case{"\xc3", 0},
+                          Case{"\xe0\xa0\x80", 3},
+                          Case{"\xe0\x9f\xbf", 0},
+                          Case{"\xed\x9f\xbf", 3},
+                          Case{"\xed\xa0\x80", 0},
+                          Case{"\xef\xbf\xbd", 3},
+                          Case{"\xef\xbf\xbe", 0},
+                          Case{"\xef\xbf\xbf", 0},
+                          Case{"\xf0\x90\x80\x80", 4},
+                          Case{"\xf0\x8f\xbf\xbd", 0},
+                          Case{"\xf4\x8f\xbf\xbd", 4},
+                          Case{"\xf4\x90\x80\x80", 0},
+                          Case{"\xf8\x88\x80\x80\x80", 0},
+                          Case{"\x80", 0},
+                          Case{"\xe9o", 0},
+                          Case{"\xe2\x82", 0},
+                          Case{"\xe2(\xac", 0}})
         EXPECT_EQ(CharacterLength(c.text, 0), c.length) << Printable(c.text);
     EXPECT_EQ(CharacterLength("a\xc3\xa9", 1), 2U);
 }

@@ -15,22 +15,44 @@ using ElementOf = std::decay_t<decltype(std::declval<V&>()[0])>;
 template <class V>
 constexpr int sizeOf = static_cast<int>(sizeof(V) / sizeof(ElementOf<V>));
 
+template <class V, class = void>
+struct SizeOf {
+    static int Of(V const&) { return sizeOf<V>; }
+};
+template <class V>
+struct SizeOf<V, std::void_t<decltype(V::size)>> {
+    static int Of(V const& v) { return v.size; }
+};
+template <class V>
+int Size(V const& v)
+{
+    return SizeOf<V>::Of(v);
+}
+
+// Each draw fills an operand, whose size is kept: that of a class of run-time size is drawn before. Those with a
+// participle for a name give one of a fixed size.
+
+template <class V>
+void Fill(Source& source, V& v)
+{
+    for (int i = 0; i < Size(v); ++i)
+        v[i] = source.Number<ElementOf<V>>();
+}
+
 template <class V>
 V Filled(Source& source)
 {
     V v;
-    for (int i = 0; i < sizeOf<V>; ++i)
-        v[i] = source.Number<ElementOf<V>>();
+    Fill(source, v);
     return v;
 }
 
 /// Equal components, opposite ones, and NaN among them.
 template <class V>
-V Tied(Source& source)
+void Tie(Source& source, V& v)
 {
     using T = ElementOf<V>;
-    V v;
-    for (int i = 0; i < sizeOf<V>; ++i) {
+    for (int i = 0; i < Size(v); ++i) {
         v[i] = source.Number<T>();
         if (i > 0 && source.Below(2))
             v[i] = v[source.Below(i)];
@@ -41,6 +63,13 @@ V Tied(Source& source)
         if (source.OneIn(12))
             v[i] = std::numeric_limits<T>::quiet_NaN();
     }
+}
+
+template <class V>
+V Tied(Source& source)
+{
+    V v;
+    Tie(source, v);
     return v;
 }
 
@@ -48,7 +77,7 @@ template <class V>
 double PlainDot(V const& a, V const& b)
 {
     double sum = 0.0;
-    for (int i = 0; i < sizeOf<V>; ++i)
+    for (int i = 0; i < Size(a); ++i)
         sum += static_cast<double>(a[i]) * static_cast<double>(b[i]);
     return sum;
 }
@@ -63,32 +92,38 @@ T HalfUnit(T value)
 
 /// Numbers whose sum lies at or next to a tie, in any order.
 template <class V>
-V AtTie(Source& source)
+void PutAtTie(Source& source, V& v)
 {
     using T = ElementOf<V>;
-    V v;
     T const first = source.Ordinary<T>();
     T parts[4] = {first, HalfUnit(first), T(0), T(0)};
     parts[2] = static_cast<T>(std::ldexp(
         source.Ordinary<double>(), -(std::numeric_limits<T>::digits == 24 ? 30 : 55) - source.Below(30)));
     if (source.Below(2))
         parts[1] = -parts[1];
-    for (int i = 0; i < sizeOf<V>; ++i)
+    for (int i = 0; i < Size(v); ++i)
         v[i] = i < 4 ? parts[i] : T(0);
-    for (int i = sizeOf<V> - 1; i > 0; --i)
+    for (int i = Size(v) - 1; i > 0; --i)
         std::swap(v[i], v[source.Below(i + 1)]);
+}
+
+template <class V>
+V AtTie(Source& source)
+{
+    V v;
+    PutAtTie(source, v);
     return v;
 }
 
 /// Components whose squares add up to the middle between two floats, as nearly as a few tries get.
 template <class V>
-V SquaresAtTie(Source& source)
+void PutSquaresAtTie(Source& source, V& best)
 {
-    constexpr int n = sizeOf<V>;
-    V best = Filled<V>(source);
+    int const n = Size(best);
+    Fill(source, best);
+    V v = best;
     double nearest = std::numeric_limits<double>::infinity();
     for (int attempt = 0; attempt < 24; ++attempt) {
-        V v;
         double sum = 0.0;
         for (int i = 0; i < n - 1; ++i) {
             v[i] = Rounded<ElementOf<V>>(source.Ordinary<float>());
@@ -106,7 +141,14 @@ V SquaresAtTie(Source& source)
     }
     for (int i = n - 1; i > 0; --i)
         std::swap(best[i], best[source.Below(i + 1)]);
-    return best;
+}
+
+template <class V>
+V SquaresAtTie(Source& source)
+{
+    V v;
+    PutSquaresAtTie(source, v);
+    return v;
 }
 
 /// At a right angle to a, or `depth` away from it, in a plane of coordinates or, at times, in space.
@@ -114,8 +156,8 @@ template <class V>
 V NearlyPerpendicular(Source& source, V const& a, double depth)
 {
     using T = ElementOf<V>;
-    constexpr int n = sizeOf<V>;
-    V b;
+    int const n = Size(a);
+    V b = a;
     double const factor = source.Ordinary<double>();
     int const i = source.Below(n), j = (i + 1) % n;
     for (int k = 0; k < n; ++k)
@@ -141,12 +183,12 @@ V NearlyPerpendicular(Source& source, V const& a, double depth)
 /// Two operands that stand in some relation: equal, opposite, scaled, nearly parallel, nearly perpendicular, at a
 /// tie, with shared components, or none.
 template <class V>
-std::pair<V, V> Related(Source& source)
+void Relate(Source& source, V& a, V& b)
 {
     using T = ElementOf<V>;
-    constexpr int n = sizeOf<V>;
-    V a = Filled<V>(source);
-    V b = Filled<V>(source);
+    int const n = Size(a);
+    Fill(source, a);
+    Fill(source, b);
     double const depth = std::pow(
         10.0, -(sizeof(T) == sizeof(float) ? 1.0 + 7.0 * source.Unit() : 3.0 + 14.0 * source.Unit()));
     switch (source.Below(16)) {
@@ -185,7 +227,7 @@ std::pair<V, V> Related(Source& source)
         b = NearlyPerpendicular(source, a, depth);
         break;
     case 11:
-        a = AtTie<V>(source);
+        PutAtTie(source, a);
         for (int i = 0; i < n; ++i)
             b[i] = T(1);
         if (source.Below(2))
@@ -209,7 +251,14 @@ std::pair<V, V> Related(Source& source)
     }
     if (source.Below(2))
         std::swap(a, b);
-    return {a, b};
+}
+
+template <class V>
+std::pair<V, V> Related(Source& source)
+{
+    std::pair<V, V> result;
+    Relate(source, result.first, result.second);
+    return result;
 }
 
 /// A vector made nearly unit.

@@ -196,10 +196,10 @@ struct Solver {
     }
 };
 
-/// Mostly small, up to 20 now and then.
+/// Mostly small, up to 20 now and then, seldom up to sizes::matricesUpTo.
 int DrawnSize(Source& source)
 {
-    return 1 + source.Below(source.OneIn(12) ? 20 : 5);
+    return 1 + source.Below(source.OneIn(100) ? sizes::matricesUpTo : source.OneIn(12) ? 20 : 5);
 }
 
 /// An operand for LAPACK: symmetric at times where it is square, singular at times; with 1e±300 side by side, with

@@ -1,84 +1,74 @@
 #pragma once
 #include "oracle/Draws.h"
 #include "oracle/Registry.h"
+#include "support/Sizes.h"
+
+#include <iterator>
 
 namespace oracle {
 
-/// A fixed number of elements, for the draws that want one.
-template <class T, int N>
-struct Few {
-    T e[N];
-    T& operator[](int i) { return e[i]; }
-    T const& operator[](int i) const { return e[i]; }
-};
-
-template <class T, int N>
-Array<T> Copied(Few<T, N> const& from)
+/// Sizes: small ones most often, since they cost little; every size up to sizes::allUpTo; seldom the larger ones.
+inline int DrawnLength(Source& source)
 {
-    Array<T> result;
-    result.size = N;
-    for (int i = 0; i < N; ++i)
-        result.e[i] = from[i];
-    return result;
+    if (source.OneIn(12))
+        return 1 + source.Below(sizes::allUpTo);
+    if (source.OneIn(150))
+        return sizes::larger[source.Below(4)] - 1 + source.Below(3);
+    if (source.OneIn(1500))
+        return sizes::larger[source.OneIn(4) ? 5 : 4] - 1 + source.Below(3);
+    constexpr int small[] = {1, 2, 3, 3, 4, 7};
+    return small[source.Below(6)];
 }
 
-/// Calls the draw with an array type of a drawn size.
-template <class T, class Draw>
-auto OfSomeSize(Source& source, Draw draw)
+/// An index, at the ends of the range more often than within: an element that is forgotten is one of the last.
+inline int DrawnPlace(Source& source, int size)
 {
-    switch (source.Below(6)) {
+    switch (source.Below(4)) {
     case 0:
-        return draw(Few<T, 1>());
+        return size - 1;
     case 1:
-        return draw(Few<T, 2>());
-    case 2:
-    case 3:
-        return draw(Few<T, 3>());
-    case 4:
-        return draw(Few<T, 4>());
+        return size - 1 - source.Below(size < 8 ? size : 8);
     default:
-        return draw(Few<T, 7>());
+        return source.Below(size);
     }
 }
 
 template <class T>
 Array<T> DrawnArray(Source& source)
 {
-    return OfSomeSize<T>(source, [&](auto shape) {
-        using V = decltype(shape);
-        switch (source.Below(12)) {
-        case 0:
-            return Copied(AtTie<V>(source));
-        case 1:
-            if constexpr (sizeOf < V >> 1)
-                return Copied(SquaresAtTie<V>(source));
-            else
-                return Copied(Filled<V>(source));
-        case 2:
-            return Copied(Tied<V>(source));
-        case 3: {
-            V v = {};
-            if (source.Below(2))
-                v[0] = -v[0];
-            return Copied(v);
-        }
-        default:
-            return Copied(Filled<V>(source));
-        }
-    });
+    Array<T> v(DrawnLength(source));
+    switch (source.Below(12)) {
+    case 0:
+        PutAtTie(source, v);
+        break;
+    case 1:
+        if (v.size > 1 && v.size <= 16)
+            PutSquaresAtTie(source, v);
+        else
+            Fill(source, v);
+        break;
+    case 2:
+        Tie(source, v);
+        break;
+    case 3:
+        if (source.Below(2))
+            v[0] = -v[0]; // all are 0
+        break;
+    default:
+        Fill(source, v);
+    }
+    return v;
 }
 
 /// Two arrays of one size that stand in some relation; now and then of two sizes.
 template <class T>
 std::pair<Array<T>, Array<T>> DrawnArrays(Source& source)
 {
-    auto result = OfSomeSize<T>(source, [&](auto shape) {
-        auto const [a, b] = Related<decltype(shape)>(source);
-        return std::pair(Copied(a), Copied(b));
-    });
+    Array<T> a(DrawnLength(source)), b(a.size);
+    Relate(source, a, b);
     if (source.OneIn(12))
-        result.second = DrawnArray<T>(source);
-    return result;
+        b = DrawnArray<T>(source);
+    return {a, b};
 }
 
 template <class T>
@@ -103,17 +93,25 @@ auto DrawScaledArray(Source& source)
 
 inline Grid DrawnGrid(Source& source, int rows, int columns)
 {
-    Grid grid;
-    grid.rows = rows;
-    grid.columns = columns;
+    Grid grid(rows, columns);
     for (int r = 0; r < rows; ++r)
         for (int c = 0; c < columns; ++c)
-            grid.e[r][c] = source.OneIn(10) ? (source.Below(2) ? 0.0 : -0.0) : source.Number<double>();
+            grid(r, c) = source.OneIn(10) ? (source.Below(2) ? 0.0 : -0.0) : source.Number<double>();
     return grid;
 }
 
+/// Shapes: small ones most often, all up to sizes::matricesUpTo, seldom the large ones.
 inline Grid DrawnGrid(Source& source)
 {
+    if (source.OneIn(40)) {
+        int const rows = 1 + source.Below(sizes::matricesUpTo);
+        return DrawnGrid(source, rows, source.Below(3) ? rows : 1 + source.Below(sizes::matricesUpTo));
+    }
+    if (source.OneIn(1500)) {
+        auto const& shape =
+            sizes::largeMatrices[source.Below(static_cast<int>(std::size(sizes::largeMatrices)))];
+        return DrawnGrid(source, shape.rows, shape.columns);
+    }
     int const rows = 1 + source.Below(5);
     return DrawnGrid(source, rows, source.Below(3) ? rows : 1 + source.Below(5));
 }
@@ -122,7 +120,7 @@ inline VecDbl Made(Array<double> const& a)
 {
     VecDbl v(a.size, nullptr);
     for (int i = 0; i < a.size; ++i)
-        v[i] = a.e[i];
+        v[i] = a[i];
     return v;
 }
 
@@ -130,7 +128,7 @@ inline VecFlt Made(Array<float> const& a)
 {
     VecFlt v(a.size, nullptr);
     for (int i = 0; i < a.size; ++i)
-        v[i] = a.e[i];
+        v[i] = a[i];
     return v;
 }
 
@@ -139,7 +137,7 @@ inline MatDbl Made(Grid const& g)
     MatDbl m(g.rows, g.columns, nullptr);
     for (int r = 0; r < g.rows; ++r)
         for (int c = 0; c < g.columns; ++c)
-            m(r, c) = g.e[r][c];
+            m(r, c) = g(r, c);
     return m;
 }
 

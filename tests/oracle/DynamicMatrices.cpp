@@ -8,9 +8,7 @@ namespace {
 template <class Rule>
 DynMat Each(int rows, int columns, Rule rule)
 {
-    DynMat result;
-    result.rows = rows;
-    result.columns = columns;
+    DynMat result(rows, columns);
     for (int r = 0; r < rows; ++r)
         for (int c = 0; c < columns; ++c)
             result(r, c) = rule(r, c);
@@ -40,8 +38,10 @@ auto DrawGrids(Source& source)
     Grid b = source.OneIn(10) ? DrawnGrid(source) : DrawnGrid(source, a.rows, a.columns);
     if (source.OneIn(3)) {
         b = a;
-        if (source.Below(2))
-            b.e[source.Below(a.rows)][source.Below(a.columns)] = source.Number<double>();
+        if (source.Below(2)) {
+            int const row = DrawnPlace(source, a.rows), column = DrawnPlace(source, a.columns);
+            b(row, column) = source.Number<double>();
+        }
     }
     return std::tuple(a, b);
 }
@@ -49,15 +49,20 @@ auto DrawGrids(Source& source)
 /// Factors whose sums lie at ties and cancel.
 auto DrawFactors(Source& source)
 {
-    int const rows = 1 + source.Below(4), inner = source.Below(2) ? 3 : 1 + source.Below(5),
-              columns = 1 + source.Below(4);
+    int rows = 1 + source.Below(4), inner = source.Below(2) ? 3 : 1 + source.Below(5),
+        columns = 1 + source.Below(4);
+    if (source.OneIn(40))
+        for (int* const size : {&rows, &inner, &columns})
+            *size = 1 + source.Below(sizes::matricesUpTo);
+    else if (source.OneIn(1500))
+        (source.Below(3) == 0 ? rows : source.Below(2) ? inner : columns) = 1000;
     Grid a = DrawnGrid(source, rows, inner), b = DrawnGrid(source, inner, columns);
     if (source.Below(2) && inner == 3) {
         auto const [x, y] = Related<Vec3Dbl>(source);
         int const r = source.Below(rows), c = source.Below(columns);
         for (int k = 0; k < 3; ++k) {
-            a.e[r][k] = x[k];
-            b.e[k][c] = y[k];
+            a(r, k) = x[k];
+            b(k, c) = y[k];
         }
     }
     if (source.OneIn(10))
@@ -69,27 +74,27 @@ template <class T>
 auto DrawMatrixAndVector(Source& source)
 {
     Grid g = DrawnGrid(source);
-    Array<T> v;
-    v.size = g.columns;
+    Array<T> v(g.columns);
     for (int i = 0; i < v.size; ++i)
-        v.e[i] = source.Number<T>();
+        v[i] = source.Number<T>();
     if (source.Below(2) && v.size >= 3) {
-        auto const [x, y] = Related<Few<T, 3>>(source);
+        Array<T> x(3), y(3);
+        Relate(source, x, y);
         int const r = source.Below(g.rows);
         for (int k = 0; k < 3; ++k) {
-            g.e[r][k] = static_cast<double>(x[k]);
-            v.e[k] = y[k];
+            g(r, k) = static_cast<double>(x[k]);
+            v[k] = y[k];
         }
         if (source.Below(2))
-            g.e[r][source.Below(3)] *= 1.0 + 0x1p-50 * source.Below(4);
+            g(r, source.Below(3)) *= 1.0 + 0x1p-50 * source.Below(4);
     }
     if (source.OneIn(3))
         for (int r = 0; r < g.rows; ++r) {
             // A product next to the middle between two floats.
             float const near = source.Ordinary<float>();
             int const k = source.Below(g.columns);
-            v.e[k] = T(1);
-            g.e[r][k] = source.Near(static_cast<double>(near) + static_cast<double>(HalfUnit(near)));
+            v[k] = T(1);
+            g(r, k) = source.Near(static_cast<double>(near) + static_cast<double>(HalfUnit(near)));
         }
     if (source.OneIn(10))
         v = DrawnArray<T>(source);
@@ -98,8 +103,9 @@ auto DrawMatrixAndVector(Source& source)
 
 auto DrawSquareGrid(Source& source)
 {
-    int const n = 1 + source.Below(5);
-    return std::tuple(DrawnGrid(source, n, source.OneIn(8) ? 1 + source.Below(5) : n));
+    Grid const g = DrawnGrid(source);
+    return std::tuple(
+        source.OneIn(8) ? g : DrawnGrid(source, g.rows > 100 ? 100 : g.rows, g.rows > 100 ? 100 : g.rows));
 }
 
 } // namespace
@@ -200,19 +206,17 @@ void EnterTransposesAndComparison()
     Add(
         "MatDbl::Transpose (a view)", DrawGrid,
         [](G const& g) {
-            double block[DynMat::capacity * DynMat::capacity];
-            MatDbl m(g.rows, g.columns, block);
+            std::vector<double> block(g.e.size());
+            MatDbl m(g.rows, g.columns, block.data());
             for (int r = 0; r < g.rows; ++r)
                 for (int c = 0; c < g.columns; ++c)
-                    m(r, c) = g.e[r][c];
+                    m(r, c) = g(r, c);
             m.Transpose();
             // The caller's block holds the transposed matrix, column after column.
-            DynMat seen;
-            seen.rows = g.columns;
-            seen.columns = g.rows;
+            DynMat seen(g.columns, g.rows);
             for (int r = 0; r < seen.rows; ++r)
                 for (int c = 0; c < seen.columns; ++c)
-                    seen(r, c) = block[c * seen.rows + r];
+                    seen(r, c) = block[static_cast<std::size_t>(c * seen.rows + r)];
             return std::tuple(m, seen);
         },
         [transposed](DynMat const& m) { return std::tuple(transposed(m), transposed(m)); });
@@ -239,7 +243,7 @@ void EnterTransposesAndComparison()
         [](G const& g) {
             Mat3Dbl m(0.0);
             for (int i = 0; i < 9; ++i)
-                m(i / 3, i % 3) = g.e[i / 3][i % 3];
+                m(i / 3, i % 3) = g(i / 3, i % 3);
             return MatDbl(m);
         },
         [transposed](DynMat const& m) { return Slip("without the transposition") ? m : transposed(m); });
@@ -273,8 +277,7 @@ void EnterProductsAndSums()
                 throw Raised{Raise::DimensionMismatch};
             bool const keptTerms = Slip("the terms are not rounded"), late = Slip("rounded at the end only"),
                        narrowed = Slip("the matrix is rounded first"), backwards = Slip("from the last on");
-            Dyn<Flt> y;
-            y.size = m.rows;
+            Dyn<Flt> y(m.rows);
             for (int r = 0; r < m.rows; ++r) {
                 Dbl sum = 0.0;
                 for (int i = 0; i < m.columns; ++i) {
@@ -292,8 +295,7 @@ void EnterProductsAndSums()
         });
     auto const sum = [](DynMat const& m) {
         bool const backwards = Slip("from the last on"), along = Slip("along the rows");
-        Dyn<Dbl> result;
-        result.size = along ? m.rows : m.columns;
+        Dyn<Dbl> result(along ? m.rows : m.columns);
         for (int i = 0; i < result.size; ++i) {
             int const count = along ? m.columns : m.rows;
             auto const at = [&](int k) {
@@ -331,8 +333,7 @@ void EnterElements()
                 throw Raised{Raise::DimensionMismatch};
             bool const backwards = Slip("from the last on"), plain = Slip("the start of the sum"),
                        fused = Slip("fused");
-            Dyn<Dbl> y;
-            y.size = m.rows;
+            Dyn<Dbl> y(m.rows);
             for (int r = 0; r < m.rows; ++r) {
                 y[r] = plain ? -0.0 : 0.0;
                 for (int i = 0; i < m.columns; ++i) {
@@ -358,11 +359,9 @@ void EnterElements()
             return std::tuple(m.GetRow(g.rows - 1), m.GetCol(g.columns - 1));
         },
         [](DynMat const& m) {
-            Dyn<Dbl> row, column;
-            row.size = m.columns;
+            Dyn<Dbl> row(m.columns), column(m.rows);
             for (int c = 0; c < m.columns; ++c)
                 row[c] = m(m.rows - 1, c);
-            column.size = m.rows;
             for (int r = 0; r < m.rows; ++r)
                 column[r] = m(r, m.columns - 1);
             return std::tuple(row, column);
@@ -380,8 +379,7 @@ void EnterElements()
         [](DynMat const& m) {
             if (m.rows != m.columns)
                 throw Raised{Raise::DimensionMismatch};
-            Dyn<Dbl> diagonal;
-            diagonal.size = m.rows;
+            Dyn<Dbl> diagonal(m.rows);
             DynMat turned = m, filled = m;
             for (int i = 0; i < m.rows; ++i) {
                 diagonal[i] = m(i, i);
@@ -399,8 +397,7 @@ void EnterShapesAndConversions()
         "MatDbl::ReSize (same number of elements)",
         [](Source& source) {
             int const rows = source.Below(2) ? 2 : 6;
-            Grid const grid =
-                DrawnGrid(source, rows, 12 / rows <= DynMat::capacity ? (rows == 6 ? 2 : 6) : 1);
+            Grid const grid = DrawnGrid(source, rows, 12 / rows);
             return std::tuple(grid, source.Below(3));
         },
         [](G const& g, int which) {
@@ -435,9 +432,9 @@ void EnterShapesAndConversions()
         [](Source& source) {
             auto [a, b] = DrawnArrays<double>(source);
             if (a.size > 3 && source.Below(2))
-                a.size = 3;
+                a.ReSize(3);
             if (b.size < a.size && a.size <= 3)
-                b.size = a.size;
+                b.ReSize(a.size);
             return std::tuple(a, b);
         },
         [](Array<double> const& a, Array<double> const& b) { return Made(a).OuterProduct(Made(b)); },

@@ -2,6 +2,8 @@
 #include "oracle/Statements.h"
 #include "oracle/Vectors.h"
 
+#include <algorithm>
+
 namespace oracle {
 
 namespace {
@@ -21,8 +23,7 @@ void DemandSameSize(Dyn<E> const& a, Dyn<E> const& b)
 template <class E, class Rule>
 Dyn<E> Each(int size, Rule rule)
 {
-    Dyn<E> result;
-    result.size = size;
+    Dyn<E> result(size);
     for (int i = 0; i < size; ++i)
         result[i] = To<E>(rule(i));
     return result;
@@ -200,8 +201,7 @@ T RunningSum(Array<T> const& a, Array<T> const& b)
 {
     T sum = T(0);
     for (int i = 0; i < a.size && i < b.size; ++i)
-        sum =
-            Rounded<T>(static_cast<double>(sum) + static_cast<double>(a.e[i]) * static_cast<double>(b.e[i]));
+        sum = Rounded<T>(static_cast<double>(sum) + static_cast<double>(a[i]) * static_cast<double>(b[i]));
     return sum;
 }
 
@@ -216,15 +216,18 @@ auto DrawDirection(Direction kind, bool unit, bool equality)
             b = a;
             bool const along = source.Below(2) != 0;
             double const size = std::sqrt(static_cast<double>(RunningSum(a, a)));
+            int const only =
+                source.OneIn(3) ? DrawnPlace(source, a.size) : -1; // the only element that differs
             for (int i = 0; i < a.size; ++i)
-                b.e[i] = Rounded<T>(along ? static_cast<double>(a.e[i]) * (1.0 + depth)
-                                          : static_cast<double>(a.e[i]) + depth * size * source.Signed());
+                if (only < 0 || i == only)
+                    b[i] = Rounded<T>(along ? static_cast<double>(a[i]) * (1.0 + depth)
+                                            : static_cast<double>(a[i]) + depth * size * source.Signed());
         }
         if (unit && source.Below(4))
             for (Array<T>* v : {&a, &b}) {
                 double const size = std::sqrt(static_cast<double>(RunningSum(*v, *v)));
                 for (int i = 0; i < v->size; ++i)
-                    v->e[i] = Rounded<T>(static_cast<double>(v->e[i]) / size);
+                    (*v)[i] = Rounded<T>(static_cast<double>((*v)[i]) / size);
             }
         double const A2 = static_cast<double>(RunningSum(a, a)), B2 = static_cast<double>(RunningSum(b, b));
         double const d = static_cast<double>(RunningSum(a, b));
@@ -235,7 +238,7 @@ auto DrawDirection(Direction kind, bool unit, bool equality)
         if (equality) {
             Array<T> e = a;
             for (int i = 0; i < a.size; ++i)
-                e.e[i] = Rounded<T>(static_cast<double>(a.e[i]) - static_cast<double>(b.e[i]));
+                e[i] = Rounded<T>(static_cast<double>(a[i]) - static_cast<double>(b[i]));
             double const distance = static_cast<double>(RunningSum(e, e));
             if (source.Below(2))
                 source.SetGlobal(globalTolerance.lengthSquared, source.Below(2)   ? distance
@@ -496,11 +499,23 @@ void EnterDynamicExtremes(std::string const& name)
         };
     };
     auto const drawExtremes = [](Source& source) {
-        A a = OfSomeSize<T>(source, [&](auto shape) { return Copied(Tied<decltype(shape)>(source)); });
+        A a(DrawnLength(source));
+        Tie(source, a);
+        if (source.OneIn(3)) {
+            // One element is decisive: larger or smaller than all others, in magnitude or with its sign.
+            T largest = T(1), smallest = T(1);
+            for (int i = 0; i < a.size; ++i) {
+                a[i] = source.Ordinary<T>();
+                largest = std::max(largest, std::fabs(a[i]));
+                smallest = std::min(smallest, std::fabs(a[i]));
+            }
+            T const decisive = source.Below(2) ? 2 * largest : smallest / 2;
+            a[DrawnPlace(source, a.size)] = source.Below(2) ? decisive : -decisive;
+        }
         if (source.OneIn(4))
             for (int i = 0; i < a.size; ++i)
-                a.e[i] = source.Near(source.Below(2) ? static_cast<T>(1e20) : static_cast<T>(-1e20))
-                         * (source.OneIn(4) ? T(1024) : T(1));
+                a[i] = source.Near(source.Below(2) ? static_cast<T>(1e20) : static_cast<T>(-1e20))
+                       * (source.OneIn(4) ? T(1024) : T(1));
         return std::tuple(a);
     };
     Add(
@@ -572,7 +587,7 @@ void EnterDynamicTests(std::string const& name)
         if (source.Below(2)) {
             b = a;
             if (source.Below(2))
-                b.e[source.Below(a.size)] = source.Number<T>();
+                b[DrawnPlace(source, a.size)] = source.Number<T>();
         }
         return std::tuple(a, b);
     };
@@ -592,9 +607,12 @@ void EnterDynamicTests(std::string const& name)
     Add(
         name + "::IsNull",
         [](Source& source) {
-            A a = DrawnArray<T>(source);
+            A a(DrawnLength(source));
+            bool const oneAlone = source.Below(2) != 0; // else a long vector is hardly ever null
             for (int i = 0; i < a.size; ++i)
-                a.e[i] = source.Below(6) ? (source.Below(2) ? T(0) : -T(0)) : source.Special<T>();
+                a[i] = oneAlone || source.Below(6) ? (source.Below(2) ? T(0) : -T(0)) : source.Special<T>();
+            if (oneAlone && source.Below(2))
+                a[DrawnPlace(source, a.size)] = source.Special<T>();
             return std::tuple(a);
         },
         [](A const& a) { return Made(a).IsNull(); },
@@ -607,7 +625,7 @@ void EnterDynamicTests(std::string const& name)
             A a = DrawnArray<T>(source);
             T const small = source.OneIn(3) ? static_cast<T>(std::ldexp(1.0, -15 - source.Below(5))) : T(1);
             for (int i = 0; i < a.size; ++i)
-                a.e[i] *= small;
+                a[i] *= small;
             T const sum = RunningSum(a, a);
             source.SetGlobal(globalTolerance.lengthSquared, static_cast<double>(sum));
             return std::tuple(a, source.Tolerance(sum));
@@ -724,9 +742,9 @@ void EnterDynamicVectors()
             for (int i = 0; i < a.size; ++i)
                 if (source.Below(2)) {
                     float const near = source.Number<float>();
-                    a.e[i] = source.Near(static_cast<double>(near) + static_cast<double>(HalfUnit(near)));
+                    a[i] = source.Near(static_cast<double>(near) + static_cast<double>(HalfUnit(near)));
                 } else if (source.OneIn(4)) {
-                    a.e[i] = std::ldexp(0.5 * source.Below(64), -150);
+                    a[i] = std::ldexp(0.5 * source.Below(64), -150);
                 }
             return std::tuple(a);
         },

@@ -167,61 +167,70 @@ inline Quat Converted(Quaternion const& q)
 template <class T>
 struct Array {
     int size = 0;
-    T e[Dyn<Dbl>::capacity] = {};
+    std::vector<T> e;
+
+    Array() = default;
+    explicit Array(int newSize) : size(newSize), e(static_cast<std::size_t>(newSize)) {}
+    T& operator[](int i) { return e[static_cast<std::size_t>(i)]; }
+    T const& operator[](int i) const { return e[static_cast<std::size_t>(i)]; }
+    void ReSize(int newSize)
+    {
+        size = newSize;
+        e.resize(static_cast<std::size_t>(newSize));
+    }
 };
 struct Grid {
     int rows = 0;
     int columns = 0;
-    double e[DynMat::capacity][DynMat::capacity] = {};
+    std::vector<double> e;
+
+    Grid() = default;
+    Grid(int newRows, int newColumns)
+        : rows(newRows), columns(newColumns), e(static_cast<std::size_t>(newRows * newColumns))
+    {}
+    double& operator()(int r, int c) { return e[static_cast<std::size_t>(r * columns + c)]; }
+    double const& operator()(int r, int c) const { return e[static_cast<std::size_t>(r * columns + c)]; }
 };
 
 inline Dyn<Dbl> Converted(Array<double> const& a)
 {
-    Dyn<Dbl> result;
-    result.size = a.size;
+    Dyn<Dbl> result(a.size);
     for (int i = 0; i < a.size; ++i)
-        result[i] = a.e[i];
+        result[i] = a[i];
     return result;
 }
 inline Dyn<Flt> Converted(Array<float> const& a)
 {
-    Dyn<Flt> result;
-    result.size = a.size;
+    Dyn<Flt> result(a.size);
     for (int i = 0; i < a.size; ++i)
-        result[i] = a.e[i];
+        result[i] = a[i];
     return result;
 }
 inline DynMat Converted(Grid const& g)
 {
-    DynMat result;
-    result.rows = g.rows;
-    result.columns = g.columns;
+    DynMat result(g.rows, g.columns);
     for (int r = 0; r < g.rows; ++r)
         for (int c = 0; c < g.columns; ++c)
-            result(r, c) = g.e[r][c];
+            result(r, c) = g(r, c);
     return result;
 }
 inline Dyn<Dbl> Converted(VecDbl const& v)
 {
-    Dyn<Dbl> result;
-    result.size = v.Size();
+    Dyn<Dbl> result(v.Size());
     for (int i = 0; i < v.Size(); ++i)
         result[i] = v[i];
     return result;
 }
 inline Dyn<Flt> Converted(VecFlt const& v)
 {
-    Dyn<Flt> result;
-    result.size = v.Size();
+    Dyn<Flt> result(v.Size());
     for (int i = 0; i < v.Size(); ++i)
         result[i] = v[i];
     return result;
 }
 inline DynMat Converted(MatDbl const& m)
 {
-    DynMat result;
-    result.rows = m.RowCount();
-    result.columns = m.ColumnCount();
+    DynMat result(m.RowCount(), m.ColumnCount());
     for (int r = 0; r < m.RowCount(); ++r)
         for (int c = 0; c < m.ColumnCount(); ++c)
             result(r, c) = m(r, c);

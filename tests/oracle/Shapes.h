@@ -1,6 +1,9 @@
 #pragma once
 #include "oracle/Outcome.h"
 
+#include <cstddef>
+#include <vector>
+
 // The oracle's own values: numbers in rows, no behaviour.
 
 namespace oracle {
@@ -41,21 +44,27 @@ struct Aff {
 /// A vector of run-time size.
 template <class Element>
 struct Dyn {
-    static constexpr int capacity = 12;
     int size = 0;
-    Element e[capacity];
-    Element& operator[](int i) { return e[i]; }
-    Element const& operator[](int i) const { return e[i]; }
+    std::vector<Element> e;
+
+    Dyn() = default;
+    explicit Dyn(int newSize) : size(newSize), e(static_cast<std::size_t>(newSize)) {}
+    Element& operator[](int i) { return e[static_cast<std::size_t>(i)]; }
+    Element const& operator[](int i) const { return e[static_cast<std::size_t>(i)]; }
 };
 
 /// A matrix of run-time shape.
 struct DynMat {
-    static constexpr int capacity = 6;
     int rows = 0;
     int columns = 0;
-    Dbl m[capacity][capacity];
-    Dbl& operator()(int r, int c) { return m[r][c]; }
-    Dbl const& operator()(int r, int c) const { return m[r][c]; }
+    std::vector<Dbl> m;
+
+    DynMat() = default;
+    DynMat(int newRows, int newColumns)
+        : rows(newRows), columns(newColumns), m(static_cast<std::size_t>(newRows * newColumns))
+    {}
+    Dbl& operator()(int r, int c) { return m[static_cast<std::size_t>(r * columns + c)]; }
+    Dbl const& operator()(int r, int c) const { return m[static_cast<std::size_t>(r * columns + c)]; }
 };
 
 template <class T>

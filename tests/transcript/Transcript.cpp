@@ -4,6 +4,8 @@
 //
 // Usage: transcript [ROUNDS]
 
+#include "../support/Sizes.h"
+
 #include <vexor/elementary.h>
 #include <vexor/vexor.h>
 
@@ -912,9 +914,108 @@ void RunElementary(Transcript& out, Source& source)
     out.Add(vexor::Atan2(a, b));
 }
 
+// ---- All sizes ---------------------------------------------------------------------------------------
+// Mostly plain numbers: in a long vector, one infinity or NaN would hide everything else.
+
+VecDbl PlainVecDbl(Source& source, int size)
+{
+    bool const hasSpecial = source.Below(8) == 0;
+    VecDbl result(size);
+    for (int i = 0; i < size; ++i)
+        result[i] = hasSpecial ? source.Double() : source.Plain();
+    return result;
+}
+
+/// Visits all sizes, with two vectors of a size. The second is any, a multiple of the first, or the first with
+/// one of its last elements changed at times; one of the last elements of the first is its largest at times.
+template <class Vector, class Number>
+void RunSizes(Transcript& out, Source& source)
+{
+    sizes::ForEach([&](int size) {
+        Vector a;
+        Vector b;
+        a = PlainVecDbl(source, size);
+        int const place = size - 1 - source.Below(size < 9 ? size : 9);
+        int const sign = source.Below(3) - 1;
+        if (sign != 0)
+            a[place] = static_cast<Number>(sign * 0x1p21);
+        b = PlainVecDbl(source, size);
+        int const kind = source.Below(3);
+        if (kind != 0)
+            b = a * static_cast<Number>(kind == 1 ? 3 : 1);
+        if (kind == 2 && source.Below(2))
+            b[place] += static_cast<Number>(0.25);
+        Number const scalar = static_cast<Number>(source.Plain());
+        Number const angular = static_cast<Number>(source.Tolerance());
+        SharedByVectors(out, a, b, scalar, angular, static_cast<Number>(source.Tolerance()));
+        a *= static_cast<Number>(0);
+        out.Add(a.IsNull());
+        a[place] = static_cast<Number>(sign);
+        out.Add(a.IsNull());
+        out.Add(a.IsZeroLength(static_cast<Number>(0)));
+    });
+}
+
+void RunVecDblSizes(Transcript& out, Source& source)
+{
+    RunSizes<VecDbl, double>(out, source);
+    sizes::ForEach([&](int size) { out.Add(PlainVecDbl(source, size).Sum()); });
+}
+
+void RunVecFltSizes(Transcript& out, Source& source)
+{
+    RunSizes<VecFlt, float>(out, source);
+}
+
+void RunShape(Transcript& out, Source& source, int rows, int inner, int columns)
+{
+    MatDbl a(rows, inner);
+    for (int j = 0; j < inner; ++j)
+        a.SetCol(j, PlainVecDbl(source, rows));
+    MatDbl b(inner, columns);
+    for (int j = 0; j < columns; ++j)
+        b.SetCol(j, PlainVecDbl(source, inner));
+    VecDbl const v = PlainVecDbl(source, inner);
+    VecFlt narrow;
+    narrow = v;
+    double const scalar = source.Plain();
+    out.Add(a * b);
+    out.Add(a * v);
+    out.Add(a * narrow);
+    out.Add(a / scalar);
+    out.Add(-a);
+    out.Add(a.RowSum());
+    out.Add(a.RowAverage());
+    out.Add(a.GetRow(rows - 1));
+    out.Add(a.GetTransposedCopy());
+    MatDbl c = a * scalar;
+    out.Add(a + c);
+    out.Add(a - c);
+    c = a;
+    out.Add(a == c);
+    c(rows - 1, inner - 1) += 0.25;
+    out.Add(a == c);
+    out.Add(a != c);
+    out.Add(a.Transpose());
+    out.Add(c.Identity());
+}
+
+void RunMatDblSizes(Transcript& out, Source& source)
+{
+    for (int size = 1; size <= sizes::matricesUpTo; ++size) {
+        int const inner = 1 + source.Below(sizes::matricesUpTo);
+        int const columns = 1 + source.Below(sizes::matricesUpTo);
+        RunShape(out, source, size, inner, columns);
+        RunShape(out, source, size, size, size);
+    }
+    for (sizes::Shape const& shape : sizes::largeMatrices)
+        RunShape(out, source, shape.rows, shape.columns, 1 + source.Below(4));
+}
+
 struct Class {
     char const* name;
     void (*run)(Transcript&, Source&);
+    int share = 1; // of the rounds: one in so many
 };
 
 constexpr Class classes[] = {
@@ -942,6 +1043,9 @@ constexpr Class classes[] = {
     {"angles", RunAngles},
     {"spectra", RunSpectra},
     {"elementary", RunElementary},
+    {"VecDbl sizes", RunVecDblSizes, 5000},
+    {"VecFlt sizes", RunVecFltSizes, 5000},
+    {"MatDbl sizes", RunMatDblSizes, 10000},
 };
 
 } // namespace
@@ -953,7 +1057,7 @@ int main(int argumentCount, char** arguments)
     for (Class const& each : classes) {
         Transcript out;
         Source source(seed++);
-        for (int i = 0; i < rounds; ++i)
+        for (int i = 0; i < rounds; i += each.share)
             each.run(out, source);
         out.Print(each.name);
     }
