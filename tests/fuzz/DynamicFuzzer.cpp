@@ -3,6 +3,8 @@
 //
 // Built with clang's libFuzzer, or with Replay.cpp, which runs the committed corpus without it.
 
+#include "../support/Sizes.h"
+
 #include <vexor/dynamic/MatDbl.h>
 #include <vexor/dynamic/VecDbl.h>
 
@@ -45,6 +47,17 @@ public:
         return choice < 10 ? special[choice] : (choice - 30) * 0.25;
     }
 
+    /// Sizes for a vector or for one side of a matrix: mostly small, refused ones among them, up to sizes::allUpTo,
+    /// and seldom one of the larger ones.
+    int Size()
+    {
+        int const choice = Below(128);
+        if (choice < 2)
+            return choice - 1;
+        return choice < 80 ? 1 + choice % 7 : choice < 120 ? choice - 79 : Larger(choice - 120);
+    }
+    int Larger(int choice) { return sizes::larger[choice < 7 ? choice % 4 : 4 + Below(2)] - 1 + Below(3); }
+
 private:
     std::uint8_t const* next;
     std::uint8_t const* end;
@@ -52,9 +65,15 @@ private:
 
 // ---- The pool and its model ------------------------------------------------------------------------------
 
-constexpr int blockSize = 64;
+constexpr int blockSize = sizes::matricesUpTo * sizes::matricesUpTo;
 constexpr int poolSize = 4;
-constexpr int mostRows = 7;
+
+/// A caller's block for so many elements, or −1 for storage of the object's own.
+int DrawnBlock(Bytes& bytes, long long count)
+{
+    int const block = bytes.Below(poolSize + 1) - 1;
+    return count <= blockSize ? block : -1;
+}
 
 /// Where an object's elements are: in a caller's block (shared by all that view it) or in its own.
 struct Storage {
@@ -179,6 +198,40 @@ Cell Sum(Cell const& a, Cell const& b)
 
 // ---- The operations --------------------------------------------------------------------------------------
 
+/// What reads all elements, against plain loops.
+void RequireReductions(VecDbl const& a, VecDbl const& b)
+{
+    bool equal = true, null = true;
+    double sum = 0.0, most = -1e20;
+    for (int i = 0; i < a.Size(); ++i) {
+        equal = equal && a[i] == b[i];
+        null = null && a[i] == 0.0;
+        sum += a[i];
+        most = a[i] > most ? a[i] : most;
+    }
+    REQUIRE((a == b) == equal && (a != b) == !equal);
+    REQUIRE(a.IsNull() == null);
+    REQUIRE(Same(a.Sum(), sum));
+    REQUIRE(Same(a.MaxValue(), most));
+}
+
+void RequireReductions(MatDbl& a, MatDbl& b)
+{
+    bool equal = true;
+    VecDbl const sums = a.RowSum();
+    MatDbl const difference = a - b;
+    for (int j = 0; j < a.ColumnCount(); ++j) {
+        double sum = a(0, j);
+        for (int i = 0; i < a.RowCount(); ++i) {
+            equal = equal && a(i, j) == b(i, j);
+            sum = i > 0 ? sum + a(i, j) : sum;
+            REQUIRE(Same(difference(i, j), a(i, j) - b(i, j)));
+        }
+        REQUIRE(Same(sums[j], sum));
+    }
+    REQUIRE((a == b) == equal && (a != b) == !equal);
+}
+
 void StepOnVectors(Pool& pool, Bytes& bytes)
 {
     int const v = bytes.Below(poolSize);
@@ -187,8 +240,8 @@ void StepOnVectors(Pool& pool, Bytes& bytes)
     auto& other = pool.vectorModel[w];
     switch (bytes.Below(8)) {
     case 0: {
-        int const size = bytes.Below(mostRows + 2) - 1; // −1 and 0 are refused
-        int const block = bytes.Below(poolSize + 1) - 1;
+        int const size = bytes.Size(); // −1 and 0 are refused
+        int const block = DrawnBlock(bytes, size);
         int const raised =
             Raised([&] { pool.vectors[v].ReSize(size, block < 0 ? nullptr : pool.blocks[block]); });
         REQUIRE(raised == (size < 1 ? 3 : 0));
@@ -231,9 +284,12 @@ void StepOnVectors(Pool& pool, Bytes& bytes)
         break;
     }
     case 5: {
-        VecDbl const copy(pool.vectors[v]);
+        VecDbl copy(pool.vectors[v]);
         REQUIRE(copy.Size() == model.size);
         REQUIRE(&copy[0] != &pool.vectors[v][0]);
+        RequireReductions(copy, pool.vectors[v]);
+        copy[model.size - 1 - bytes.Below(model.size)] = 1e19;
+        RequireReductions(copy, pool.vectors[v]);
         break;
     }
     case 6:
@@ -257,11 +313,22 @@ void StepOnMatrices(Pool& pool, Bytes& bytes)
     int const n = bytes.Below(poolSize);
     auto& model = pool.matrixModel[m];
     auto& other = pool.matrixModel[n];
-    switch (bytes.Below(9)) {
+    switch (bytes.Below(10)) {
+    case 9: {
+        MatDbl copy(pool.matrices[m]);
+        RequireReductions(copy, pool.matrices[m]);
+        copy(bytes.Below(model.rows), bytes.Below(model.columns)) = 1e19;
+        RequireReductions(copy, pool.matrices[m]);
+        break;
+    }
     case 0: {
-        int const rows = bytes.Below(mostRows + 1);
-        int const columns = bytes.Below(mostRows + 1);
-        int const block = bytes.Below(poolSize + 1) - 1;
+        int const rows = bytes.Size();
+        int columns = bytes.Size();
+        if (rows > sizes::matricesUpTo || columns > sizes::matricesUpTo)
+            columns = rows > columns ? 1 + columns % 4 : columns; // a long and narrow one
+        if (columns > sizes::matricesUpTo && rows > 4)
+            columns = 3;
+        int const block = DrawnBlock(bytes, 1LL * rows * columns);
         int const raised =
             Raised([&] { pool.matrices[m].ReSize(rows, columns, block < 0 ? nullptr : pool.blocks[block]); });
         REQUIRE(raised == (rows < 1 || columns < 1 ? 3 : 0));
@@ -425,8 +492,8 @@ void StepOnSolvers(Pool& pool, Bytes& bytes)
         break;
     }
     default: {
-        int const first = bytes.Below(mostRows);
-        int const last = bytes.Below(mostRows);
+        int const first = bytes.Below(model.rows + 2);
+        int const last = bytes.Below(model.rows + 2);
         bool const legal = square && first <= last && last < model.rows;
         int const wanted = bytes.Below(2);
         raised = Raised([&] { matrix.EigenSym(vector, wanted, first, last); });
