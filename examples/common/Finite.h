@@ -1,18 +1,19 @@
 #pragma once
+#include "common/InputError.h"
+
 #include <vexor/dynamic/MatDbl.h>
 #include <vexor/vectors/Vec3Dbl.h>
 
 #include <cmath>
-#include <stdexcept>
 #include <string>
 
 namespace examples {
 
 /// A result is infinite or NaN: the numbers of the input are too large to compute with.
-class NotFiniteError : public std::runtime_error {
+class NotFiniteError : public NotComputableError {
 public:
     explicit NotFiniteError(std::string const& what)
-        : std::runtime_error(what + ": not a finite number (the input is too large to compute with)")
+        : NotComputableError(what + ": not a finite number (the input is too large to compute with)")
     {}
 };
 

@@ -13,4 +13,10 @@ public:
     {}
 };
 
+/// The input is sound, but the result cannot be computed from it.
+class NotComputableError : public std::runtime_error {
+public:
+    using std::runtime_error::runtime_error;
+};
+
 } // namespace examples

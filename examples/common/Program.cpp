@@ -1,6 +1,6 @@
 #include "common/Program.h"
 
-#include "common/Finite.h"
+#include "common/InputError.h"
 #include "common/Text.h"
 
 #include <vexor/foundation/VexorException.h>
@@ -35,7 +35,7 @@ int RunProgram(char const* name, std::function<int()> const& body)
 {
     try {
         return WithOutputWritten(name, body());
-    } catch (NotFiniteError const& error) {
+    } catch (NotComputableError const& error) {
         return Report(name, error.what(), notComputable);
     } catch (std::exception const& error) {
         return Report(name, error.what(), badInput);

@@ -4,6 +4,8 @@
 #include "common/InputError.h"
 #include "common/Text.h"
 
+#include <vexor/extras/interpolate.h>
+
 #include <algorithm>
 #include <cmath>
 #include <cstdio>
@@ -41,6 +43,14 @@ std::string Decimals(double number, int decimals)
     char text[400]; // the largest double has 309 digits before its point
     std::snprintf(text, sizeof text, "%.*f", decimals, number);
     return text;
+}
+
+std::string DivergingFill(double part)
+{
+    Vec3Dbl const end = part < 0.0 ? Vec3Dbl(33.0, 102.0, 172.0) : Vec3Dbl(178.0, 24.0, 43.0);
+    Vec3Dbl const colour = vexor::Lerp(Vec3Dbl(247.0), end, std::min(std::fabs(part), 1.0));
+    return "fill=\"rgb(" + Decimals(colour.x, 0) + "," + Decimals(colour.y, 0) + "," + Decimals(colour.z, 0)
+           + ")\"";
 }
 
 void Bounds::Include(Pnt2Dbl const& point)
@@ -88,6 +98,14 @@ void Svg::Arrow(Pnt2Dbl const& from, Pnt2Dbl const& to, std::string const& colou
     Line(from, to - along * 0.8, "stroke=\"" + colour + "\" stroke-width=\"2.5\"");
     body += "<polygon points=\"" + Coordinates(to) + " " + Coordinates(to - along + across) + " "
             + Coordinates(to - along - across) + "\" fill=\"" + colour + "\"/>\n";
+}
+
+void Svg::Polygon(std::vector<Pnt2Dbl> const& corners, std::string const& style)
+{
+    body += "<polygon points=\"";
+    for (Pnt2Dbl const& corner : corners)
+        body += Coordinates(corner) + " ";
+    body += "\" " + style + "/>\n";
 }
 
 void Svg::Polyline(std::vector<Pnt2Dbl> const& points, std::string const& style)

@@ -41,6 +41,7 @@ public:
     void Line(Pnt2Dbl const& from, Pnt2Dbl const& to, std::string const& style);
     void Arrow(Pnt2Dbl const& from, Pnt2Dbl const& to, std::string const& colour);
     void Polyline(std::vector<Pnt2Dbl> const& points, std::string const& style);
+    void Polygon(std::vector<Pnt2Dbl> const& corners, std::string const& style);
     void Circle(Pnt2Dbl const& centre, double radius, std::string const& style);
     void Rectangle(Panel const& panel, std::string const& style);
     /// A path of which each segment is a straight line (one point) or a cubic curve (three points).
@@ -62,5 +63,8 @@ private:
 
 /// The number with as many decimals as asked. Raises NotFiniteError if it is not finite.
 std::string Decimals(double number, int decimals);
+
+/// The attribute `fill` for a number from −1 (blue) over 0 (white) to 1 (red).
+std::string DivergingFill(double part);
 
 } // namespace examples

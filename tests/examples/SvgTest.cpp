@@ -51,4 +51,24 @@ TEST(Svg, EscapesTextAndClosesTheFile)
     EXPECT_THROW(picture.Save("no/such/folder/x.svg"), InputError);
 }
 
+TEST(Svg, FillsAPolygon)
+{
+    ScratchFile scratch("");
+    Svg picture(20.0, 10.0);
+    picture.Polygon({Pnt2Dbl(1.0, 2.0), Pnt2Dbl(3.5, 4.0), Pnt2Dbl(0.0, 9.0)}, "fill=\"red\"");
+    picture.Save(scratch.Path());
+    EXPECT_NE(
+        Contents(scratch.Path()).find("<polygon points=\"1.00,2.00 3.50,4.00 0.00,9.00 \" fill=\"red\"/>"),
+        std::string::npos);
+}
+
+// From (33, 102, 172) over 247 to (178, 24, 43); beyond the ends the end.
+TEST(DivergingFill, GoesFromBlueOverWhiteToRed)
+{
+    EXPECT_EQ(examples::DivergingFill(0.0), "fill=\"rgb(247,247,247)\"");
+    EXPECT_EQ(examples::DivergingFill(-1.0), "fill=\"rgb(33,102,172)\"");
+    EXPECT_EQ(examples::DivergingFill(-0.2), "fill=\"rgb(204,218,232)\"");
+    EXPECT_EQ(examples::DivergingFill(2.0), "fill=\"rgb(178,24,43)\"");
+}
+
 } // namespace
