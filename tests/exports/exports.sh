@@ -3,6 +3,7 @@
 #   exports.sh symbols check|update LIBRARY [LIST]   the list of exported symbols, exported_symbols.txt or LIST; and that no
 #                                             lock of a local static is imported
 #   exports.sh dll check LIBRARY              the same symbols in a DLL
+#   exports.sh data check LIBRARY             the data that the library can write: writable_data.txt
 #   exports.sh abi check|update LIBRARY       types, layouts and signatures, vexor.abi; LIBRARY has
 #                                             debug information
 # An intended change is made with scripts/update-abi and shows in the review as a change of these files.
@@ -62,6 +63,21 @@ dll)
         exit 1
     fi
     ;;
+data)
+    # Data in .data.rel.ro, .got and the like is read-only once the library is loaded.
+    name=$(basename "$library" | sed 's/^lib//; s/\.so.*//')
+    objdump --syms "$library" |
+        awk -F'\t' '$1 ~ / \.(data|bss|tdata|tbss)$/ { n = split($2, field, " "); if (field[n] !~ /^\./) print field[n] }' |
+        c++filt | sed 's/^completed\.[0-9]*$/completed/' | sort -u >"$work/data"
+    awk -v name="$name" '/^[^#]/ && ($2 == name || $2 == "both") { print $1 }' "$folder/writable_data.txt" |
+        sort >"$work/allowed"
+    # Each library has state of its own: an empty list means that nothing was read.
+    grep -q '^vexor::' "$work/data" || { echo "exports.sh: no data found in $library" >&2; exit 1; }
+    if comm -23 "$work/data" "$work/allowed" | grep .; then
+        echo "The library can write the above. Shared state needs a reason in writable_data.txt." >&2
+        exit 1
+    fi
+    ;;
 abi)
     dump_abi "$work/vexor.abi"
     if [ "$action" = update ]; then
@@ -72,7 +88,7 @@ abi)
     fi
     ;;
 *)
-    echo "exports.sh: symbols, dll or abi, not '$kind'" >&2
+    echo "exports.sh: symbols, dll, data or abi, not '$kind'" >&2
     exit 2
     ;;
 esac
