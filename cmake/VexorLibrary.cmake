@@ -14,6 +14,8 @@ foreach(files SOURCES HEADERS)
     list(FILTER VEXOR_ARRAYS_${files} INCLUDE REGEX "/vexor/arrays/")
     list(FILTER VEXOR_${files} EXCLUDE REGEX "/vexor/arrays/")
 endforeach()
+# The library does not export the tables of its elementary functions.
+list(APPEND VEXOR_ARRAYS_SOURCES "${VEXOR_ROOT}/vexor/elementary/private/Tables.cpp")
 
 # What the targets of the library and of its component have in common.
 function(vexor_library_properties target headers)

@@ -1,5 +1,6 @@
 #pragma once
 #include <vexor/arrays/private/MatrixKernels.h>
+#include <vexor/arrays/private/SpectrumKernels.h>
 #include <vexor/arrays/private/SumKernels.h>
 #include <vexor/arrays/private/VectorKernels.h>
 
@@ -31,7 +32,7 @@ constexpr VectorKernels<Element> KernelsOf()
          Pair<CrossRule, P::Cross, size, crossSize, Element>,
          Pair<DotRule<Element>, P::Dot, size, 1, Element>,
          Pair<DistanceSqToRule<Element>, P::DistanceSqTo, size, 1, Element>,
-         Pair<DistanceToRule<Element>, P::DistanceTo, size, 1, Element>, nullptr},
+         Pair<DistanceToRule<Element>, P::DistanceTo, size, 1, Element>, AngleKernel<size, Element>()},
         {Negate<size, Element>, Single<LengthSquaredRule, S::LengthSquared, size, 1, Element>,
          Single<LengthRule<Element>, S::Length, size, 1, Element>,
          Single<NormalizeRule<Element>, S::Normalize, size, size, Element>},
@@ -65,7 +66,7 @@ KernelSet const kernels = {
     MultiplyVectors,
     UnlessBaseline<SingleKernel<double>>(Invert),
     Solve,
-    nullptr,
+    eigenSymKernel,
 };
 
 } // namespace vexor::arrays::detail::VEXOR_SET

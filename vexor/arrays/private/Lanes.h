@@ -172,6 +172,20 @@ VEXOR_ALWAYS_INLINE Singles Root(Singles const& values)
 #    endif
 #endif
 
+#if defined(VEXOR_SET_AVX512) || defined(VEXOR_SET_AVX2)
+#    define VEXOR_SET_FUSED
+
+/// a·b + c, rounded once.
+VEXOR_ALWAYS_INLINE Doubles MultiplyAdd(Doubles const& a, Doubles const& b, Doubles const& c)
+{
+#    if defined(VEXOR_SET_AVX512)
+    return _mm512_fmadd_pd(a, b, c);
+#    else
+    return _mm256_fmadd_pd(a, b, c);
+#    endif
+}
+#endif
+
 VEXOR_ALWAYS_INLINE bool HasAny(Mask const& mask)
 {
     return Bits(mask) != 0;

@@ -18,10 +18,11 @@ enum class InstructionSet { Baseline, Avx2, Avx512 };
 
 #if defined(VEXOR_WIDE_SETS)
 
+/// AVX2 with the fused multiply-add, which came with it in all but a few processors.
 inline bool HasAvx2()
 {
     __builtin_cpu_init(); // this may run before the constructors do
-    return __builtin_cpu_supports("avx2");
+    return __builtin_cpu_supports("avx2") && __builtin_cpu_supports("fma");
 }
 
 inline bool HasAvx512()

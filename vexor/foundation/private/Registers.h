@@ -25,7 +25,7 @@
 #elif defined(VEXOR_SET_AVX2)
 #    define VEXOR_SET avx2
 #    define VEXOR_SET_NAME "AVX2"
-#    define VEXOR_SET_FEATURES "avx2"
+#    define VEXOR_SET_FEATURES "avx2,fma"
 #else
 #    define VEXOR_SET baseline
 #    define VEXOR_SET_NAME "baseline"
