@@ -8,6 +8,7 @@
 #include <cstdlib>
 #include <cstring>
 #include <exception>
+#include <functional>
 #include <memory>
 #include <random>
 #include <string>
@@ -166,13 +167,13 @@ struct Outcome {
 };
 
 /// The loop over a member: `member(i)` is result i.
-template <class Result, class Member>
-Outcome<Result> Loop(std::size_t count, Member member)
+template <class Result>
+Outcome<Result> Loop(std::size_t count, std::function<Result(std::size_t)> const& member)
 {
     Outcome<Result> outcome;
     try {
         for (std::size_t i = 0; i < count; ++i)
-            outcome.results.push_back(static_cast<Result>(member(i)));
+            outcome.results.push_back(member(i));
     } catch (std::exception const& exception) {
         outcome.exception = typeid(exception).name();
     } catch (VexorException const& exception) {
@@ -202,9 +203,9 @@ bool SameNumbers(Value const& left, Value const& right)
 /// Runs `function(results)` on a block and compares the first `count` elements with the loop's outcome: the
 /// same results up to where the loop fails, the same exception, and the rest as it was in `before`, if given,
 /// or else the pattern. Bytes of a matrix beyond its elements keep what they were.
-template <class Result, class Function>
+template <class Result>
 testing::AssertionResult Matches(Outcome<Result> const& expected, std::size_t count, Result* results,
-                                 Function function)
+                                 std::function<void()> const& function)
 {
     std::vector<unsigned char> before(count * sizeof(Result));
     if (count != 0)
@@ -257,18 +258,32 @@ testing::AssertionResult Matches(Outcome<Result> const& expected, std::size_t co
 
 constexpr std::size_t allCounts = 200;
 
-/// One form of a function of two operands against its loop: every count, some alignments, results beside and
-/// over each operand that is an array of their type.
-template <class Left, class Right, class Function, class Member>
-void ComparePair(std::string const& name, std::vector<Left> const& lefts, std::vector<Right> const& rights,
-                 Function function, Member member, bool everyCount)
+/// What a member or operator returns, as an array function writes it: a predicate's int becomes a byte.
+template <class Raw>
+using ElementOf =
+    std::conditional_t<std::is_same_v<std::decay_t<Raw>, int>, unsigned char, std::decay_t<Raw>>;
+
+/// A function of two operands in its three forms, and the member. Types alone are template parameters, so that
+/// the comparison below is compiled once for all functions of the same types.
+template <class Left, class Right, class Result>
+struct PairForms {
+    std::function<void(Left const*, Right const*, Result*, std::size_t)> both;
+    std::function<void(Left const*, Right const&, Result*, std::size_t)> oneRight;
+    std::function<void(Left const&, Right const*, Result*, std::size_t)> oneLeft;
+    std::function<Result(Left const&, Right const&)> member;
+};
+
+/// The three forms of a function of two operands against their loops: every count, some alignments, results
+/// beside and over each operand that is an array of their type.
+template <class Left, class Right, class Result>
+void CompareForms(std::string const& name, std::vector<Left> const& lefts, std::vector<Right> const& rights,
+                  PairForms<Left, Right, Result> const& forms, bool everyCount)
 {
-    using Raw = std::decay_t<decltype(member(lefts[0], rights[0]))>;
-    using Result = std::conditional_t<std::is_same_v<Raw, int>, unsigned char, Raw>;
     std::size_t const most = lefts.size();
-    auto const both = Loop<Result>(most, [&](std::size_t i) { return member(lefts[i], rights[i]); });
-    auto const oneRight = Loop<Result>(most, [&](std::size_t i) { return member(lefts[i], rights[0]); });
-    auto const oneLeft = Loop<Result>(most, [&](std::size_t i) { return member(lefts[0], rights[i]); });
+    auto const both = Loop<Result>(most, [&](std::size_t i) { return forms.member(lefts[i], rights[i]); });
+    auto const oneRight =
+        Loop<Result>(most, [&](std::size_t i) { return forms.member(lefts[i], rights[0]); });
+    auto const oneLeft = Loop<Result>(most, [&](std::size_t i) { return forms.member(lefts[0], rights[i]); });
     WithEachSet([&](std::string const& set) {
         for (std::size_t count = everyCount ? 0 : most; count <= most; ++count) {
             std::size_t const offset = everyCount ? count % 8 : 0;
@@ -278,50 +293,73 @@ void ComparePair(std::string const& name, std::vector<Left> const& lefts, std::v
             {
                 Block<Result> results(count, offset);
                 ASSERT_TRUE(Matches(both, count, results.Data(), [&] {
-                    function(left.Data(), right.Data(), results.Data(), count);
+                    forms.both(left.Data(), right.Data(), results.Data(), count);
                 })) << what;
             }
             {
                 Block<Result> results(count, offset);
                 ASSERT_TRUE(Matches(oneRight, count, results.Data(),
-                                    [&] { function(left.Data(), rights[0], results.Data(), count); }))
+                                    [&] { forms.oneRight(left.Data(), rights[0], results.Data(), count); }))
                     << what << ", one on the right";
             }
             {
                 Block<Result> results(count, offset);
                 ASSERT_TRUE(Matches(oneLeft, count, results.Data(),
-                                    [&] { function(lefts[0], right.Data(), results.Data(), count); }))
+                                    [&] { forms.oneLeft(lefts[0], right.Data(), results.Data(), count); }))
                     << what << ", one on the left";
             }
             if constexpr (std::is_same_v<Result, Left>) {
                 Block<Left> over(lefts, count, offset);
                 ASSERT_TRUE(Matches(both, count, over.Data(),
-                                    [&] { function(over.Data(), right.Data(), over.Data(), count); }))
+                                    [&] { forms.both(over.Data(), right.Data(), over.Data(), count); }))
                     << what << ", over the left";
                 if (count != 0) { // the one value lies in the results
                     Block<Left> all(lefts, count, offset);
                     ASSERT_TRUE(Matches(oneLeft, count, all.Data(),
-                                        [&] { function(*all.Data(), right.Data(), all.Data(), count); }))
+                                        [&] { forms.oneLeft(*all.Data(), right.Data(), all.Data(), count); }))
                         << what << ", over the one on the left";
                 }
             }
             if constexpr (std::is_same_v<Result, Right>) {
                 Block<Right> over(rights, count, offset);
                 ASSERT_TRUE(Matches(both, count, over.Data(),
-                                    [&] { function(left.Data(), over.Data(), over.Data(), count); }))
+                                    [&] { forms.both(left.Data(), over.Data(), over.Data(), count); }))
                     << what << ", over the right";
             }
         }
     });
 }
 
-template <class Value, class Function, class Member>
-void CompareSingle(std::string const& name, std::vector<Value> const& values, Function function,
-                   Member member, bool everyCount)
+/// The same of a function and a member that take any form.
+template <class Left, class Right, class Function, class Member>
+auto FormsOf(Function function, Member member)
 {
-    using Result = std::decay_t<decltype(member(values[0]))>;
+    using Result = ElementOf<decltype(member(std::declval<Left const&>(), std::declval<Right const&>()))>;
+    return PairForms<Left, Right, Result>{
+        function, function, function,
+        [member](Left const& left, Right const& right) { return static_cast<Result>(member(left, right)); }};
+}
+
+template <class Left, class Right, class Function, class Member>
+void ComparePair(std::string const& name, std::vector<Left> const& lefts, std::vector<Right> const& rights,
+                 Function function, Member member, bool everyCount)
+{
+    CompareForms(name, lefts, rights, FormsOf<Left, Right>(function, member), everyCount);
+}
+
+/// A function of one operand and its member.
+template <class Value, class Result>
+struct SingleForm {
+    std::function<void(Value const*, Result*, std::size_t)> function;
+    std::function<Result(Value const&)> member;
+};
+
+template <class Value, class Result>
+void CompareForm(std::string const& name, std::vector<Value> const& values,
+                 SingleForm<Value, Result> const& form, bool everyCount)
+{
     std::size_t const most = values.size();
-    auto const expected = Loop<Result>(most, [&](std::size_t i) { return member(values[i]); });
+    auto const expected = Loop<Result>(most, [&](std::size_t i) { return form.member(values[i]); });
     WithEachSet([&](std::string const& set) {
         for (std::size_t count = everyCount ? 0 : most; count <= most; ++count) {
             std::size_t const offset = everyCount ? count % 8 : 0;
@@ -330,22 +368,36 @@ void CompareSingle(std::string const& name, std::vector<Value> const& values, Fu
             {
                 Block<Result> results(count, offset);
                 ASSERT_TRUE(Matches(expected, count, results.Data(), [&] {
-                    function(operands.Data(), results.Data(), count);
+                    form.function(operands.Data(), results.Data(), count);
                 })) << what;
             }
             if constexpr (std::is_same_v<Result, Value>) {
                 Block<Value> over(values, count, offset);
-                ASSERT_TRUE(
-                    Matches(expected, count, over.Data(), [&] { function(over.Data(), over.Data(), count); }))
+                ASSERT_TRUE(Matches(expected, count, over.Data(),
+                                    [&] { form.function(over.Data(), over.Data(), count); }))
                     << what << ", in place";
             }
         }
     });
 }
 
+template <class Value, class Function, class Member>
+auto FormOf(Function function, Member member)
+{
+    return SingleForm<Value, std::decay_t<decltype(member(std::declval<Value const&>()))>>{function, member};
+}
+
+template <class Value, class Function, class Member>
+void CompareSingle(std::string const& name, std::vector<Value> const& values, Function function,
+                   Member member, bool everyCount)
+{
+    CompareForm(name, values, FormOf<Value>(function, member), everyCount);
+}
+
 /// Where a special value stands: in one component, or in all of an element.
-template <class Value, class Body>
-void WithSpecialInEachLane(std::vector<Value> const& ordinary, std::size_t positions, Body body)
+template <class Value>
+void WithSpecialInEachLane(std::vector<Value> const& ordinary, std::size_t positions,
+                           std::function<void(std::vector<Value> const&)> const& body)
 {
     for (double special : Specials()) {
         for (std::size_t position = 0; position < positions; ++position) {
@@ -370,39 +422,49 @@ void WithSpecialInEachLane(std::vector<Value> const& ordinary, std::size_t posit
 constexpr std::size_t laneCount = 17; // two of the widest registers and one element
 
 /// The whole examination of a function of two operands.
-template <class Left, class Right, class Function, class Member>
-void ExaminePair(std::string const& name, Function function, Member member)
+template <class Left, class Right, class Result>
+void ExamineForms(std::string const& name, PairForms<Left, Right, Result> const& forms)
 {
     Operands operands(1);
     for (Kind kind : {Kind::Ordinary, Kind::Strewn}) {
         for (int repeat = 0; repeat < 3; ++repeat)
-            ASSERT_NO_FATAL_FAILURE(ComparePair(name, operands.Many<Left>(allCounts, kind),
-                                                operands.Many<Right>(allCounts, kind), function, member,
-                                                true));
+            ASSERT_NO_FATAL_FAILURE(CompareForms(name, operands.Many<Left>(allCounts, kind),
+                                                 operands.Many<Right>(allCounts, kind), forms, true));
     }
     auto const lefts = operands.Many<Left>(laneCount, Kind::Ordinary);
     auto const rights = operands.Many<Right>(laneCount, Kind::Ordinary);
-    WithSpecialInEachLane(lefts, laneCount, [&](std::vector<Left> const& special) {
-        ComparePair(name, special, rights, function, member, false);
+    WithSpecialInEachLane<Left>(lefts, laneCount, [&](std::vector<Left> const& special) {
+        CompareForms(name, special, rights, forms, false);
     });
-    WithSpecialInEachLane(rights, laneCount, [&](std::vector<Right> const& special) {
-        ComparePair(name, lefts, special, function, member, false);
+    WithSpecialInEachLane<Right>(rights, laneCount, [&](std::vector<Right> const& special) {
+        CompareForms(name, lefts, special, forms, false);
+    });
+}
+
+template <class Left, class Right, class Function, class Member>
+void ExaminePair(std::string const& name, Function function, Member member)
+{
+    ExamineForms(name, FormsOf<Left, Right>(function, member));
+}
+
+template <class Value, class Result>
+void ExamineForm(std::string const& name, SingleForm<Value, Result> const& form)
+{
+    Operands operands(2);
+    for (Kind kind : {Kind::Ordinary, Kind::Strewn}) {
+        for (int repeat = 0; repeat < 3; ++repeat)
+            ASSERT_NO_FATAL_FAILURE(CompareForm(name, operands.Many<Value>(allCounts, kind), form, true));
+    }
+    auto const values = operands.Many<Value>(laneCount, Kind::Ordinary);
+    WithSpecialInEachLane<Value>(values, laneCount, [&](std::vector<Value> const& special) {
+        CompareForm(name, special, form, false);
     });
 }
 
 template <class Value, class Function, class Member>
 void ExamineSingle(std::string const& name, Function function, Member member)
 {
-    Operands operands(2);
-    for (Kind kind : {Kind::Ordinary, Kind::Strewn}) {
-        for (int repeat = 0; repeat < 3; ++repeat)
-            ASSERT_NO_FATAL_FAILURE(
-                CompareSingle(name, operands.Many<Value>(allCounts, kind), function, member, true));
-    }
-    auto const values = operands.Many<Value>(laneCount, Kind::Ordinary);
-    WithSpecialInEachLane(values, laneCount, [&](std::vector<Value> const& special) {
-        CompareSingle(name, special, function, member, false);
-    });
+    ExamineForm(name, FormOf<Value>(function, member));
 }
 
 } // namespace arrays_test
