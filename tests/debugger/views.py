@@ -33,6 +33,8 @@ def output_of(*command, **options):
 
 def compare(expected, shown, transcript):
     """Ends the program: with 0 if every object shows as expected."""
+    if not expected:
+        sys.exit("no object to compare")
     wrong = ["%s shows as %s and not %s" % (name, shown.get(name), text)
              for name, text in expected.items() if shown.get(name) != text]
     if wrong or "Python Exception" in transcript or "Traceback" in transcript:

@@ -49,7 +49,7 @@ symbols)
     fi
     if [ "$action" = update ]; then
         cp "$work/symbols" "$list"
-    elif ! diff -u "$list" "$work/symbols"; then
+    elif [ ! -s "$list" ] || ! diff -u "$list" "$work/symbols"; then
         echo "The exported symbols have changed. If that is intended, run scripts/update-abi." >&2
         exit 1
     fi

@@ -1,4 +1,7 @@
 # Usage: cmake -DOBJDUMP=... -DFILES=a;b -P NoFusedMultiplyAdd.cmake
+if(NOT FILES)
+    message(FATAL_ERROR "no file to read")
+endif()
 foreach(file ${FILES})
     execute_process(COMMAND "${OBJDUMP}" -d -C --no-show-raw-insn "${file}"
         RESULT_VARIABLE status OUTPUT_VARIABLE code)
