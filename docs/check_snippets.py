@@ -36,18 +36,19 @@ def source(path, region):
 
 def main():
     write = "--write" in sys.argv
-    wrong = 0
+    wrong = blocks = 0
     for page in [root / "README.md", *sorted((root / "docs").rglob("*.md"))]:
         text = page.read_text()
 
         def check(match):
-            nonlocal wrong
+            nonlocal wrong, blocks
             kind, path, region, language, body = match.groups()
             if kind is None:
                 if language in ("cpp", "c++"):
                     print("%s: a block of C++ names no source:\n%s" % (page.name, body))
                     wrong += 1
                 return match.group(0)
+            blocks += 1
             expected = source(path, region)
             if body == expected:
                 return match.group(0)
@@ -62,7 +63,9 @@ def main():
             page.write_text(filled)
     if wrong:
         raise SystemExit("%d blocks differ" % wrong)
-    print("every block of code is the program's")
+    if blocks == 0:
+        raise SystemExit("no block of code found")
+    print("each of the %d blocks of code is the program's" % blocks)
 
 
 main()
