@@ -164,10 +164,31 @@ TEST(Elementary, AnArcTangentThatUnderflowsIsRoundedOnce)
     CheckArcTangent(largest, largest, pi / 4.0);
 }
 
+TEST(Elementary, AnglesAtTheLimitsOfTheReductions)
+{
+    // Multiples of pi/512 are the table's points and the middles between them. The last two of the other angles are
+    // the limits of the method without a reduction, a little below pi/512, and of that with doubles.
+    vexor_test::Reference reference;
+    std::vector<double> angles = {0x1p-27, 0x1p-26, 0x1p-8, 0x1p-7, 0x1.9p-8, 0x1p+16};
+    for (int i = 1; i < 2048; ++i)
+        angles.push_back(i * pi / 512.0);
+    for (double turns : {100.0, 10430.0})
+        for (int i = -3; i <= 3; ++i)
+            angles.push_back(turns * 2.0 * pi + i * pi / 512.0);
+    for (double angle : angles) {
+        for (double x : {std::nextafter(angle, 0.0), angle, std::nextafter(angle, infinity)}) {
+            double sine = 0.0, cosine = 0.0;
+            reference.SinCos(x, sine, cosine);
+            CheckSine(x, sine, cosine);
+            CheckSine(-x, -sine, cosine);
+        }
+    }
+}
+
 TEST(Elementary, QuotientsBetweenTwoPointsOfTheTable)
 {
-    // The quotient 2^-8 is half-way between the first two points; the computed one lies just below. The
-    // difference to the second point has 54 bits then.
+    // The quotient 2^-8 is half-way between the first two points; the computed one lies just below. Its difference
+    // from the second point has 54 bits.
     for (double x : {0x1.8e8p+0, 0x1.88cp-80, -0x1.708p+24, 0x1.b33121eabe1a9p-84}) {
         double const y = x * 0x1p-8;
         CheckArcTangent(std::fabs(y), std::fabs(x), 0x1.ffff5555bbbb7p-9);

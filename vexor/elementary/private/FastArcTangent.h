@@ -4,6 +4,7 @@
 #include <vexor/elementary/private/FastArithmetic.h>
 #include <vexor/foundation/detail/Scalar.h>
 
+#include <cmath>
 #include <cstdint>
 
 namespace vexor::detail::elementary::VEXOR_ELEMENTARY_NAMESPACE {
@@ -25,8 +26,8 @@ inline constexpr Origin origins[4] = {
 /// quotient at least 2^-60.
 inline bool ArcTangentOf(double y, double x, double& result)
 {
-    double const ordinate = Absolute(y);
-    double const abscissa = Absolute(x);
+    double const ordinate = std::fabs(y);
+    double const abscissa = std::fabs(x);
     bool const isSteep = ordinate > abscissa;
     double const smaller = isSteep ? abscissa : ordinate;
     double const larger = isSteep ? ordinate : abscissa;
@@ -38,17 +39,16 @@ inline bool ArcTangentOf(double y, double x, double& result)
     Sum const product = Multiply(quotient, larger);
     double const rest = ((smaller - product.high) - product.low) * inverse;
 
-    int const i = NearestPoint(quotient, 128.0);
-    Expansion const& t = arcTangentTable[i];
-    double const d = quotient - i * 0x1p-7;
-    Sum const linear = MultiplyShort(t.bHigh, d);
-    Sum const sum = AddSmaller(t.aHigh, linear.high);
+    Distance const point = NearestPoint(quotient, 0x1p-7);
+    double const d = point.value;
+    Expansion const& t = arcTangentTable[point.index];
+    Sum const sum = MultiplyShortAdd(t.bHigh, d, t.aHigh);
     double const slope = MultiplyAdd(t.c2 + t.c2, d, t.bHigh);
-    double const small = MultiplyAdd(slope, rest, MultiplyAdd(t.bLow, d, linear.low + t.aLow));
-    double const low = sum.low + MultiplyAdd(d * d, Tail(t, d), small);
+    double const small = MultiplyAdd(slope, rest, MultiplyAdd(t.bLow, d, sum.low + t.aLow));
+    double const low = MultiplyAdd(d * d, Tail(t, d), small);
 
     Sum const angle = AddSmaller(origin.high, origin.sign * sum.high);
-    double const error = MultiplyAdd(t.aHigh, 0x1.8p-66, Absolute(d) * 0x1p-67);
+    double const error = MultiplyAdd(t.aHigh, 0x1.8p-66, std::fabs(d) * 0x1.4p-66);
     return IsDecided({angle.high, angle.low + MultiplyAdd(origin.sign, low, origin.low)},
                      error + origin.high * 0x1p-100, result);
 }
@@ -58,8 +58,8 @@ VEXOR_COLD inline double RareArcTangent(double y, double x)
 {
     if (x != x || y != y)
         return x + y;
-    double const ordinate = Absolute(y);
-    double const abscissa = Absolute(x);
+    double const ordinate = std::fabs(y);
+    double const abscissa = std::fabs(x);
     bool const isInfinite = MagnitudeBits(x) == infinityBits;
     double angle = 0.0;
     if (MagnitudeBits(y) == infinityBits) {

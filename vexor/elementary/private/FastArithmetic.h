@@ -2,6 +2,9 @@
 #include <vexor/elementary/private/Bits.h>
 #include <vexor/elementary/private/Tables.h>
 
+#include <cmath>
+#include <cstddef>
+
 // Part of the fast step, which two sources compile, each in its own namespace: without and with a fused
 // multiply-add. So the functions that the headers define are each compiled once.
 #if !defined(VEXOR_ELEMENTARY_NAMESPACE)
@@ -41,20 +44,15 @@ inline Sum Halves(double value)
     double const high = scaled - (scaled - value);
     return {high, value - high};
 }
-#endif
 
-/// The exact product with a number of 27 bits. Without a fused multiply-add the high part is not the
-/// product rounded, but that of b's upper half.
+/// The exact product with a number of 27 bits. The high part is not the product rounded, but that of b's upper
+/// half.
 inline Sum MultiplyShort(double shortFactor, double b)
 {
-#if VEXOR_ELEMENTARY_IS_FUSED
-    double const product = shortFactor * b;
-    return {product, __builtin_fma(shortFactor, b, -product)};
-#else
     Sum const halves = Halves(b);
     return {shortFactor * halves.high, shortFactor * halves.low};
-#endif
 }
+#endif
 
 /// The exact product (Dekker), if it neither overflows nor comes near the denormals.
 inline Sum Multiply(double a, double b)
@@ -70,9 +68,41 @@ inline Sum Multiply(double a, double b)
 #endif
 }
 
-inline double Absolute(double value)
+/// square − root², exactly, where root is the square's root rounded.
+inline double Remainder(double square, double root)
 {
-    return FromBits(BitsOf(value) & ~signBit);
+#if VEXOR_ELEMENTARY_IS_FUSED
+    return __builtin_fma(-root, root, square);
+#else
+    Sum const squared = Multiply(root, root);
+    return square - squared.high - squared.low;
+#endif
+}
+
+/// a·b + c in two parts, the low one rounded once or twice, for a number a of 27 bits and |a·b| ≤ |c|/2 or
+/// c = 0. The sum's difference from c is then exact (Sterbenz's lemma).
+inline Sum MultiplyShortAdd(double a, double b, double c)
+{
+#if VEXOR_ELEMENTARY_IS_FUSED
+    double const high = __builtin_fma(a, b, c);
+    return {high, __builtin_fma(a, b, c - high)};
+#else
+    Sum const product = MultiplyShort(a, b);
+    Sum const sum = AddSmaller(c, product.high);
+    return {sum.high, sum.low + product.low};
+#endif
+}
+
+/// A number's leading 27 bits, and the rest with what follows it. A fused multiply-add takes any number in place of a
+/// short one.
+inline Sum Shorten(double value, double low)
+{
+#if VEXOR_ELEMENTARY_IS_FUSED
+    return {value, low};
+#else
+    double const high = FromBits(BitsOf(value) & 0xfffffffffc000000);
+    return {high, value - high + low};
+#endif
 }
 
 /// Whether all numbers within `error` of high + low have the same nearest double, which `result` receives.
@@ -82,12 +112,28 @@ inline bool IsDecided(Sum const& value, double error, double& result)
     return result == value.high + (value.low - error);
 }
 
-/// The nearest point of an expansion, of points that are 1/perUnit apart, for a positive number. The constant
-/// is the double below 1/2: with 1/2 itself, the double below half a distance would go to the second point, and its
-/// difference to that would not be exact.
-inline int NearestPoint(double value, double perUnit)
+/// The same with an error of relative·scale, of either sign.
+inline bool IsDecided(Sum const& value, double scale, double relative, double& result)
 {
-    return static_cast<int>(value * perUnit + 0x1.fffffffffffffp-2);
+    result = value.high + MultiplyAdd(scale, relative, value.low);
+    return result == value.high + MultiplyAdd(scale, -relative, value.low);
+}
+
+/// The distance from a point of an expansion.
+struct Distance {
+    std::size_t index;
+    double value;
+};
+
+/// From the nearest of the points that are `spacing` apart, for a positive number. The factor moves the middles up a
+/// little. So a distance from the second point is less than half of it: the difference is exact, and the distance's
+/// product with the derivative is less than half of the function's value.
+inline Distance NearestPoint(double value, double spacing)
+{
+    // The sum with this constant rounds to a multiple of the spacing, whose index then stands in the last bits.
+    double const shift = 0x1.8p+52 * spacing;
+    double const shifted = MultiplyAdd(value, 1.0 - 0x1p-14, shift);
+    return {BitsOf(shifted) & 255, value - (shifted - shift)};
 }
 
 /// c2 + c3·d + … + c8·d⁶.

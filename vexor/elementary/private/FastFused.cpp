@@ -8,6 +8,8 @@
 #include <vexor/elementary/private/Tables.h>
 #include <vexor/foundation/detail/Scalar.h>
 
+#include <cmath>
+#include <cstddef>
 #include <cstdint>
 #include <limits>
 

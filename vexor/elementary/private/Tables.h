@@ -5,11 +5,10 @@
 
 namespace vexor::detail::elementary {
 
-/// Sine and cosine of a multiple of π/256, each in two parts. The high parts have 27 bits, so that the
-/// product with a number of 26 bits is exact.
+/// Sine and cosine of a multiple of π/256, each with the rest behind it.
 struct SineEntry {
-    double sineHigh, sineLow;
-    double cosineHigh, cosineLow;
+    double sine, sineLow;
+    double cosine, cosineLow;
 };
 
 /// A Taylor expansion about a point p: f(p + d) = a + b·d + c2·d² + … + c8·d⁸. The high part of b has
