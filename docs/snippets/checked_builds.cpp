@@ -11,7 +11,7 @@ int main()
     std::printf("%g %g %g\n", x.x, x.y, x.z);
     system(1, 1) = 5;
     Vec3Dbl y(2, 4, 8);
-    system.ReSolve(y); // with factors of no matrix: a checked build stops here
+    system.ReSolve(y); // the factors no longer belong to a matrix: a checked build stops here
     std::printf("%g %g %g\n", y.x, y.y, y.z);
     // [mistake]
 }
