@@ -232,7 +232,7 @@ void GetAngleWith(Left const& left, Right const& right, Results&& results, Count
 // Tolerances are those of the members: squared, and a negative one selects the global's value at the moment
 // of the call.
 
-/// left[i].IsParallelTo(right[i], angular, length).
+/// left[i].IsParallelTo(right[i], angular, length): a sine squared and a squared length.
 template <class Left, class Right>
 void IsParallelTo(Left const& left, Right const& right, unsigned char* results, std::size_t count,
                   double angular = -1.0, double length = -1.0)
@@ -250,7 +250,7 @@ void IsParallelTo(Left const& left, Right const& right, Results&& results, Angul
     detail::ComputeTest<detail::TestOperation::IsParallelTo>(detail::ViewOf(left), detail::ViewOf(right),
                                                              detail::RangeOf(results), angular, length);
 }
-/// left[i].IsCodirectionalTo(right[i], angular, length).
+/// left[i].IsCodirectionalTo(right[i], angular, length): a sine squared and a squared length.
 template <class Left, class Right>
 void IsCodirectionalTo(Left const& left, Right const& right, unsigned char* results, std::size_t count,
                        double angular = -1.0, double length = -1.0)
@@ -268,7 +268,7 @@ void IsCodirectionalTo(Left const& left, Right const& right, Results&& results, 
     detail::ComputeTest<detail::TestOperation::IsCodirectionalTo>(detail::ViewOf(left), detail::ViewOf(right),
                                                                   detail::RangeOf(results), angular, length);
 }
-/// left[i].IsPerpendicularTo(right[i], angular, length).
+/// left[i].IsPerpendicularTo(right[i], angular, length): a sine squared and a squared length.
 template <class Left, class Right>
 void IsPerpendicularTo(Left const& left, Right const& right, unsigned char* results, std::size_t count,
                        double angular = -1.0, double length = -1.0)
@@ -286,7 +286,7 @@ void IsPerpendicularTo(Left const& left, Right const& right, Results&& results, 
     detail::ComputeTest<detail::TestOperation::IsPerpendicularTo>(detail::ViewOf(left), detail::ViewOf(right),
                                                                   detail::RangeOf(results), angular, length);
 }
-/// left[i].IsUnitParallelTo(right[i], angular).
+/// left[i].IsUnitParallelTo(right[i], angular): a sine squared.
 template <class Left, class Right>
 void IsUnitParallelTo(Left const& left, Right const& right, unsigned char* results, std::size_t count,
                       double angular = -1.0)
@@ -303,7 +303,7 @@ void IsUnitParallelTo(Left const& left, Right const& right, Results&& results, A
     detail::ComputeTest<detail::TestOperation::IsUnitParallelTo>(detail::ViewOf(left), detail::ViewOf(right),
                                                                  detail::RangeOf(results), angular, -1.0);
 }
-/// left[i].IsUnitCodirectionalTo(right[i], angular).
+/// left[i].IsUnitCodirectionalTo(right[i], angular): a sine squared.
 template <class Left, class Right>
 void IsUnitCodirectionalTo(Left const& left, Right const& right, unsigned char* results, std::size_t count,
                            double angular = -1.0)
@@ -320,7 +320,7 @@ void IsUnitCodirectionalTo(Left const& left, Right const& right, Results&& resul
     detail::ComputeTest<detail::TestOperation::IsUnitCodirectionalTo>(
         detail::ViewOf(left), detail::ViewOf(right), detail::RangeOf(results), angular, -1.0);
 }
-/// left[i].IsUnitPerpendicularTo(right[i], angular).
+/// left[i].IsUnitPerpendicularTo(right[i], angular): a sine squared.
 template <class Left, class Right>
 void IsUnitPerpendicularTo(Left const& left, Right const& right, unsigned char* results, std::size_t count,
                            double angular = -1.0)
@@ -337,8 +337,8 @@ void IsUnitPerpendicularTo(Left const& left, Right const& right, Results&& resul
     detail::ComputeTest<detail::TestOperation::IsUnitPerpendicularTo>(
         detail::ViewOf(left), detail::ViewOf(right), detail::RangeOf(results), angular, -1.0);
 }
-/// left[i].IsEqualTo(right[i], angular, length) of vectors, and left[i].IsEqualTo(right[i], distance) of
-/// points, whose distance is a plain length and takes the place of the angle.
+/// left[i].IsEqualTo(right[i], angular, length) of vectors (a sine squared and a squared length), and
+/// left[i].IsEqualTo(right[i], distance) of points, whose distance, a plain length, takes the angle's place.
 template <class Left, class Right>
 void IsEqualTo(Left const& left, Right const& right, unsigned char* results, std::size_t count,
                double angular = -1.0, double length = -1.0)

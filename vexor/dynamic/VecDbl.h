@@ -196,12 +196,12 @@ public:
     VEXOR_API int IsNull() const;
     /// 1 if `LengthSquared()` is within the tolerance, a squared length.
     VEXOR_API int IsZeroLength(double length = -1.0) const;
-    /// 1 if 1 − Q is within `angular`, a sine squared: parallel or antiparallel. `length` is a squared
+    /// 1 if 1 − Q is within `angular`, a sine squared (parallel or antiparallel); `length` is a squared
     /// length.
     VEXOR_API int IsParallelTo(VecDbl const& other, double angular = -1.0, double length = -1.0) const;
     /// 1 if parallel (`angular` a sine squared, `length` a squared length) and the dot product is above 0.
     VEXOR_API int IsCodirectionalTo(VecDbl const& other, double angular = -1.0, double length = -1.0) const;
-    /// 1 if Q is within `angular`, a sine squared. `length` is a squared length.
+    /// 1 if Q is within `angular`, a sine squared; `length` is a squared length.
     VEXOR_API int IsPerpendicularTo(VecDbl const& other, double angular = -1.0, double length = -1.0) const;
     /// For two unit vectors: 1 if |1 − d·d| is within the tolerance, a sine squared.
     VEXOR_API int IsUnitParallelTo(VecDbl const& other, double angular = -1.0) const;

@@ -163,12 +163,12 @@ public:
     VEXOR_API int IsNull() const;
     /// 1 if the rounded `LengthSquared()` is within the tolerance, a squared length.
     VEXOR_API int IsZeroLength(float length = -1.0f) const;
-    /// 1 if 1 − Q is within `angular`, a sine squared: parallel or antiparallel. `length` is a squared
+    /// 1 if 1 − Q is within `angular`, a sine squared (parallel or antiparallel); `length` is a squared
     /// length.
     VEXOR_API int IsParallelTo(VecFlt const& other, float angular = -1.0f, float length = -1.0f) const;
     /// 1 if parallel (`angular` a sine squared, `length` a squared length) and the dot product is above 0.
     VEXOR_API int IsCodirectionalTo(VecFlt const& other, float angular = -1.0f, float length = -1.0f) const;
-    /// 1 if Q is within `angular`, a sine squared. `length` is a squared length.
+    /// 1 if Q is within `angular`, a sine squared; `length` is a squared length.
     VEXOR_API int IsPerpendicularTo(VecFlt const& other, float angular = -1.0f, float length = -1.0f) const;
     /// For two unit vectors: 1 if |1 − d·d|, rounded, is within the tolerance, a sine squared.
     VEXOR_API int IsUnitParallelTo(VecFlt const& other, float angular = -1.0f) const;

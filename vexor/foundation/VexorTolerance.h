@@ -30,8 +30,8 @@ public:
     /// The square of the sine of the angle, as stored.
     VEXOR_INLINE float GetSin2Angle() { return sin2Angle; }
 
-    /// Sets the length. The argument is rounded to single first; the square of that single, formed in double,
-    /// is rounded to single again. The argument is not validated.
+    /// Sets the length in the caller's unit. It is rounded to single first; the square of that single, formed
+    /// in double, is rounded to single again. The argument is not validated.
     VEXOR_API void SetLength(double length);
     /// The length, as stored.
     VEXOR_INLINE float GetLength() { return length; }

@@ -256,7 +256,7 @@ public:
     /// squared length. Two exactly null vectors are equal. A vector that is not null but within the global's
     /// length tolerance is unequal to everything, even to itself, for every `length`.
     VEXOR_INLINE int IsEqualTo(Vec2Dbl const& other, double angular = -1.0, double length = -1.0) const;
-    /// 1 if 1 − Q is within `angular`, a sine squared: parallel or antiparallel. `length` is a squared
+    /// 1 if 1 − Q is within `angular`, a sine squared (parallel or antiparallel); `length` is a squared
     /// length.
     VEXOR_INLINE int IsParallelTo(Vec2Dbl const& other, double angular = -1.0, double length = -1.0) const
     {
@@ -271,7 +271,7 @@ public:
     {
         return int(Dot(other) > 0.0) & IsParallelTo(other, angular, length);
     }
-    /// 1 if Q is within `angular`, a sine squared. `length` is a squared length.
+    /// 1 if Q is within `angular`, a sine squared; `length` is a squared length.
     VEXOR_INLINE int IsPerpendicularTo(Vec2Dbl const& other, double angular = -1.0,
                                        double length = -1.0) const
     {

@@ -235,7 +235,7 @@ public:
     /// 1 if the directions agree within `angular`, a sine squared, and the difference is within `length`, a
     /// squared length. Each component of the difference is rounded, and its squared length again.
     VEXOR_INLINE int IsEqualTo(Vec3Flt const& other, float angular = -1.0f, float length = -1.0f) const;
-    /// 1 if 1 − Q is within `angular`, a sine squared: parallel or antiparallel. `length` is a squared
+    /// 1 if 1 − Q is within `angular`, a sine squared (parallel or antiparallel); `length` is a squared
     /// length.
     VEXOR_INLINE int IsParallelTo(Vec3Flt const& other, float angular = -1.0f, float length = -1.0f) const
     {
@@ -250,7 +250,7 @@ public:
     {
         return int(Dot(other) > 0.0f) & IsParallelTo(other, angular, length);
     }
-    /// 1 if Q is within `angular`, a sine squared. `length` is a squared length.
+    /// 1 if Q is within `angular`, a sine squared; `length` is a squared length.
     VEXOR_INLINE int IsPerpendicularTo(Vec3Flt const& other, float angular = -1.0f,
                                        float length = -1.0f) const
     {
