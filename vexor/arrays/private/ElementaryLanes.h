@@ -5,7 +5,8 @@
 #include <cstdint>
 
 // Arc cosine, sine and cosine of lanes. This is the fast step of vexor/elementary with a fused multiply-add: its
-// tables, its operations and its error bounds, which docs/elementary.md derives. The result is the double nearest
+// tables and series, with sums of more operations and without branches. docs/elementary.md derives its error bounds
+// and names what differs here. The result is the double nearest
 // to the true value. That double is unique, so it does not matter that other code computes it for one number.
 // The functions return the lanes whose rounding the bound decides. The others need the scalar function.
 
@@ -168,7 +169,7 @@ VEXOR_ALWAYS_INLINE Mask SineAndCosine(Doubles const& x, Doubles& sine, Doubles&
     double const* rows[width];
     VEXOR_UNROLL(24)
     for (int lane = 0; lane < width; ++lane)
-        rows[lane] = &tables::sineTable[indices[lane]].sineHigh;
+        rows[lane] = &tables::sineTable[indices[lane]].sine;
     Lanes<4> const entry = LoadFours(rows, 0);
 
     Doubles const r = rest.high;
@@ -182,7 +183,7 @@ VEXOR_ALWAYS_INLINE Mask SineAndCosine(Doubles const& x, Doubles& sine, Doubles&
         MultiplyAdd(square, MultiplyAdd(square, All(-0x1.6c16c16c16c17p-10), All(0x1.5555555555555p-5)),
                     All(-0.5)),
         -(r * rest.low));
-    Doubles const reduction = MultiplyAdd(Magnitude(r), All(0x1p-67), count * All(0x1p-120));
+    Doubles const reduction = MultiplyAdd(Magnitude(r), All(0x1.4p-67), count * All(0x1p-120));
     Sum const s = {entry.c[0], entry.c[1]};
     Sum const c = {entry.c[2], entry.c[3]};
     Mask const isSineDecided = SineOfSum(s, c, rest, odd, even, reduction, sine);
