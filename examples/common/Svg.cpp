@@ -1,7 +1,7 @@
 #include "common/Svg.h"
 
 #include "common/Finite.h"
-#include "common/InputError.h"
+#include "common/OutputFile.h"
 #include "common/Text.h"
 
 #include <vexor/extras/interpolate.h>
@@ -9,7 +9,6 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdio>
-#include <fstream>
 
 namespace examples {
 
@@ -168,18 +167,31 @@ void Svg::ScaleBar(Panel const& panel, double pixelsPerUnit, std::string const& 
     Text(from + Vec2Dbl(4.0, -8.0), label + unit, "fill=\"#333\"");
 }
 
+// Lines as thick as they are long take fewer letters than rectangles.
+void Svg::Squares(std::vector<Pnt2Dbl> const& corners, double side, std::string const& colour)
+{
+    body += "<path d=\"";
+    for (Pnt2Dbl const& corner : corners)
+        body +=
+            "M" + Decimals(corner.x, 0) + "," + Decimals(corner.y + 0.5 * side, 0) + "h" + Decimals(side, 0);
+    body += "\" stroke=\"" + colour + "\" stroke-width=\"" + Decimals(side, 0) + "\"/>\n";
+}
+
+void Svg::Write(std::ostream& stream) const
+{
+    stream << "<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"" << Decimals(width, 0) << "\" height=\""
+           << Decimals(height, 0) << "\" viewBox=\"0 0 " << Decimals(width, 0) << " " << Decimals(height, 0)
+           << "\" font-family=\"Helvetica, Arial, 'Liberation Sans', 'DejaVu Sans', sans-serif\" "
+              "font-size=\"14\">\n"
+           << "<rect width=\"100%\" height=\"100%\" fill=\"white\"/>\n"
+           << body << "</svg>\n";
+}
+
 void Svg::Save(std::string const& path) const
 {
-    std::ofstream file(path);
-    file << "<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"" << Decimals(width, 0) << "\" height=\""
-         << Decimals(height, 0) << "\" viewBox=\"0 0 " << Decimals(width, 0) << " " << Decimals(height, 0)
-         << "\" font-family=\"Helvetica, Arial, 'Liberation Sans', 'DejaVu Sans', sans-serif\" "
-            "font-size=\"14\">\n"
-         << "<rect width=\"100%\" height=\"100%\" fill=\"white\"/>\n"
-         << body << "</svg>\n";
-    file.close();
-    if (!file)
-        throw InputError(path + ": cannot be written");
+    OutputFile file(path);
+    Write(file.Stream());
+    file.Finish();
 }
 
 } // namespace examples

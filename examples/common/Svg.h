@@ -2,6 +2,7 @@
 #include <vexor/matrices/AffMat2Dbl.h>
 #include <vexor/points/Pnt2Dbl.h>
 
+#include <ostream>
 #include <string>
 #include <vector>
 
@@ -52,7 +53,11 @@ public:
     /// A bar of a round length with its label, at the lower left of the panel.
     void ScaleBar(Panel const& panel, double pixelsPerUnit, std::string const& unit);
 
-    /// Writes the file. Raises InputError if that fails.
+    /// Squares of one colour. Their upper left corners and their side, an even number, are whole numbers.
+    void Squares(std::vector<Pnt2Dbl> const& corners, double side, std::string const& colour);
+
+    void Write(std::ostream& stream) const;
+    /// Writes the file as a whole or not at all. Raises InputError if that fails.
     void Save(std::string const& path) const;
 
 private:

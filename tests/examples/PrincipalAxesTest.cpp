@@ -171,7 +171,8 @@ TEST(ReadPointCloud, RefusesABinaryCoordinateThatIsNoNumber)
         ReadPointCloud(scratch.Path());
         FAIL() << "no complaint";
     } catch (InputError const& error) {
-        EXPECT_EQ(error.what(), scratch.Path() + ": point 1 of 1: a coordinate is not a finite number");
+        EXPECT_EQ(error.what(),
+                  scratch.Path() + ": byte 115, point 1 of 1: the property 'y' is not a finite number");
     }
 }
 
