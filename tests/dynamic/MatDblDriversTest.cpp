@@ -49,6 +49,25 @@ void ReturnsOrRaises(Operation operation)
     }
 }
 
+/// Solves for one and for many right-hand sides, each with new factors and with kept ones.
+template <class Solve, class ReSolve>
+void ExpectSolutions(MatDbl const& a, Numbers& numbers, Solve solve, ReSolve reSolve)
+{
+    Wide const wide(a);
+    auto const expectSolution = [&](MatDbl& factors, auto const& side, auto const& method) {
+        auto x(side);
+        method(factors, x);
+        EXPECT_LT(SolutionRatio(wide, Wide(x), Wide(side)), linearThreshold);
+    };
+    MatDbl factors(a);
+    expectSolution(factors, RandomVector(a.RowCount(), numbers), solve);
+    expectSolution(factors, RandomVector(a.RowCount(), numbers), reSolve);
+    MatDbl const many = RandomMatrix(a.RowCount(), 3, numbers);
+    expectSolution(factors, many, reSolve);
+    MatDbl again(a);
+    expectSolution(again, many, solve);
+}
+
 std::vector<double> const conditions = {2.0, 1e7, 1e13};
 int const sizes[] = {1, 2, 3, 4, 5, 8, 17, 40};
 
@@ -63,28 +82,9 @@ TEST(MatDbl, SolveOfDesignedSystems)
         for (double condition : conditions) {
             for (auto const& spectrum : Spectra(n, condition)) {
                 MatDbl const a = WithSingularValues(n, n, spectrum, numbers).Narrow();
-                Wide const wide(a);
-
-                MatDbl factors(a);
-                VecDbl const b = RandomVector(n, numbers);
-                VecDbl x(b);
-                factors.Solve(x);
-                EXPECT_LT(SolutionRatio(wide, Wide(x), Wide(b)), linearThreshold);
-
-                // The kept factors serve any later right-hand side, one or many.
-                VecDbl const c = RandomVector(n, numbers);
-                VecDbl y(c);
-                factors.ReSolve(y);
-                EXPECT_LT(SolutionRatio(wide, Wide(y), Wide(c)), linearThreshold);
-                MatDbl const many = RandomMatrix(n, 3, numbers);
-                MatDbl z(many);
-                factors.ReSolve(z);
-                EXPECT_LT(SolutionRatio(wide, Wide(z), Wide(many)), linearThreshold);
-
-                MatDbl again(a);
-                MatDbl w(many);
-                again.Solve(w);
-                EXPECT_LT(SolutionRatio(wide, Wide(w), Wide(many)), linearThreshold);
+                ExpectSolutions(
+                    a, numbers, [](MatDbl& m, auto& side) { m.Solve(side); },
+                    [](MatDbl& m, auto& side) { m.ReSolve(side); });
             }
         }
     }
@@ -344,25 +344,9 @@ TEST(MatDbl, SolveSymOfDesignedSystems)
                 for (std::size_t i = 0; i < spectrum.size(); i += 2)
                     spectrum[i] = -spectrum[i]; // indefinite
                 MatDbl const a = WithEigenvalues(spectrum, numbers).Narrow();
-                Wide const wide(a);
-
-                MatDbl factors(a);
-                VecDbl const b = RandomVector(n, numbers);
-                VecDbl x(b);
-                factors.SolveSym(x);
-                EXPECT_LT(SolutionRatio(wide, Wide(x), Wide(b)), linearThreshold);
-                VecDbl const c = RandomVector(n, numbers);
-                VecDbl y(c);
-                factors.ReSolveSym(y);
-                EXPECT_LT(SolutionRatio(wide, Wide(y), Wide(c)), linearThreshold);
-                MatDbl const many = RandomMatrix(n, 3, numbers);
-                MatDbl z(many);
-                factors.ReSolveSym(z);
-                EXPECT_LT(SolutionRatio(wide, Wide(z), Wide(many)), linearThreshold);
-                MatDbl again(a);
-                MatDbl w(many);
-                again.SolveSym(w);
-                EXPECT_LT(SolutionRatio(wide, Wide(w), Wide(many)), linearThreshold);
+                ExpectSolutions(
+                    a, numbers, [](MatDbl& m, auto& side) { m.SolveSym(side); },
+                    [](MatDbl& m, auto& side) { m.ReSolveSym(side); });
             }
         }
     }

@@ -4,6 +4,7 @@
 
 #include <matrices/Draws.h>
 #include <support/Bits.h>
+#include <support/Components.h>
 #include <support/Fixtures.h>
 
 #include <array>
@@ -15,21 +16,10 @@ using namespace vexor_test;
 
 namespace {
 
+using vexor_test::ExpectBits;
 using vexor_test::nan; // and not the function of <cmath>
 
 constexpr double pi = 3.141592653589793;
-
-void ExpectBits(Vec3Dbl const& actual, double x, double y, double z)
-{
-    EXPECT_SAME_BITS(actual.x, x);
-    EXPECT_SAME_BITS(actual.y, y);
-    EXPECT_SAME_BITS(actual.z, z);
-}
-
-void ExpectBits(Pnt3Dbl const& actual, double x, double y, double z)
-{
-    ExpectBits(actual.Vector(), x, y, z);
-}
 
 void ExpectBits(AffMat3Dbl const& actual, AffMat3Dbl const& expected)
 {

@@ -3,6 +3,7 @@
 #include <vexor/matrices/AffMat2Dbl.h>
 
 #include <support/Bits.h>
+#include <support/Components.h>
 #include <support/Fixtures.h>
 
 #include <cmath>
@@ -14,15 +15,10 @@ using namespace vexor_test;
 
 namespace {
 
+using vexor_test::ExpectBits;
 using vexor_test::nan; // and not the function of <cmath>
 
 constexpr double h = 0x1.6a09e667f3bccp-1; // 1 / the double √2
-
-void ExpectBits(Vec2Dbl const& actual, double x, double y)
-{
-    EXPECT_SAME_BITS(actual.x, x);
-    EXPECT_SAME_BITS(actual.y, y);
-}
 
 void ExpectBits(Mat2Dbl const& actual, double m00, double m01, double m10, double m11)
 {

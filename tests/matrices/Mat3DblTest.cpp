@@ -6,6 +6,7 @@
 #include <matrices/Draws.h>
 #include <matrices/SmallSolverReference.h>
 #include <support/Bits.h>
+#include <support/Components.h>
 #include <support/Fixtures.h>
 
 #include <array>
@@ -17,14 +18,8 @@ using namespace vexor_test;
 
 namespace {
 
+using vexor_test::ExpectBits;
 using vexor_test::nan; // and not the function of <cmath>
-
-void ExpectBits(Vec3Dbl const& actual, double x, double y, double z)
-{
-    EXPECT_SAME_BITS(actual.x, x);
-    EXPECT_SAME_BITS(actual.y, y);
-    EXPECT_SAME_BITS(actual.z, z);
-}
 
 void ExpectBits(Mat3Dbl const& actual, Mat3Dbl const& expected)
 {

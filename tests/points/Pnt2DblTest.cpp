@@ -4,6 +4,7 @@
 #include <vexor/points/Pnt3Dbl.h>
 
 #include <support/Bits.h>
+#include <support/Components.h>
 #include <support/Fixtures.h>
 
 #include <type_traits>
@@ -14,13 +15,6 @@ using namespace vexor_test;
 namespace {
 
 using vexor_test::nan; // and not the function of <cmath>
-
-template <class Pair>
-void ExpectBits(Pair const& actual, double x, double y)
-{
-    EXPECT_SAME_BITS(actual.x, x);
-    EXPECT_SAME_BITS(actual.y, y);
-}
 
 // ---- Construction ----------------------------------------------------------------------------------
 
@@ -101,16 +95,9 @@ TEST(Pnt2Dbl, AddAssign)
     ExpectBits(p, 24.0, 4.0);
 }
 
-template <class Point, class Other, class = void>
-constexpr bool subtracts = false;
-template <class Point, class Other>
-constexpr bool
-    subtracts<Point, Other, std::void_t<decltype(std::declval<Point&>() -= std::declval<Other const&>())>> =
-        true;
-
 TEST(Pnt2Dbl, SubtractAssign)
 {
-    static_assert(subtracts<Pnt2Dbl, Vec2Dbl> && !subtracts<Pnt2Dbl, Pnt2Dbl>, "");
+    static_assert(subtractAssigns<Pnt2Dbl, Vec2Dbl> && !subtractAssigns<Pnt2Dbl, Pnt2Dbl>, "");
     Pnt2Dbl p(1.0, -0.0);
     EXPECT_EQ(&(p -= Vec2Dbl(10.0, 0.0)), &p);
     ExpectBits(p, -9.0, -0.0);

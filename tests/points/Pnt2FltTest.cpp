@@ -3,6 +3,7 @@
 #include <vexor/points/Pnt3Flt.h>
 
 #include <support/Bits.h>
+#include <support/Components.h>
 #include <support/Fixtures.h>
 
 #include <cmath>
@@ -14,13 +15,6 @@ using namespace vexor_test;
 namespace {
 
 using vexor_test::nan; // and not the function of <cmath>
-
-template <class Pair>
-void ExpectBits(Pair const& actual, float x, float y)
-{
-    EXPECT_SAME_BITS(actual.x, x);
-    EXPECT_SAME_BITS(actual.y, y);
-}
 
 // A component that is no single: rounded to one it is 2^-24.
 constexpr double halfUnitAndMore = 0x1p-24 + 0x1p-50;
@@ -92,13 +86,6 @@ template <class Left, class Right>
 constexpr bool
     addAssigns<Left, Right, std::void_t<decltype(std::declval<Left&>() += std::declval<Right const&>())>> =
         true;
-
-template <class Left, class Right, class = void>
-constexpr bool subtractAssigns = false;
-template <class Left, class Right>
-constexpr bool subtractAssigns<Left, Right,
-                               std::void_t<decltype(std::declval<Left&>() -= std::declval<Right const&>())>> =
-    true;
 
 template <class Point, class = void>
 constexpr bool isOrdered = false;

@@ -3,6 +3,7 @@
 #include <vexor/points/Pnt3Flt.h>
 
 #include <support/Bits.h>
+#include <support/Components.h>
 #include <support/Fixtures.h>
 
 #include <type_traits>
@@ -13,21 +14,6 @@ using namespace vexor_test;
 namespace {
 
 using vexor_test::nan; // and not the function of <cmath>
-
-template <class Triple>
-void ExpectBits(Triple const& actual, double x, double y, double z)
-{
-    EXPECT_SAME_BITS(actual.x, x);
-    EXPECT_SAME_BITS(actual.y, y);
-    EXPECT_SAME_BITS(actual.z, z);
-}
-
-void ExpectSingleBits(Pnt3Flt const& actual, float x, float y, float z)
-{
-    EXPECT_SAME_BITS(actual.x, x);
-    EXPECT_SAME_BITS(actual.y, y);
-    EXPECT_SAME_BITS(actual.z, z);
-}
 
 // ---- Construction ----------------------------------------------------------------------------------
 
@@ -68,9 +54,9 @@ TEST(Pnt3Dbl, Vector)
 TEST(Pnt3Dbl, ToPnt3FltRoundsToNearest)
 {
     // Halfway cases go to the even single; beyond the largest single by half a unit lies infinity.
-    ExpectSingleBits(Pnt3Dbl(1.0 + 0x1p-24, 1.0 + 3 * 0x1p-24, 1.0 + 0x1p-24 + 0x1p-52).ToPnt3Flt(), 1.0f,
-                     1.0f + 0x1p-22f, 1.0f + 0x1p-23f);
-    ExpectSingleBits(Pnt3Dbl(1e300, -1e-300, nan).ToPnt3Flt(), infinityFlt, -0.0f, nanFlt);
+    ExpectBits(Pnt3Dbl(1.0 + 0x1p-24, 1.0 + 3 * 0x1p-24, 1.0 + 0x1p-24 + 0x1p-52).ToPnt3Flt(), 1.0f,
+               1.0f + 0x1p-22f, 1.0f + 0x1p-23f);
+    ExpectBits(Pnt3Dbl(1e300, -1e-300, nan).ToPnt3Flt(), infinityFlt, -0.0f, nanFlt);
 }
 
 // ---- Arithmetic ------------------------------------------------------------------------------------
@@ -107,16 +93,9 @@ TEST(Pnt3Dbl, AddAssign)
 }
 
 // What a point minus a point yields is a vector, so no compound form takes a point.
-template <class Point, class Other, class = void>
-constexpr bool subtracts = false;
-template <class Point, class Other>
-constexpr bool
-    subtracts<Point, Other, std::void_t<decltype(std::declval<Point&>() -= std::declval<Other const&>())>> =
-        true;
-
 TEST(Pnt3Dbl, SubtractAssign)
 {
-    static_assert(subtracts<Pnt3Dbl, Vec3Dbl> && !subtracts<Pnt3Dbl, Pnt3Dbl>, "");
+    static_assert(subtractAssigns<Pnt3Dbl, Vec3Dbl> && !subtractAssigns<Pnt3Dbl, Pnt3Dbl>, "");
     Pnt3Dbl p(1.0, 2.0, -0.0);
     EXPECT_EQ(&(p -= Vec3Dbl(10.0, 2.0, 0.0)), &p);
     ExpectBits(p, -9.0, 0.0, -0.0);

@@ -1,6 +1,7 @@
 #include <vexor/points/Pnt3Flt.h>
 
 #include <support/Bits.h>
+#include <support/Components.h>
 #include <support/Fixtures.h>
 
 #include <type_traits>
@@ -9,14 +10,6 @@
 using namespace vexor_test;
 
 namespace {
-
-template <class Triple>
-void ExpectBits(Triple const& actual, float x, float y, float z)
-{
-    EXPECT_SAME_BITS(actual.x, x);
-    EXPECT_SAME_BITS(actual.y, y);
-    EXPECT_SAME_BITS(actual.z, z);
-}
 
 // ---- Construction ----------------------------------------------------------------------------------
 
@@ -102,16 +95,9 @@ TEST(Pnt3Flt, AddAssign)
     ExpectBits(p, 24.0f, 4.0f, 6.0f);
 }
 
-template <class Point, class Other, class = void>
-constexpr bool subtracts = false;
-template <class Point, class Other>
-constexpr bool
-    subtracts<Point, Other, std::void_t<decltype(std::declval<Point&>() -= std::declval<Other const&>())>> =
-        true;
-
 TEST(Pnt3Flt, SubtractAssign)
 {
-    static_assert(subtracts<Pnt3Flt, Vec3Flt> && !subtracts<Pnt3Flt, Pnt3Flt>, "");
+    static_assert(subtractAssigns<Pnt3Flt, Vec3Flt> && !subtractAssigns<Pnt3Flt, Pnt3Flt>, "");
     Pnt3Flt p(1.0f, 2.0f, -0.0f);
     EXPECT_EQ(&(p -= Vec3Flt(10.0f, 2.0f, 0.0f)), &p);
     ExpectBits(p, -9.0f, 0.0f, -0.0f);

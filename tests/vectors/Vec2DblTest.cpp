@@ -3,6 +3,7 @@
 #include <vexor/vectors/Vec2Flt.h>
 
 #include <support/Bits.h>
+#include <support/Components.h>
 #include <support/Fixtures.h>
 
 #include <algorithm>
@@ -20,12 +21,6 @@ using vexor_test::nan; // and not the function of <cmath>
 constexpr double pi = 3.141592653589793;
 constexpr double twoPi = 6.283185307179586;
 constexpr double largest = std::numeric_limits<double>::max();
-
-void ExpectBits(Vec2Dbl const& actual, double x, double y)
-{
-    EXPECT_SAME_BITS(actual.x, x);
-    EXPECT_SAME_BITS(actual.y, y);
-}
 
 /// Every vector with components out of a few values with ties, both zeros and opposite signs.
 std::vector<Vec2Dbl> SmallVectors()

@@ -1,6 +1,7 @@
 #include <vexor/vectors/Vec2Flt.h>
 
 #include <support/Bits.h>
+#include <support/Components.h>
 #include <support/Fixtures.h>
 
 #include <cmath>
@@ -15,12 +16,6 @@ namespace {
 using vexor_test::nan; // and not the function of <cmath>
 
 constexpr float pi = 0x1.921fb6p+1f; // the single nearest π
-
-void ExpectBits(Vec2Flt const& actual, float x, float y)
-{
-    EXPECT_SAME_BITS(actual.x, x);
-    EXPECT_SAME_BITS(actual.y, y);
-}
 
 // ---- Construction ----------------------------------------------------------------------------------
 

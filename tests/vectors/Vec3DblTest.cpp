@@ -3,6 +3,7 @@
 #include <vexor/vectors/Vec3Flt.h>
 
 #include <support/Bits.h>
+#include <support/Components.h>
 #include <support/Fixtures.h>
 
 #include <algorithm>
@@ -16,20 +17,6 @@ namespace {
 using vexor_test::nan; // and not the function of <cmath>
 
 constexpr double pi = 3.141592653589793;
-
-void ExpectBits(Vec3Dbl const& actual, double x, double y, double z)
-{
-    EXPECT_SAME_BITS(actual.x, x);
-    EXPECT_SAME_BITS(actual.y, y);
-    EXPECT_SAME_BITS(actual.z, z);
-}
-
-void ExpectBits(Vec3Flt const& actual, float x, float y, float z)
-{
-    EXPECT_SAME_BITS(actual.x, x);
-    EXPECT_SAME_BITS(actual.y, y);
-    EXPECT_SAME_BITS(actual.z, z);
-}
 
 void ExpectNear(Vec3Dbl const& actual, double x, double y, double z, double bound)
 {

@@ -1,6 +1,7 @@
 #include <vexor/vectors/Vec3Flt.h>
 
 #include <support/Bits.h>
+#include <support/Components.h>
 #include <support/Fixtures.h>
 
 #include <algorithm>
@@ -18,13 +19,6 @@ namespace {
 using vexor_test::nan; // and not the function of <cmath>
 
 constexpr float pi = 0x1.921fb6p+1f; // the single nearest π
-
-void ExpectBits(Vec3Flt const& actual, float x, float y, float z)
-{
-    EXPECT_SAME_BITS(actual.x, x);
-    EXPECT_SAME_BITS(actual.y, y);
-    EXPECT_SAME_BITS(actual.z, z);
-}
 
 /// Every vector with components out of a few values with ties, both zeros and opposite signs.
 std::vector<Vec3Flt> SmallVectors()
