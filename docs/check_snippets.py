@@ -37,6 +37,7 @@ def source(path, region):
 def main():
     write = "--write" in sys.argv
     wrong = blocks = 0
+    installing = (root / "docs/guides/installing.md").read_text()
     for page in [root / "README.md", *sorted((root / "docs").rglob("*.md"))]:
         text = page.read_text()
 
@@ -61,6 +62,11 @@ def main():
         filled = BLOCK.sub(check, text)
         if write and filled != text:
             page.write_text(filled)
+        # scripts/test-install runs the shell commands of the installation page; other pages may repeat them.
+        for commands in re.findall(r"^```sh\n(.*?)```\n", text, re.S | re.M):
+            if page.name in ("README.md", "get-started.md") and commands not in installing:
+                print("%s: these commands are not on the installation page:\n%s" % (page.name, commands))
+                wrong += 1
     if wrong:
         raise SystemExit("%d blocks differ" % wrong)
     if blocks == 0:

@@ -1,4 +1,4 @@
-// Draws the pictures of docs/conventions.md, or compares those that stand there with what the library draws
+// Draws the pictures of docs/conventions.md and docs/guides/recipes.md, or compares those that stand there with what the library draws
 // now.
 //
 // Usage: vexor_pictures [--compare] FOLDER        FOLDER is docs/pictures/
@@ -17,10 +17,18 @@ struct Picture {
 };
 
 Picture const pictures[] = {
-    {"active-rotation", ActiveRotation},      {"product-order", ProductOrder},
-    {"rows-and-columns", RowsAndColumns},     {"euler-order", EulerOrder},
-    {"axis-and-angle", AxisAndAngle},         {"rotation-about-a-line", RotationAboutALine},
+    {"active-rotation", ActiveRotation},
+    {"product-order", ProductOrder},
+    {"rows-and-columns", RowsAndColumns},
+    {"euler-order", EulerOrder},
+    {"axis-and-angle", AxisAndAngle},
+    {"rotation-about-a-line", RotationAboutALine},
     {"points-and-vectors", PointsAndVectors},
+    {"recipe-plane", RecipePlane},
+    {"recipe-frame", RecipeFrame},
+    {"recipe-solve", RecipeSolve},
+    {"recipe-align", RecipeAlign},
+    {"recipe-drift", RecipeDrift},
 };
 
 bool IsCurrent(std::string const& path, std::string const& text)
