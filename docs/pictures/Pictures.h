@@ -16,3 +16,7 @@ std::string RecipeFrame();
 std::string RecipeSolve();
 std::string RecipeAlign();
 std::string RecipeDrift();
+
+/// Pictures of example programs.
+std::string ExampleRegression();
+std::string ExampleTurningBody();

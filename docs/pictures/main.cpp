@@ -29,6 +29,8 @@ Picture const pictures[] = {
     {"recipe-solve", RecipeSolve},
     {"recipe-align", RecipeAlign},
     {"recipe-drift", RecipeDrift},
+    {"example-regression", ExampleRegression},
+    {"example-turning-body", ExampleTurningBody},
 };
 
 bool IsCurrent(std::string const& path, std::string const& text)

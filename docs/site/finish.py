@@ -14,12 +14,23 @@ import sys
 
 import search_index
 
+SMALLEST_LETTERING = 11  # pixels; check.py measures it on the pages
+site = pathlib.Path(sys.argv[1])
+docs = pathlib.Path(__file__).resolve().parent.parent
+# Each folder of examples/ with a README is a page.
+EXAMPLES = sorted(page.parent.name for page in docs.parent.glob("examples/*/README.md"))
 NAVIGATION = [
-    ("Guides", [
-        ("index.html", "Overview"),
-        ("md_docs_guides_installing.html", "Installing"),
-        ("md_docs_guides_first_steps.html", "First steps"),
+    ("Start", [
+        ("md_docs_guides_get_started.html", "Get started"),
+        ("md_docs_guides_recipes.html", "Recipes, with pictures"),
         ("md_docs_conventions.html", "Conventions"),
+        ("md_docs_guides_installing.html", "Installing"),
+        ("index.html", "Overview"),
+    ]),
+    ("Examples", [("examples.html", "All examples")] + [
+        ("example_%s.html" % name, name.replace("_", " ").capitalize()) for name in EXAMPLES]),
+    ("Guides", [
+        ("md_docs_guides_first_steps.html", "First steps"),
         ("md_docs_guides_tolerances.html", "Tolerances"),
         ("md_docs_guides_solvers.html", "Choosing a solver"),
         ("md_docs_guides_storage.html", "Storage and views"),
@@ -55,9 +66,6 @@ NAVIGATION = [
         ("md_CONTRIBUTING.html", "Contributing"),
     ]),
 ]
-SMALLEST_LETTERING = 11  # pixels; check.py measures it on the pages
-site = pathlib.Path(sys.argv[1])
-docs = pathlib.Path(__file__).resolve().parent.parent
 
 
 def entries(group):
@@ -159,7 +167,7 @@ def finished(page, text):
                   if (site / ("class%s.html" % match.group(1))).exists() else match.group(0), text)
     text = re.sub(r'<div class="ttc".*?</div></div>\n?', "", text)  # tooltips, which need Doxygen's scripts
     text = text.replace('href="Arrays_8h.html"', 'href="md_docs_guides_arrays.html"')
-    text = re.sub(r'<object type="image/svg\+xml" data="([^"]*)"[^>]*></object>',
+    text = re.sub(r'<(?:object|img)\b[^>]*?(?:data|src)="(?:[^"]*/)?([^"/]*\.svg)"[^>]*>(?:</object>)?',
                   lambda match: shown_picture(match.group(1), descriptions.get(match.group(1), "")), text)
     # A constructor has no type before its name.
     text = re.sub(r'(<td class="memItemLeft"[^>]*>(?:<a [^>]*></a>)?\s*)&#160;</td>', r"\1</td>", text)
@@ -179,7 +187,7 @@ for page in site.glob("*_8h.html"):
         page.unlink()
 
 listed = {page for _, group in NAVIGATION for page, _ in entries(group)}
-written = {page.name for pattern in ("index.html", "md_*.html", "class*.html", "*_8h.html")
+written = {page.name for pattern in ("index.html", "md_*.html", "example*.html", "class*.html", "*_8h.html")
            for page in site.glob(pattern)}
 if listed != written:
     raise SystemExit("the navigation and the pages differ in: %s" % " ".join(sorted(listed ^ written)))
