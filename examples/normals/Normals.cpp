@@ -71,6 +71,9 @@ bool ComputeNormals(Slab const& slab, std::size_t neighbourCount, SlabNormals& r
                     ProgressSink const& progress)
 {
     results = SlabNormals();
+    results.numbers.reserve(slab.points.size());
+    results.normals.reserve(slab.points.size());
+    results.neighbours.reserve(slab.points.size() * neighbourCount);
     Neighbours const tree(slab.points);
     std::vector<std::uint32_t> nearest(neighbourCount);
     std::vector<double> distances(neighbourCount);
