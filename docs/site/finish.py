@@ -5,6 +5,7 @@ The navigation is written down here, by hand: a reader looks for a guide by its 
 kind, not by the alphabet. A page that it forgets, or one that no longer exists, stops the build.
 """
 
+import collections
 import html
 import math
 import pathlib
@@ -105,11 +106,11 @@ def contents(text):
 
 
 def linked(text, page, names):
-    """Makes each member that a text names a link: one of this page, or one with its class before it."""
+    """Makes each member that a text names a link: one of this page, of the class before it, or of one page only."""
     def link(match):
         name = html.unescape(match.group(1))
         owner, _, member = re.sub(r"\(.*\)$", "", name).rpartition("::")
-        target = names.get((owner, member)) or (None if owner else names.get((page, member)))
+        target = names.get((owner, member)) if owner else names.get((page, member), alone.get(member))
         return '<code><a class="el" href="%s">%s</a></code>' % (target, match.group(1)) if target else match.group(0)
 
     pieces = re.split(r"(<a [^>]*href.*?</a>|<h\d.*?</h\d>|<pre.*?</pre>)", text, flags=re.S)
@@ -212,6 +213,8 @@ for page, text in texts.items():
             target = "%s#%s" % (page, anchor)
             names.setdefault((page, title), target)
             names.setdefault(("vexor" if page.endswith("_8h.html") else owner, title), target)
+pages_of = collections.Counter(member for owner, member in names if owner in texts)
+alone = {member: target for (owner, member), target in names.items() if owner in texts and pages_of[member] == 1}
 for page, text in texts.items():
     (site / page).write_text(with_whole_chips(linked(text, page, names)))
 search_index.write(site, [page for _, group in NAVIGATION for page, _ in entries(group)])

@@ -116,7 +116,8 @@ function excerpt(text, query) {
     const first = Math.max(phrase < 0 ? text.search(pattern) : phrase, 0);
     const begin = first < 60 ? 0 : text.indexOf(" ", first - 60) + 1;
     const part = document.createElement("span");
-    const shown = (begin ? "… " : "") + text.slice(begin, begin + 170) + (text.length > begin + 170 ? " …" : "");
+    const last = text.length > begin + 170 ? text.lastIndexOf(" ", begin + 170) : text.length;
+    const shown = (begin ? "… " : "") + text.slice(begin, last) + (last < text.length ? " …" : "");
     let end = 0;
     for (const match of shown.matchAll(pattern)) {
         const mark = document.createElement("mark");
