@@ -1,5 +1,5 @@
-// Compiled twice, without and with VEXOR_CHECKED, under one name each. It asks for sizes and offsets alone
-// and calls no member, so that the two may stand in one program.
+// Compiled twice, without and with VEXOR_CHECKED, under a different name each. It uses only sizes and offsets
+// and calls no member, so the two can be linked into one program.
 #include "Layouts.h"
 
 #include <vexor/vexor.h>

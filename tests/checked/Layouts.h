@@ -7,12 +7,12 @@ struct Layout {
     std::string name;
     std::size_t size;
     std::size_t alignment;
-    /// Of a class derived from it with one more byte: shows where its last field ends.
+    /// A class derived from it with one more byte: shows where the last field ends.
     std::size_t extendedSize[8];
-    /// Of its public fields.
+    /// The offsets of its public fields.
     std::vector<std::size_t> offsets;
 };
 
-/// The layouts of the classes, by the code that was compiled without and with VEXOR_CHECKED.
+/// The layouts of the classes in the code compiled without and with VEXOR_CHECKED.
 std::vector<Layout> PlainLayouts();
 std::vector<Layout> CheckedLayouts();

@@ -5,21 +5,21 @@
 #include <cmath>
 #include <limits>
 
-// GoogleTest takes the system's regular expressions where it has them, and has simple ones of its own.
+// GoogleTest uses the system's regular expressions if there are any, else its own simple ones.
 #if GTEST_USES_SIMPLE_RE
 #    define DIGITS "\\d+"
 #else
 #    define DIGITS "[0-9]+"
 #endif
 
-// Each misuse ends the process with the file and the line of the operation and the text, and what stands
-// right beside it does not.
+// Each misuse ends the process with the file and line of the operation and the message; the nearest permitted
+// call does not.
 #define EXPECT_STOP(statement, file, text)                                                                   \
     EXPECT_DEATH(static_cast<void>(statement), "vexor/.*/" file ":" DIGITS ": vexor: " text)
 
 namespace {
 
-// Indices at run time, so that no compiler warns of what is tested.
+// Indices at run time, so that no compiler warns of the misuse under test.
 int Index(int value)
 {
     int volatile hidden = value;
@@ -39,8 +39,8 @@ void ExpectIndexStops(Vector vector, int size, char const* message)
         EXPECT_EQ(vector[index], constant[index]);
 }
 
-/// Row and column are looked at each for itself: an index that another row's element answers to is out of
-/// range as well.
+/// Row and column are checked separately: an index out of range is refused even if it would reach an element
+/// of another row.
 template <class Matrix>
 void ExpectIndexStops(Matrix matrix, int rows, int columns, int lastColumn, char const* message)
 {
@@ -63,7 +63,7 @@ void ExpectIndexStops(Matrix matrix, int rows, int columns, int lastColumn, char
     }
 }
 
-/// Whether any column from some bound up is the last one.
+/// Whether every column above some bound is the last one.
 constexpr int lastColumnRepeats = -1;
 constexpr int noColumnRepeats = std::numeric_limits<int>::max();
 
@@ -146,12 +146,12 @@ TEST(CheckedIndex, RowsAndColumnsOfMatrices)
 
 TEST(CheckedIndex, AffineMaps)
 {
-    // Every column from the translation's up is the translation.
+    // Every column from the translation's on is the translation.
     ExpectIndexStops(AffMat3Dbl(1.0), 3, 4, lastColumnRepeats, "vexor: index out of range");
     ExpectIndexStops(AffMat2Dbl(), 2, 3, lastColumnRepeats, "vexor: index out of range");
     EXPECT_EQ(AffMat3Dbl()(1, Index(1000)), 0.0);
     EXPECT_EQ(AffMat2Dbl()(1, Index(1000)), 0.0);
-    // GetCol knows column 3 alone.
+    // GetCol has the translation in column 3 only.
     AffMat3Dbl const map(2.0);
     EXPECT_EQ(map.GetCol(3).x, 2.0);
     EXPECT_STOP(map.GetCol(4), "Mat3Dbl.h", "index out of range");
@@ -162,7 +162,7 @@ TEST(CheckedIndex, Quaternion)
 {
     Quaternion turn;
     Quaternion const& constant = turn;
-    EXPECT_EQ(turn[Index(1000)], 1.0); // the scalar, from index 3 up
+    EXPECT_EQ(turn[Index(1000)], 1.0); // the scalar, for every index from 3 on
     EXPECT_STOP(turn[Index(-1)], "Quaternion.h", "index out of range");
     EXPECT_STOP(constant[Index(-1)], "Quaternion.h", "index out of range");
     EXPECT_STOP(turn.GetCol(Index(3)), "Vec3Dbl.h", "index out of range");
@@ -175,7 +175,7 @@ TEST(CheckedSize, Dot)
 {
     VecDbl const doubles(2, 1.0);
     EXPECT_EQ(doubles.Dot(VecDbl(2, 3.0)), 6.0);
-    EXPECT_EQ(doubles.Dot(VecDbl(3, 3.0)), 6.0); // over this vector's size
+    EXPECT_EQ(doubles.Dot(VecDbl(3, 3.0)), 6.0); // longer than this vector
     EXPECT_STOP(doubles.Dot(VecDbl(1, 3.0)), "VecDbl.cpp", "Dot with a shorter vector");
     VecFlt const floats(2, 1.0f);
     EXPECT_EQ(floats.Dot(VecFlt(2, 3.0f)), 6.0f);
@@ -202,7 +202,7 @@ TEST(CheckedMat3Dbl, ReSolveOfWhatIsNoFactors)
 
     Mat3Dbl factors = Regular();
     factors.Solve(b);
-    Mat3Dbl copy(factors); // copies the elements alone
+    Mat3Dbl copy(factors); // copies only the elements
     EXPECT_STOP(copy.ReSolve(b), "Mat3Dbl.cpp", "ReSolve on a matrix that was not factorised");
 
     Mat3Dbl inverse = Regular();
@@ -256,7 +256,7 @@ TEST(CheckedMat3Dbl, ReSolveOfFactors)
 TEST(CheckedMat3Dbl, CountOfRightSides)
 {
     Vec3Dbl b[6] = {0.0, 0.0, 0.0, 0.0, 0.0, 0.0};
-    for (int count : {4, 6}) { // the last of so many is read beyond the end
+    for (int count : {4, 6}) { // the last of these lies beyond the array
         Mat3Dbl matrix = Regular();
         EXPECT_STOP(matrix.Solve(b, count), "Mat3Dbl.cpp", "Solve for more than three right-hand sides")
             << count;
@@ -274,7 +274,7 @@ TEST(CheckedMat3Dbl, CountOfRightSides)
         matrix.ReSolve(side);
         EXPECT_LT((side - Vec3Dbl(1.0, 2.0, 3.0)).Length(), 1e-14);
     }
-    // With two, the second is the elements 2 to 4: those that remain of the first solution, and two more.
+    // With two right-hand sides, the second is elements 2 to 4: the last of the first solution, and two more.
     Mat3Dbl matrix = Regular();
     Vec3Dbl sides[2] = {Vec3Dbl(6.0, 10.0, 8.0), Vec3Dbl(0.0, 0.0, 7.0)};
     matrix.Solve(sides, 2);
@@ -335,7 +335,7 @@ TEST(CheckedMatDbl, ReSolveAfterAChangeOfAnyElement)
         MatDbl symmetric = RegularOfRunTimeSize();
         symmetric.SolveSym(b);
         symmetric(i / 3, i % 3) += 1.0;
-        if (i / 3 > i % 3) { // below the diagonal nothing is read
+        if (i / 3 > i % 3) { // elements below the diagonal are not read
             symmetric.ReSolveSym(b);
         } else {
             EXPECT_STOP(symmetric.ReSolveSym(b), "MatDblDrivers.cpp",
@@ -386,7 +386,7 @@ TEST(CheckedAxis, MustBeUnit)
     }
 }
 
-// A null axis has a result: the part along (1, 0, 0) stays, times the cosine.
+// A null axis has a result: the part along (1, 0, 0), times the cosine.
 TEST(CheckedAxis, NullPasses)
 {
     Vec3Dbl const null(0.0, -0.0, 0.0);
@@ -396,7 +396,7 @@ TEST(CheckedAxis, NullPasses)
     EXPECT_EQ(map.LinearPart(), Mat3Dbl(Vec3Dbl(std::cos(1.0), 0.0, 0.0), Vec3Dbl(0.0), Vec3Dbl(0.0)));
 }
 
-// With the flag 0 a quaternion takes every axis as it is.
+// With the flag 0 a quaternion accepts every axis.
 TEST(CheckedAxis, AnyPassesWithTheFlag0)
 {
     Quaternion expected;
@@ -421,10 +421,10 @@ TEST(CheckedAxis, NearlyUnitPasses)
         AffMat3Dbl().SetRotation(Pnt3Dbl(0.0), axis, 1.0);
         Quaternion(axis, 1.0, 0).SetAxisCosAngle(axis, 0.5, 0);
     }
-    // A NaN runs through.
+    // A NaN propagates.
     double const nan = std::numeric_limits<double>::quiet_NaN();
     EXPECT_TRUE(std::isnan(Vec3Dbl(1.0).Rotate(Vec3Dbl(nan, 0.0, 0.0), 1.0).x));
-    // An axis of single precision, and one that is normalised by the operation.
+    // An axis of single precision, and one that the operation normalises.
     Vec3Dbl(1.0).Rotate(Vec3Dbl(Vec3Flt(1.0f, 2.0f, 3.0f).Normalize()), 1.0);
     Quaternion(1.0, 2.0, 3.0, 1.0, 1).SetAxisCosAngle(Vec3Dbl(7.0), 0.5, 1);
     EXPECT_THROW(Quaternion(Vec3Dbl(0.0), 1.0, 1), VexorNullVector);
@@ -443,11 +443,11 @@ TEST(CheckedStorage, OwnBlockAsCallersStorage)
                 "an object's own block is no caller's storage");
     EXPECT_STOP(matrix.ReSize(2, 2, &matrix(0, 0)), "Storage.h",
                 "an object's own block is no caller's storage");
-    // Where nothing changes, the pointer is ignored.
+    // If the size does not change, the pointer is ignored.
     doubles.ReSize(4, &doubles[0]);
     floats.ReSize(4, &floats[0]);
     matrix.ReSize(2, 3, &matrix(0, 0));
-    // The block of a view is the caller's.
+    // A view's block belongs to the caller.
     double block[6] = {1.0, 2.0, 3.0, 4.0, 5.0, 6.0};
     VecDbl view(6, block);
     view.ReSize(2, &view[0]);

@@ -9,8 +9,8 @@
 
 namespace {
 
-// By the bits: the exponent is all ones, the first bit of the fraction, which makes a NaN quiet, is 0, and
-// another one is set.
+// A signalling NaN by its bits: the exponent is all ones, the first bit of the fraction, which would make it
+// quiet, is 0, and another bit of the fraction is set.
 bool IsSignalling(double const& value)
 {
     std::uint64_t bits = 0;
@@ -107,7 +107,7 @@ TEST(CheckedUnset, WhatIsSetOrKeptStays)
     EXPECT_EQ(view[0], 1.0);
     EXPECT_EQ(view[1], 2.0);
     MatDbl matrix(2, 3, 7.0);
-    matrix.ReSize(3, 2); // as many elements, which keep their values
+    matrix.ReSize(3, 2); // the same number of elements, which keep their values
     EXPECT_EQ(matrix(2, 1), 7.0);
     EXPECT_EQ(Quaternion().s, 1.0);
     EXPECT_EQ(AffMat3Dbl()(0, 0), 1.0);

@@ -1,5 +1,5 @@
-// A program for the debugger to stop in, with one object of every class, and each of them in every way that a
-// program holds one.
+// A program in which the debugger stops, with one object of every class, each held in every way in which a
+// program can hold one.
 
 #include <vexor/vexor.h>
 

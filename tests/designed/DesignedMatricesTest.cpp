@@ -10,10 +10,10 @@
 #include <string>
 #include <vector>
 
-// The drivers on matrices whose spectrum is known, from LAPACK's own generator DLATMS, judged as LAPACK's
-// test programs judge the drivers: by residuals divided by what rounding may do to them. Those programs
+// The drivers on matrices with a known spectrum, from LAPACK's own generator DLATMS. As in LAPACK's test
+// programs, the measure is a residual divided by the error that rounding may cause. Those programs
 // accept ratios below 30 for linear systems and least squares and below 50 for spectra. The ratios are
-// scaled by the size of the solution and not by the condition, so that they hold at any condition.
+// scaled by the size of the solution and not by the condition number, so they hold for any condition.
 
 extern "C" void dlatms_(int const* m, int const* n, char const* distribution, int* seed, char const* symmetry,
                         double* d, int const* mode, double const* condition, double const* largest,
@@ -27,7 +27,7 @@ constexpr double spectralThreshold = 50.0;
 constexpr double relativeRounding = 0x1p-53;
 constexpr double lastPlace = 0x1p-52;
 
-// How DLATMS spreads the values from the largest down to the largest / condition.
+// How DLATMS spreads the values between the largest and the largest / condition.
 enum Mode { oneLarge = 1, oneSmall = 2, geometric = 3, arithmetic = 4, random = 5 };
 Mode const modes[] = {oneLarge, oneSmall, geometric, arithmetic, random};
 double const conditions[] = {2.0, 1e4, 1e8, 1e12, 1e16};
@@ -41,7 +41,7 @@ struct Designed {
 
 int seed[4] = {1988, 1989, 1990, 1991};
 
-/// A full matrix; 'N' without symmetry, 'S' symmetric with eigenvalues of either sign.
+/// A full matrix; 'N' without symmetry, 'S' symmetric with eigenvalues of both signs.
 Designed Generate(int rows, int columns, char symmetry, int mode, double condition, double largest = 1.0)
 {
     auto const smaller = static_cast<std::size_t>(std::min(rows, columns));
@@ -61,7 +61,7 @@ MatDbl RandomMatrix(int rows, int columns)
     return Generate(rows, columns, 'N', arithmetic, 2.0).matrix;
 }
 
-/// The largest sum of magnitudes in a column. A NaN anywhere makes it one.
+/// The largest column sum of magnitudes. It is a NaN if any element is.
 double Norm(MatDbl const& m)
 {
     double norm = 0.0;
@@ -84,7 +84,7 @@ MatDbl FirstRows(MatDbl const& m, int count)
     return rows;
 }
 
-/// ‖B − A·X‖ / (‖A‖·‖X‖·eps), the worst of all columns.
+/// ‖B − A·X‖ / (‖A‖·‖X‖·eps), the largest of all columns.
 double SolutionRatio(MatDbl const& a, MatDbl const& x, MatDbl const& b)
 {
     MatDbl const residual = b - a * x;
@@ -111,7 +111,7 @@ double OrthogonalityRatio(MatDbl const& v)
     return Norm(gap) / v.ColumnCount() / lastPlace;
 }
 
-/// The largest distance of the values from the spectrum, as a multiple of the unit.
+/// The largest difference from the spectrum, as a multiple of the unit.
 double SpectrumRatio(VecDbl const& values, std::vector<double> const& spectrum, double unit)
 {
     double worst = 0.0;
@@ -128,7 +128,7 @@ std::string Text(int rows, int columns, int mode, double condition)
            + ", condition " + std::to_string(condition);
 }
 
-/// All sizes up to 50 with every mode and condition, the large ones with the hardest few.
+/// All sizes up to 50 with every mode and condition, the large sizes with the hardest few.
 void ForEachSize(std::function<void(int n, int mode, double condition)> const& check)
 {
     for (int n : sizes) {
@@ -147,8 +147,8 @@ void ForEachSize(std::function<void(int n, int mode, double condition)> const& c
     }
 }
 
-/// Runs a factorising solve. Rounded to doubles, a matrix of this condition can be exactly singular, which
-/// is a raise; one of a smaller condition cannot. Returns whether there is a solution.
+/// Runs a factorising solve. A matrix of this condition, rounded to doubles, can be exactly singular: the
+/// solve then raises. A matrix of a smaller condition cannot. Returns whether there is a solution.
 template <class Operation>
 bool Solves(double condition, Operation operation)
 {
@@ -210,7 +210,7 @@ void CheckSvd(int rows, int columns, int mode, double condition, double largest)
     }
     MatDbl const v = FirstRows(vectors, smaller);
     EXPECT_LT(OrthogonalityRatio(v), spectralThreshold);
-    // A·V has orthogonal columns, of the lengths that the values say.
+    // A·V has orthogonal columns, whose lengths are the singular values.
     MatDbl const scaled = a / largest;
     MatDbl const av = scaled * v.GetTransposedCopy();
     MatDbl gap = av.GetTransposedCopy() * av;
@@ -231,7 +231,7 @@ void CheckEigenSym(int n, int mode, double condition, double largest)
     EXPECT_LT(SpectrumRatio(values, designed.spectrum, unit), spectralThreshold);
     EXPECT_LT(OrthogonalityRatio(vectors), spectralThreshold);
 
-    // A·V = V·Λ, over all vectors.
+    // A·V = V·Λ, for all vectors.
     MatDbl gap = a * vectors.GetTransposedCopy();
     for (int k = 0; k < n; ++k) {
         for (int i = 0; i < n; ++i)
@@ -256,20 +256,20 @@ void CheckEigenSym(int n, int mode, double condition, double largest)
 
 // Near the ends of the range of a double, where the drivers scale.
 double const hugeAndTiny[] = {0x1p-960, 0x1p960};
-// Selected eigenvalues are bisected on squares of the elements: these scales, which LAPACK's own tests use
-// for the eigenproblem, are the last at which the squares keep all that matters.
+// Selected eigenvalues are bisected on squares of the elements. These scales, which LAPACK's own tests use
+// for the eigenproblem, are the last ones at which no square that matters underflows or overflows.
 double const hugeAndTinySquares[] = {0x1p-455, 0x1p455};
-// Every shape class: square, tall, wide, far from square (another path in the drivers).
+// Every shape class: square, tall, wide, and far from square (the drivers use another path).
 int const shapes[][2] = {{1, 6}, {6, 1}, {5, 4}, {4, 5}, {20, 12}, {12, 20}, {60, 9}, {9, 60}};
 int const largeShapes[][2] = {{500, 100}, {100, 500}};
 
-/// A tall or square system with a residual, a wide one without.
+/// A tall or square system with a residual, and a wide one without.
 void CheckLeastSquares(int rows, int columns, int mode, double condition)
 {
     MatDbl const a = Generate(rows, columns, 'N', mode, condition).matrix;
     double const larger = std::max({rows, columns, 3});
 
-    // A right-hand side that a solution reaches.
+    // A right-hand side that has an exact solution.
     MatDbl const reached = a * RandomMatrix(columns, 3);
     MatDbl x(reached);
     if (!Solves(condition, [&] { MatDbl(a).SolveLinearLeastSquares(x); }))
@@ -277,7 +277,7 @@ void CheckLeastSquares(int rows, int columns, int mode, double condition)
     ASSERT_EQ(x.RowCount(), columns);
     EXPECT_LT(SolutionRatio(a, x, reached) / larger, linearThreshold);
 
-    // Any right-hand side: the residual is orthogonal to the columns, as far as the size of A·X allows.
+    // Any right-hand side: the residual is orthogonal to the columns, within the rounding of A·X.
     MatDbl const b = RandomMatrix(rows, 3);
     x = b;
     MatDbl(a).SolveLinearLeastSquares(x);
@@ -296,7 +296,7 @@ void CheckLeastSquares(int rows, int columns, int mode, double condition)
 
 TEST(DesignedSpectra, TheGeneratorDeliversTheSpectrum)
 {
-    // A value that only the generator and this test know: the determinant of a 2×2 matrix.
+    // The determinant of a 2×2 matrix: only the generator and this test know its value.
     Designed const designed = Generate(2, 2, 'N', geometric, 1e4, 3.0);
     MatDbl const& a = designed.matrix;
     EXPECT_NEAR(designed.spectrum[0], 3.0, 1e-14);

@@ -1,6 +1,6 @@
-// What each LAPACK driver is called with, and what is left of the operands where one reports a failure. The
-// drivers here note their arguments, write what a test wants and report what it wants: a matrix that makes the
-// iterations of the real ones fail is not at hand.
+// The arguments of each LAPACK driver, and the state of the operands after a driver reports a failure. The
+// drivers here record their arguments, write what a test specifies and report the INFO that it specifies: no
+// known matrix makes the iterations of the real drivers fail.
 
 #include <vexor/dynamic/private/Lapack.h>
 
@@ -23,16 +23,16 @@ namespace {
 struct Call {
     std::string driver;
     std::string letters;      // the options, in order
-    std::vector<int> numbers; // the integers but for INFO, in order
+    std::vector<int> numbers; // the integers except INFO, in order
     double* matrix;
     int* pivots = nullptr;
     double* result = nullptr;  // right-hand side or values
-    double* vectors = nullptr; // of DSYEVX
+    double* vectors = nullptr; // DSYEVX only
 };
 
 std::vector<Call> calls;
-std::function<void(Call const&)> effect; // what the driver does beside
-int reported = 0;                        // its INFO
+std::function<void(Call const&)> effect; // what else the driver does
+int reported = 0;                        // the INFO that it reports
 
 void Answer(Call const& call, int* info)
 {
@@ -43,14 +43,14 @@ void Answer(Call const& call, int* info)
     *info = reported;
 }
 
-/// The only call that there was.
+/// The only call that was made.
 Call TheCall()
 {
     EXPECT_EQ(calls.size(), 1u);
     return calls.empty() ? Call{} : calls[0];
 }
 
-/// On every path, failing ones too, all storage taken by a test has been given back when it ends.
+/// On every path, failing ones included, a test has freed all its storage when it ends.
 class DriverCalls : public testing::Test {
 protected:
     void SetUp() override
@@ -106,7 +106,7 @@ void dsysv_(char const* uplo, int const* n, int const* nrhs, double* a, int cons
             int const* ldb, double* work, int const* lwork, int* info, FortranLength uploLength)
 {
     EXPECT_EQ(uploLength, 1u);
-    work[*lwork - 1] = 0.0; // all of it is there
+    work[*lwork - 1] = 0.0; // all of its elements are there
     Answer({"dsysv", std::string(1, *uplo), {*n, *nrhs, *lda, *ldb, *lwork}, a, ipiv, b}, info);
 }
 
@@ -211,8 +211,8 @@ TEST_F(DriverCalls, ReSolve)
     EXPECT_EQ(TheCall().result, &many(0, 0));
 }
 
-// ReSolve refuses a pivot below 1, by which DGETRS would write outside the right-hand side. Every other pivot
-// is handed on as it stands, and ReSolveSym hands on all of them.
+// ReSolve refuses a pivot below 1, with which DGETRS would write outside the right-hand side. It passes every
+// other pivot on unchanged, and ReSolveSym passes on all pivots.
 TEST_F(DriverCalls, ReSolveRefusesPivotsBelowOne)
 {
     struct Case {
@@ -295,7 +295,7 @@ TEST_F(DriverCalls, ReSolveSym)
     EXPECT_EQ(TheCall().result, &many(0, 0));
 }
 
-// The right-hand side has room for the larger dimension while the driver runs, and its rows stand at the top.
+// The right-hand side has room for the larger dimension while the driver runs, and its rows come first.
 TEST_F(DriverCalls, SolveLinearLeastSquares)
 {
     MatDbl tall = Mat({{1, 2}, {3, 4}, {5, 6}, {7, 8}});
@@ -326,11 +326,11 @@ TEST_F(DriverCalls, SolveLinearLeastSquares)
     EXPECT_TRUE(HoldsRows(many, {{1, 2}, {3, 4}, {5, 6}}));
 }
 
-// DGELS demands min(m, n) + max(min(m, n), right-hand sides) elements of workspace and calls XERBLA where there
-// are fewer, which ends the process in some LAPACKs: so it is not called then.
+// DGELS needs min(m, n) + max(min(m, n), right-hand sides) elements of workspace. With fewer it calls XERBLA,
+// which ends the process in some LAPACKs: so the library does not call it then.
 TEST_F(DriverCalls, SolveLinearLeastSquaresBeyondTheWorkspace)
 {
-    int const shapes[][3] = {{1, 1, 127}, {4, 2, 510}, {2, 4, 510}, {5, 5, 635}}; // the most that it takes
+    int const shapes[][3] = {{1, 1, 127}, {4, 2, 510}, {2, 4, 510}, {5, 5, 635}}; // the largest counts
     for (auto const& shape : shapes) {
         int const rows = shape[0];
         int const columns = shape[1];
@@ -346,7 +346,7 @@ TEST_F(DriverCalls, SolveLinearLeastSquaresBeyondTheWorkspace)
             } else {
                 EXPECT_THROW(a.SolveLinearLeastSquares(b), VexorComputationFailed);
                 EXPECT_TRUE(calls.empty());
-                EXPECT_EQ(b.RowCount(), std::max(rows, columns)); // as after a driver that fails
+                EXPECT_EQ(b.RowCount(), std::max(rows, columns)); // the state after a driver that fails
                 EXPECT_EQ(a(0, 0), 1.0);
             }
             EXPECT_EQ(b.ColumnCount(), count);
@@ -366,7 +366,7 @@ TEST_F(DriverCalls, Invert)
     EXPECT_EQ(TheCall().driver, "dgesv");
     EXPECT_EQ(TheCall().numbers, (Numbers{2, 2, 2, 2}));
     EXPECT_EQ(TheCall().matrix, block);
-    EXPECT_TRUE(HoldsRows(a, {{1, 0}, {0, 1}})); // the solution takes the place of the matrix
+    EXPECT_TRUE(HoldsRows(a, {{1, 0}, {0, 1}})); // the solution replaces the matrix
 }
 
 TEST_F(DriverCalls, Svd)
@@ -411,8 +411,8 @@ TEST_F(DriverCalls, EigenSym)
     }
 }
 
-// A driver that finds fewer values than were selected leaves a NaN for each one missing. The elements behind the
-// selected ones, and without vectors the matrix, hold what they held.
+// If the driver finds fewer values than were selected, a NaN stands for each missing one. The elements after
+// the selected ones, and without vectors the matrix, are unchanged.
 TEST_F(DriverCalls, EigenSymLeavesWhatTheDriverDoesNotWrite)
 {
     for (int selected : {1, 2, 3, 4}) {
@@ -436,7 +436,7 @@ TEST_F(DriverCalls, EigenSymLeavesWhatTheDriverDoesNotWrite)
 
 // ---- Failures --------------------------------------------------------------------------------------
 
-// Whether an argument was rejected or an iteration did not end: both are told in one way.
+// A rejected argument and an iteration that did not converge are reported in the same way.
 TEST_F(DriverCalls, AnyInfoButZeroIsAFailure)
 {
     for (int info : {-10, -1, 1, 4}) {
@@ -472,7 +472,7 @@ TEST_F(DriverCalls, AnyInfoButZeroIsAFailure)
     }
 }
 
-// The matrix and the right-hand side hold what the driver left, and the pivots stay.
+// The matrix and the right-hand side hold what the driver left, and the pivots are kept.
 TEST_F(DriverCalls, SolveThatFails)
 {
     for (bool symmetric : {false, true}) {
@@ -493,7 +493,7 @@ TEST_F(DriverCalls, SolveThatFails)
     }
 }
 
-// The factors stand in the place of the matrix, whose pivots stay.
+// The factors are in the matrix, and its pivots are kept.
 TEST_F(DriverCalls, InvertThatFails)
 {
     MatDbl a = Mat({{4, 1}, {1, 5}});
@@ -512,7 +512,7 @@ TEST_F(DriverCalls, InvertThatFails)
     EXPECT_FALSE(HasPivots(source));
 }
 
-// Too short a right-hand side has grown by then; too long a one has not shrunk yet.
+// A right-hand side that was too short has grown by then; one that was too long has not shrunk yet.
 TEST_F(DriverCalls, SolveLinearLeastSquaresThatFails)
 {
     reported = -10;
@@ -545,7 +545,7 @@ TEST_F(DriverCalls, SvdThatFails)
     EXPECT_TRUE(Holds(values, {80, 90}));
 }
 
-// The vectors that the driver left have come to the rows by then.
+// The vectors that the driver left have been copied into the rows by then.
 TEST_F(DriverCalls, EigenSymThatFails)
 {
     MatDbl a = Mat({{4, 1, 2}, {1, 5, 3}, {2, 3, 6}});

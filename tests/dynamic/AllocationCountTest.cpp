@@ -11,7 +11,7 @@
 #include <string>
 #include <vector>
 
-// Holds the table of allocations in docs/performance.md: every row names an operation below, and every
+// Checks the table of allocations in docs/performance.md: every row names an operation below, and every
 // operation has its row.
 
 namespace {
@@ -101,7 +101,7 @@ public:
         };
     }
 
-    /// Puts the pivots of a former solve there for the operations that start from them.
+    /// Leaves the pivots of an earlier solve, for the operations that start with pivots.
     void Prepare(std::string const& name)
     {
         if (name == "a.ReSolve(v)" || name == "a.Solve(v), once more")
@@ -153,7 +153,7 @@ TEST(AllocationCount, WorkspaceIsAFixedMultipleOfTheDimension)
 
         MatDbl sym(a);
         Sizes const solve = vexor_test::RequestedSizes([&] { sym.SolveSym(v); });
-        EXPECT_EQ(solve.back(), 128 * doubles) << n; // behind the pivots
+        EXPECT_EQ(solve.back(), 128 * doubles) << n; // after the pivots
 
         MatDbl square(a);
         EXPECT_EQ(vexor_test::RequestedSizes([&] { square.SolveLinearLeastSquares(v); }),
@@ -170,7 +170,7 @@ TEST(AllocationCount, WorkspaceIsAFixedMultipleOfTheDimension)
                   (Sizes{size * doubles, 140 * doubles, 5 * integers, integers}));
     }
 
-    // Of a matrix that is not square, the larger dimension counts.
+    // For a matrix that is not square, the larger dimension counts.
     MatDbl tall(7, 3, 1.0);
     VecDbl values(3);
     EXPECT_EQ(vexor_test::RequestedSizes([&] { tall.Svd(values); }), Sizes{128 * 7 * sizeof(double)});

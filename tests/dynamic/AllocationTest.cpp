@@ -1,6 +1,6 @@
-// Every request for storage is refused in turn: `VexorAllocationFailed` must come of it, whatever form
-// the refusal takes, what each operation promises must survive, nothing may leak, and the operation must
-// succeed when it is tried again.
+// Every allocation is refused in turn. Each operation must then raise `VexorAllocationFailed`, however the
+// allocator refuses, keep what it promises to keep, and leak nothing. It must succeed when it is tried
+// again.
 
 #include "Allocations.h"
 #include "Elements.h"
@@ -13,8 +13,8 @@ using namespace vexor_test;
 
 namespace {
 
-/// Refuses each request of an operation on a fresh state in turn. `survives` is asked after each
-/// refusal; after it the operation must succeed on the same state, if the refusal left it usable.
+/// Refuses each allocation of an operation on a fresh state in turn. `survives` is called after each
+/// refusal; then the operation must succeed on the same state, if the refusal left it usable.
 template <class State>
 void RefuseEach(int expectedRequests, std::function<std::unique_ptr<State>()> const& make,
                 std::function<void(State&)> const& operation,
@@ -41,7 +41,7 @@ void RefuseEach(int expectedRequests, std::function<std::unique_ptr<State>()> co
     }
 }
 
-/// The same for an operation whose operands, all const, survive as they were.
+/// The same for an operation whose operands, all const, are unchanged afterwards.
 void RefuseEach(int expectedRequests, std::function<void()> const& operation)
 {
     struct Nothing {};
@@ -164,7 +164,7 @@ TEST(Allocation, VectorSizing)
     RefuseEachOfVectors(1, [&](Vectors& v) { v.flt = other; });
     RefuseEachOfVectors(1, [&](Vectors& v) { v.flt = single; });
     RefuseEachOfVectors(1, [](Vectors& v) { v.singleView = v.flt; });
-    // None is needed where the block stays, or is the caller's.
+    // Nothing is allocated if the block is kept, or is the caller's.
     RefuseEachOfVectors(0, [](Vectors& v) {
         v.dbl.ReSize(3);
         v.dbl = v.view;
@@ -237,22 +237,22 @@ TEST(Allocation, MatrixSizing)
             2, 3, 3, views, true, [](System& s) { s.a.ReSize(2, 4); }, unchanged(true));
         RefuseEachOfSystem(
             2, 3, 3, views, true, [](System& s) { s.a.ReSize(2, 4, 1.0); }, unchanged(true));
-        // The same number of columns: a block alone.
+        // The same number of columns: only a block.
         RefuseEachOfSystem(
             1, 3, 3, views, true, [](System& s) { s.a.ReSize(2, 3); }, unchanged(true));
         RefuseEachOfSystem(
             2, 3, 3, views, true, [&](System& s) { s.a = source; },
             [](System const& s, int) { s.ExpectUnchanged(); });
     }
-    // Own storage of the same count: a table alone.
+    // Own storage of the same count: only a table.
     RefuseEachOfSystem(
         1, 3, 3, false, true, [](System& s) { s.a.ReSize(9, 1); }, unchanged(true));
-    // Into a view: a table alone, or nothing.
+    // Into a view: only a table, or nothing.
     RefuseEachOfSystem(
         1, 3, 3, false, true, [](System& s) { s.a.ReSize(2, 2, s.rhsBlock); }, unchanged(true));
     RefuseEachOfSystem(
         0, 3, 3, false, true, [](System& s) { s.a.ReSize(2, 3, s.rhsBlock); }, unchanged(true));
-    // A view to own storage of the same shape.
+    // A view that gets own storage of the same shape.
     RefuseEachOfSystem(
         1, 3, 3, true, true, [](System& s) { s.a.ReSize(3, 3); }, unchanged(true));
 }
@@ -294,7 +294,7 @@ TEST(Allocation, MatrixResults)
     RefuseEach(1, [&] { a.GetDiagonal(); });
     RefuseEach(1, [&] { a.RowSum(); });
     RefuseEach(1, [&] { a.RowAverage(); });
-    // The copy's two, the inverse's block, and the pivots.
+    // Two for the copy, the inverse's block, and the pivots.
     RefuseEach(4, [&] { a.GetInvertedCopy(); });
     EXPECT_TRUE(HoldsRows(a, {{4, 1}, {1, 3}}));
 }
@@ -305,7 +305,7 @@ TEST(Allocation, Transpose)
     for (bool views : {false, true}) {
         RefuseEachOfSystem(
             2, 2, 3, views, false, [](System& s) { s.a.Transpose(); }, unchanged);
-        // A square matrix is transposed where it lies.
+        // A square matrix is transposed in place.
         RefuseEachOfSystem(
             0, 3, 3, views, false, [](System& s) { s.a.Transpose(); }, [](System const&, int) {});
     }
@@ -322,14 +322,14 @@ TEST(Allocation, Solve)
             1, 3, 3, views, false, [](System& s) { s.a.Solve(s.b); }, plain);
         RefuseEachOfSystem(
             1, 3, 3, views, false, [](System& s) { s.a.Solve(s.many); }, plain);
-        // Pivots that are there serve again, and re-solves take nothing.
+        // Existing pivots are used again, and re-solves allocate nothing.
         RefuseEachOfSystem(
             0, 3, 3, views, true, [](System& s) { s.a.Solve(s.b); }, plain);
         RefuseEachOfSystem(
             0, 3, 3, views, true, [](System& s) { s.a.ReSolve(s.b); }, plain);
         RefuseEachOfSystem(
             0, 3, 3, views, true, [](System& s) { s.a.ReSolve(s.many); }, plain);
-#if !defined(VEXOR_CHECKED) // which stops on the factors of the other kind
+#if !defined(VEXOR_CHECKED) // a checked build stops on the factors of the other kind
         RefuseEachOfSystem(
             0, 3, 3, views, true, [](System& s) { s.a.ReSolveSym(s.b); }, plain);
 #endif
@@ -347,7 +347,7 @@ TEST(Allocation, SolveSym)
             2, 3, 3, views, false, [](System& s) { s.a.SolveSym(s.b); }, plain);
         RefuseEachOfSystem(
             2, 3, 3, views, false, [](System& s) { s.a.SolveSym(s.many); }, plain);
-        // Without workspace even the pivots of a former factorisation go.
+        // Without workspace the pivots of an earlier factorisation are dropped too.
         RefuseEachOfSystem(
             1, 3, 3, views, true, [](System& s) { s.a.SolveSym(s.b); }, plain);
         RefuseEachOfSystem(
@@ -363,7 +363,7 @@ TEST(Allocation, SolveLinearLeastSquares)
                 1, 3, 3, views, factorised, [](System& s) { s.a.SolveLinearLeastSquares(s.b); },
                 [](System const& s, int) {
                     s.ExpectUnchanged();
-                    EXPECT_FALSE(s.IsFactorised()); // the pivots go first
+                    EXPECT_FALSE(s.IsFactorised()); // the pivots are dropped first
                 });
         }
         for (int rows : {2, 4}) {
@@ -372,7 +372,7 @@ TEST(Allocation, SolveLinearLeastSquares)
             RefuseEachOfSystem(
                 2, rows, columns, views, false,
                 [](System& s) {
-                    // A second run finds the solution of the first as no right-hand side that fits.
+                    // A second run would find the first solution as right-hand side; its size does not match.
                     s.a.SolveLinearLeastSquares(s.b);
                 },
                 unchanged);
@@ -391,7 +391,7 @@ TEST(Allocation, Invert)
     };
     RefuseEachOfSystem(
         2, 3, 3, false, false, [](System& s) { s.a.Invert(); }, plain);
-    // A view's own storage is that of the inverse: nothing is taken after the driver has run.
+    // A view's own storage is that of the inverse: nothing is allocated after the driver has run.
     RefuseEachOfSystem(
         2, 3, 3, true, false, [](System& s) { s.a.Invert(); }, plain);
 }
@@ -403,7 +403,7 @@ TEST(Allocation, Svd)
             2, 3, 2, views, false, [](System& s) { s.a.Svd(s.b); },
             [views](System const& s, int k) {
                 EXPECT_TRUE(SameElements(ElementsOf(s.a), s.elements));
-                // The result has its new size already where workspace was refused.
+                // The result already has its new size when the workspace is refused.
                 EXPECT_EQ(s.b.Size(), k == 1 ? 3 : 2);
                 EXPECT_EQ(&s.b[0] == s.rhsBlock, views && k == 1);
             });
@@ -430,7 +430,7 @@ TEST(Allocation, EigenSym)
     }
 }
 
-// The fixed-size matrix takes a matrix of run-time size (two blocks), a vector and the workspace for it.
+// The fixed-size matrix allocates one of run-time size (two blocks), a vector and that one's workspace.
 TEST(Allocation, SvdOfMat3Dbl)
 {
     struct Fixed {

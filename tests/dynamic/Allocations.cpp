@@ -11,8 +11,8 @@
 
 namespace {
 
-/// Before each block stands its size; the block stays aligned. Not on Windows: what a DLL took with heap
-/// operators of its own, without a header, is given back here.
+/// The size is stored before each block; the block stays aligned. Not on Windows: there this operator also
+/// frees blocks that a DLL allocated by its own heap operators, without a header.
 #if defined(_WIN32)
 constexpr std::size_t headerSize = 0;
 #else
@@ -21,9 +21,9 @@ constexpr std::size_t headerSize = alignof(std::max_align_t);
 
 std::atomic<long> liveBlocks{0};
 std::atomic<int> requests{0};
-std::size_t sizes[16] = {}; // of the requests since sizesFrom
+std::size_t sizes[16] = {}; // of the allocations since sizesFrom
 std::atomic<int> sizesFrom{0};
-std::atomic<int> refuseAt{0}; // counts down to the request that is refused; 0 for none
+std::atomic<int> refuseAt{0}; // counts down to the allocation that is refused; 0 for none
 vexor_test::Refusal refusalForm = vexor_test::Refusal::BadAlloc;
 
 void* TakeBlock(std::size_t bytes)
@@ -57,7 +57,7 @@ void GiveBlockBack(void* block)
     if (!block)
         return;
     --liveBlocks;
-    // Whoever still reads the first elements of it reads NaN.
+    // Code that still reads the first elements of it reads NaN.
     unsigned char* const header = static_cast<unsigned char*>(block) - headerSize;
     std::size_t bytes = 0;
     if (headerSize > 0)
@@ -68,14 +68,14 @@ void GiveBlockBack(void* block)
 
 } // namespace
 
-// A sanitizer's heap stops the program at a request beyond its means unless told to return null.
+// A sanitizer's heap stops the program at a request that is too large unless told to return null.
 extern "C" char const* __asan_default_options();
 extern "C" char const* __asan_default_options()
 {
     return "allocator_may_return_null=1";
 }
 
-// As the standard has them: the forms that do not throw turn whatever comes of the others into null.
+// As in the standard: the forms that do not throw return null whatever the throwing forms throw.
 void* operator new(std::size_t bytes)
 {
     return TakeBlock(bytes);

@@ -6,9 +6,9 @@
 #include <cstdint>
 #include <limits>
 
-// Matrices with a spectrum known beforehand, and the ratios by which LAPACK's own test programs judge its
-// drivers: a residual divided by what rounding may do to it. They call a driver right as long as the
-// ratio stays below 30 for linear systems and least squares, and below 50 for spectra. Everything here
+// Matrices with a known spectrum, and the ratios by which LAPACK's own test programs judge its drivers: a
+// residual divided by the error that rounding may cause. Those programs accept a driver if the
+// ratio is below 30 for linear systems and least squares, and below 50 for spectra. Everything here
 // is computed in long double.
 
 namespace vexor_test {
@@ -94,7 +94,7 @@ struct Wide {
         return t;
     }
 
-    /// The largest sum of magnitudes in a column. A NaN anywhere makes it one.
+    /// The largest column sum of magnitudes. It is a NaN if any element is.
     long double Norm() const
     {
         long double norm = 0;
@@ -135,7 +135,7 @@ inline Wide Diagonal(int rows, int columns, std::vector<double> const& values)
     return d;
 }
 
-/// An orthogonal matrix: the columns of random numbers, made orthonormal one after another, twice over.
+/// An orthogonal matrix: columns of random numbers, orthonormalised one after another, twice.
 inline Wide Orthogonal(int n, Numbers& numbers)
 {
     Wide q(n, n);
@@ -197,7 +197,7 @@ inline Wide WithEigenvalues(std::vector<double> const& values, Numbers& numbers)
     return a;
 }
 
-/// ‖B − A·X‖ / (‖A‖·‖X‖·eps), the worst of all columns.
+/// ‖B − A·X‖ / (‖A‖·‖X‖·eps), the largest of all columns.
 inline double SolutionRatio(Wide const& a, Wide const& x, Wide const& b)
 {
     long double worst = 0;

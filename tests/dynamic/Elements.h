@@ -37,8 +37,8 @@ inline VecFlt Flt(std::initializer_list<float> elements)
     return Make<VecFlt>(elements);
 }
 
-/// Whether the matrix is a factorised one: only then a re-solve with a right-hand side that fits runs. A
-/// checked build would stop it on factors that have changed; there the last field is read instead.
+/// Whether the matrix is factorised: only then does a re-solve with a fitting right-hand side run. A checked
+/// build would stop it if the factors have changed; there this reads the last field instead.
 inline bool HasPivots(MatDbl const& matrix)
 {
 #if defined(VEXOR_CHECKED)

@@ -24,7 +24,7 @@
 #endif
 
 // Every set of kernels that this machine can run, compared byte for byte with the loops that state the
-// rule. The kernels are compiled into this program once more, as the library keeps its own to itself.
+// rule. The library does not export the kernels, so this program compiles them again.
 
 namespace {
 
@@ -47,7 +47,7 @@ std::vector<KernelSet const*> RunnableSets()
 }
 
 #if defined(__GNUC__) && defined(__x86_64__) && !defined(_WIN32)
-/// What this CPU and its operating system offer, asked of the CPU itself: leaf 7 of CPUID, and the register
+/// What this CPU and its operating system support, read from the CPU: leaf 7 of CPUID, and the register
 /// states that the system saves.
 std::vector<std::string> SetsOfThisProcessor()
 {
@@ -72,7 +72,7 @@ std::vector<std::string> SetsOfThisProcessor()
 
 enum class Kind {
     Finite, ///< products that overflow, underflow and cancel, denormals, zeros of both signs
-    Special ///< the same with infinities and NaN strewn in
+    Special ///< the same with some infinities and NaNs
 };
 
 class Operands {
@@ -88,11 +88,11 @@ public:
         if (choice < 8)
             return sign * std::ldexp(double(1 + Pick(1000)), -1074); // denormal
         if (choice < 11)
-            return sign * std::ldexp(Mantissa(), -530); // two of them make a denormal product
+            return sign * std::ldexp(Mantissa(), -530); // the product of two of them is denormal
         if (choice < 12 && kind_ == Kind::Special)
             return Pick(3) ? sign * vexor_test::infinity : vexor_test::nan;
         if (choice < 13 && kind_ == Kind::Special)
-            return sign * std::ldexp(Mantissa(), 600); // two of them overflow
+            return sign * std::ldexp(Mantissa(), 600); // the product of two of them overflows
         return sign * std::ldexp(Mantissa(), int(Pick(12)) - 6);
     }
 
@@ -157,7 +157,7 @@ std::vector<float> ProductSingle(int rows, int columns, std::vector<double> cons
 
 // ---- Comparison --------------------------------------------------------------------------------------
 
-/// A result with elements around it that a kernel must leave alone.
+/// A result with elements around it that a kernel must not change.
 template <class Number>
 class Guarded {
 public:
@@ -178,7 +178,7 @@ public:
                 return testing::AssertionFailure()
                        << "element " << i << " is " << Data()[i] << " and not " << expected[i];
         }
-        return testing::AssertionSuccess(); // some NaN differ, which they may
+        return testing::AssertionSuccess(); // the bits of some NaNs differ, as they may
     }
 
 private:
@@ -236,8 +236,8 @@ void CheckVectorSingle(int rows, int columns, Operands& operands)
     }
 }
 
-/// Elements that a copy through arithmetic would change: NaN of all payloads and both signs, denormals,
-/// zeros of both signs, and between them numbers that differ, so that none can stand in for another.
+/// Elements that a copy through arithmetic would change: NaNs of all payloads and both signs, denormals,
+/// zeros of both signs, and between them different numbers, so that exchanged elements show.
 std::vector<double> BitPatterns(std::size_t count)
 {
     constexpr std::uint64_t sign = 0x8000000000000000u;
@@ -272,7 +272,7 @@ bool SameBytes(double const* actual, std::vector<double> const& expected)
     return std::memcmp(actual, expected.data(), expected.size() * sizeof(double)) == 0;
 }
 
-/// With the matrix that many elements after the start of a line of cache.
+/// With a matrix that begins that many elements after the start of a cache line.
 void CheckTransposeInPlace(int rows, std::size_t offset, std::vector<double> const& matrix,
                            std::vector<double> const& expected)
 {
@@ -309,7 +309,7 @@ constexpr int smallSizes = 40;
 
 // ---- The product -------------------------------------------------------------------------------------
 
-// Which sets the tests below run. `scripts/test` shows the line.
+// Which sets the tests below run. `scripts/test` prints this line.
 TEST(Kernels, RunEverySetOfThisProcessor)
 {
     std::vector<std::string> ran;
@@ -359,8 +359,8 @@ TEST(Kernels, MultiplyColumnMajorInfinitiesAndNan)
     CheckProduct(100, 40, 300, operands);
 }
 
-// Large enough to be packed: every remainder of rows and columns, and partial sums that wait in the
-// result for one and for two further stretches of the inner index.
+// Large enough to be packed: every remainder of rows and columns, and partial sums that are stored in the
+// result between two and between three blocks of the inner index.
 TEST(Kernels, MultiplyColumnMajorPacked)
 {
     for (Kind kind : {Kind::Finite, Kind::Special}) {
@@ -400,7 +400,7 @@ TEST(Kernels, MultiplyColumnMajorRandomShapes)
     }
 }
 
-// A fused multiply-add would leave 2^-104 here, the part that the rounding of the product drops.
+// A fused multiply-add would leave 2^-104 here, which rounding the product drops.
 TEST(Kernels, MultiplyColumnMajorRoundsEachProduct)
 {
     double const nearOne = 1.0 + 0x1p-52;
@@ -420,7 +420,7 @@ TEST(Kernels, MultiplyColumnMajorRoundsEachProduct)
     }
 }
 
-// Sums start at +0, so that a sum of nothing but −0 is +0.
+// Sums start at +0, so a sum of terms that are all −0 is +0.
 TEST(Kernels, SumsStartAtPositiveZero)
 {
     std::vector<double> const left(40 * 40, -0.0);
@@ -487,8 +487,8 @@ TEST(Kernels, MultiplyVectorSingleRoundsEachTermAndEachSum)
         for (float element : result)
             ASSERT_TRUE(SameBits(element, 1.0f)) << set->name;
     }
-    // The term 1 + 2^-24 is a tie and becomes 1; unrounded, it would take 2^-24 on to the sum, which
-    // 2^-24 more would lift to 1 + 2^-23.
+    // The term 1 + 2^-24 is a tie and rounds to 1. Unrounded, it would add 2^-24 to the sum, which the next
+    // 2^-24 would raise to 1 + 2^-23.
     for (int i = 0; i < size; ++i) {
         matrix[At(i, 0, size)] = 0x1p-24;
         matrix[At(i, 1, size)] = 1.0 + 0x1p-24;
@@ -509,7 +509,7 @@ TEST(Kernels, TransposeInto)
         for (int columns = 1; columns <= 70; ++columns)
             CheckTranspose(rows, columns);
     }
-    for (int size : {511, 512, 513, 520, 528}) // large ones heed where the lines of cache begin
+    for (int size : {511, 512, 513, 520, 528}) // large ones depend on where cache lines begin
         CheckTranspose(size, size);
     CheckTranspose(512, 30);
     CheckTranspose(30, 512);
@@ -529,7 +529,7 @@ TEST(Kernels, TransposeSquare)
     };
     for (int size = 1; size <= 200; ++size)
         check(size, {0, std::size_t(size) % 8});
-    // Where the columns compete for the cache.
+    // Columns that compete for the same cache sets.
     for (int size : {160, 168, 176, 184, 256, 384, 512})
         check(size, {0, 1, 2, 3, 4, 5, 6, 7});
     for (int size : {255, 257, 511, 513, 640, 768, 1023, 1024, 1025, 1248, 1249, 1250, 1280, 1281, 1288, 1408,

@@ -33,13 +33,13 @@ VecDbl RandomVector(int size, Numbers& numbers)
     return v;
 }
 
-/// A symmetric matrix whose factorisation takes a 2×2 pivot, noted by negative numbers.
+/// A symmetric matrix whose factorisation uses a 2×2 pivot, which the pivots mark by negative numbers.
 MatDbl WithPairPivot()
 {
     return Mat({{0, 1}, {1, 0}});
 }
 
-/// Runs the operation, which may return or raise a member of the family.
+/// Runs the operation, which may return or raise one of the library's exceptions.
 template <class Operation>
 void ReturnsOrRaises(Operation operation)
 {
@@ -100,7 +100,7 @@ TEST(MatDbl, SolveChecksShapesFirst)
         EXPECT_THROW(m.Solve(c), VexorDimensionMismatch);
         EXPECT_THROW(m.SolveSym(b), VexorDimensionMismatch);
         EXPECT_THROW(m.SolveSym(c), VexorDimensionMismatch);
-        // A shape that does not fit outranks the missing factors.
+        // A mismatch of shapes is raised even if factors are missing too.
         EXPECT_THROW(m.ReSolve(b), VexorDimensionMismatch);
         EXPECT_THROW(m.ReSolve(c), VexorDimensionMismatch);
         EXPECT_THROW(m.ReSolveSym(b), VexorDimensionMismatch);
@@ -132,13 +132,13 @@ TEST(MatDbl, SolveChecksShapesFirst)
 
 TEST(MatDbl, SolveOverwritesTheMatrixWithItsFactors)
 {
-    // The larger of the first column comes up: L = (1; 1/2 1), U = (4 2; 0 2).
+    // The larger element of the first column becomes the pivot: L = (1; 1/2 1), U = (4 2; 0 2).
     MatDbl m = Mat({{2, 3}, {4, 2}});
     VecDbl b = Dbl({8, 8});
     m.Solve(b);
     EXPECT_TRUE(Holds(b, {1, 2}));
     EXPECT_TRUE(HoldsRows(m, {{4, 2}, {0.5, 2}}));
-    // Solved again without being refilled, it is those factors that are factorised.
+    // A second solve, without new elements, factorises those factors.
     b = Dbl({8, 8});
     m.Solve(b);
     EXPECT_NE(b[0], 1.0);
@@ -168,7 +168,7 @@ TEST(MatDbl, SolveOfASingularMatrix)
     MatDbl m = Mat({{1, 2}, {2, 4}});
     VecDbl b(2, 1.0);
     EXPECT_THROW(m.Solve(b), VexorComputationFailed);
-    EXPECT_NO_THROW(m.ReSolve(b)); // not refused, and meaningless
+    EXPECT_NO_THROW(m.ReSolve(b)); // not refused, but meaningless
     m = Mat({{1, 2}, {2, 4}});
     EXPECT_THROW(m.SolveSym(b), VexorComputationFailed);
     EXPECT_NO_THROW(m.ReSolveSym(b));
@@ -239,9 +239,9 @@ TEST(MatDbl, PivotsSurviveWritesAndSpectra)
     EXPECT_TRUE(HasPivots(m));
     m.Identity();
     EXPECT_TRUE(HasPivots(m));
-#if !defined(VEXOR_CHECKED) // which stops on factors that were written to
+#if !defined(VEXOR_CHECKED) // a checked build stops on factors that were written to
     VecDbl b = Dbl({5, 6});
-    m.ReSolve(b); // with whatever stands there: the unit matrix under an exchange of rows
+    m.ReSolve(b); // with the elements as they are: the identity with rows exchanged
     EXPECT_TRUE(Holds(b, {6, 5}));
 #endif
     VecDbl w;
@@ -272,12 +272,12 @@ TEST(MatDbl, LeastSquaresAndInverseReleaseThePivots)
     MatDbl c(2, 2, 1.0);
     m.SolveLinearLeastSquares(c);
     EXPECT_FALSE(HasPivots(m));
-    // Also where the driver fails.
+    // The result is detached also if the driver fails.
     m = Factorised(Mat({{1, 2}, {3, 4}}));
     m.SetCol(1, Dbl({0, 0}));
     EXPECT_THROW(m.SolveLinearLeastSquares(b), VexorComputationFailed);
     EXPECT_FALSE(HasPivots(m));
-    // But not where the shapes do not fit.
+    // But not if the shapes do not match.
     m = Factorised(Mat({{1, 2}, {3, 4}}));
     VecDbl wrong(3, 1.0);
     EXPECT_THROW(m.SolveLinearLeastSquares(wrong), VexorDimensionMismatch);
@@ -291,7 +291,7 @@ TEST(MatDbl, PivotsOfTheOtherKindStayWithinTheRightHandSide)
 #if defined(VEXOR_CHECKED)
     GTEST_SKIP() << "a checked build stops on the pivots of the other kind";
 #endif
-    // The negative pivots of a symmetric factorisation are no rows: refused, with nothing changed.
+    // The negative pivots of a symmetric factorisation are no row numbers: refused, with nothing changed.
     MatDbl m = WithPairPivot();
     VecDbl b(2, 1.0);
     m.SolveSym(b);
@@ -305,20 +305,20 @@ TEST(MatDbl, PivotsOfTheOtherKindStayWithinTheRightHandSide)
     EXPECT_TRUE(m == factors);
     m.ReSolveSym(b);
     EXPECT_TRUE(Holds(b, {6, 5}));
-    // So too where the pair stands among single ones.
+    // The same if the pair is among single pivots.
     MatDbl larger = Mat({{4, 0, 0, 0}, {0, 0, 1, 0}, {0, 1, 0, 0}, {0, 0, 0, 2}});
     VecDbl d(4, 1.0);
     larger.SolveSym(d);
     EXPECT_THROW(larger.ReSolve(d), VexorComputationFailed);
     EXPECT_NO_THROW(larger.ReSolveSym(d));
-    // The other way round the pivots are rows, each for itself: it runs, and means nothing.
+    // In the reverse case each pivot is a row number: the re-solve runs, and its result is meaningless.
     Numbers numbers(2);
     for (int n = 1; n < 12; ++n) {
         MatDbl general = Factorised(RandomMatrix(n, n, numbers));
         VecDbl e(n, 1.0);
         EXPECT_NO_THROW(general.ReSolveSym(e));
     }
-    // And every symmetric factorisation's own pivots are accepted.
+    // And the pivots of every symmetric factorisation are accepted.
     for (int n = 1; n < 40; ++n) {
         MatDbl symmetric = RandomMatrix(n, n, numbers);
         for (int i = 0; i < n; ++i)
@@ -399,7 +399,7 @@ TEST(MatDbl, LeastSquaresOfDesignedSystems)
                 Wide const residual = Wide(b) - wide * Wide(x);
                 long double const larger = std::max({rows, columns, 3});
                 if (rows > columns) {
-                    // The residual is orthogonal to the columns, as far as the size of A·X allows.
+                    // The residual is orthogonal to the columns, within the rounding of A·X.
                     long double const size = wide.Norm() * Wide(x).Norm() + Wide(b).Norm();
                     long double const ratio = (wide.Transposed() * residual).Norm() / wide.Norm() / size
                                               / larger / relativeRounding;
@@ -426,7 +426,7 @@ TEST(MatDbl, LeastSquaresOfDesignedSystems)
 
 TEST(MatDbl, LeastSquaresByHand)
 {
-    // The line y = 1 + 2·t through three points that lie on it, and one that does not.
+    // The line y = 1 + 2·t, and four points, three of them on it.
     MatDbl tall = Mat({{1, 0}, {1, 1}, {1, 2}, {1, 3}});
     VecDbl b = Dbl({1, 3, 5, 7});
     tall.SolveLinearLeastSquares(b);
@@ -457,7 +457,7 @@ TEST(MatDbl, LeastSquaresResizesTheRightHandSide)
         VecDbl view(rows, array);
         MatDbl(m).SolveLinearLeastSquares(view);
         EXPECT_EQ(view.Size(), columns);
-        EXPECT_EQ(&view[0] == array, rows == columns); // a view stays one only where nothing is resized
+        EXPECT_EQ(&view[0] == array, rows == columns); // a view stays one only if nothing is resized
         if (rows < columns) {
             EXPECT_EQ(array[0], 1.0); // it detached before the driver ran
         }
@@ -469,7 +469,7 @@ TEST(MatDbl, LeastSquaresResizesTheRightHandSide)
         EXPECT_EQ(manyView.ColumnCount(), 3);
         EXPECT_EQ(&manyView(0, 0) == block, rows == columns);
 
-        // The columns do not mix: each is the solution of its own right-hand side.
+        // The columns are independent: each is the solution of its own right-hand side.
         VecDbl own = Dbl({1, 2, 3, 4});
         own = VecDbl(rows, &own[0]);
         MatDbl many(rows, 3);
@@ -481,17 +481,17 @@ TEST(MatDbl, LeastSquaresResizesTheRightHandSide)
             EXPECT_NEAR(many(i, 0), own[i], 1e-13);
             EXPECT_NEAR(many(i, 2), own[i] * 3.0, 1e-13);
         }
-        // The table of columns follows the new number of rows.
+        // The table of columns has the new number of rows.
         for (int j = 0; j < 3; ++j)
             EXPECT_EQ(&many(0, j), &many(0, 0) + j * columns);
 
-        // A right-hand side that was factorised and changes its shape is factorised no more.
+        // A factorised right-hand side whose shape changes is no longer factorised.
         MatDbl square = Factorised(MatDbl(rows, rows, 0.0).Identity());
         MatDbl(m).SolveLinearLeastSquares(square);
         EXPECT_EQ(square.RowCount(), columns);
         EXPECT_EQ(square.ColumnCount(), rows);
-#if !defined(_WIN32) // where the library's requests cannot be counted
-        // A copy takes a table, a block and, of a factorised matrix, pivots.
+#if !defined(_WIN32) // the library's allocations cannot be counted
+        // A copy allocates a table, a block and, of a factorised matrix, pivots.
         EXPECT_EQ(CountRequests([&] { MatDbl const copy(square); }), rows == columns ? 3 : 2);
 #endif
     }
@@ -499,7 +499,7 @@ TEST(MatDbl, LeastSquaresResizesTheRightHandSide)
 
 TEST(MatDbl, LeastSquaresFailures)
 {
-    // A column of zeros is met by the driver as an exact zero on the diagonal of its triangle.
+    // For a column of zeros the driver finds an exact zero on the diagonal of its triangle.
     MatDbl tall = Mat({{1, 0}, {1, 0}, {1, 0}});
     VecDbl b(3, 1.0);
     EXPECT_THROW(tall.SolveLinearLeastSquares(b), VexorComputationFailed);
@@ -511,8 +511,8 @@ TEST(MatDbl, LeastSquaresFailures)
 
 TEST(MatDbl, LeastSquaresWithVeryManyRightHandSides)
 {
-    // The driver wants more workspace than 128 times the larger dimension, and says so by a negative
-    // INFO: its parameter-error routine must return, and the failure must arrive here.
+    // The driver needs more workspace than 128 times the larger dimension and reports that by a negative
+    // INFO: its parameter-error routine must return, and the library must raise.
     MatDbl const one = Mat({{2}});
     MatDbl few(1, 127, 4.0);
     MatDbl(one).SolveLinearLeastSquares(few);
@@ -553,7 +553,7 @@ TEST(MatDbl, InvertStorage)
     EXPECT_TRUE(HoldsRows(own, {{0.5, 0}, {0, 0.25}}));
     EXPECT_EQ(&own(0, 0), block);
 
-    // A view leaves the factors in the caller's block, and the inverse is its own.
+    // The inverse of a view is in own storage, and the factors are left in the caller's block.
     double caller[4] = {2, 4, 3, 2};
     MatDbl view(2, 2, caller);
     view.Invert();
@@ -564,7 +564,7 @@ TEST(MatDbl, InvertStorage)
     EXPECT_TRUE(HoldsRows(view, {{-0.25, 0.375}, {0.5, -0.25}}));
     EXPECT_FALSE(HasPivots(view));
     view.SetValue(1.0);
-    view.ReSize(2, 2, caller); // own storage of that shape stays
+    view.ReSize(2, 2, caller); // own storage of that shape is kept
     EXPECT_NE(&view(0, 0), caller);
     EXPECT_EQ(caller[0], 4.0);
 }
@@ -576,7 +576,7 @@ TEST(MatDbl, InvertOfASingularMatrix)
     EXPECT_TRUE(HoldsRows(m, {{1, 2}, {2, 4}}));
     EXPECT_FALSE(HasPivots(m));
     EXPECT_THROW(m.Invert(), VexorComputationFailed);
-    EXPECT_EQ(m(0, 0), 2.0); // the factors stand in its place
+    EXPECT_EQ(m(0, 0), 2.0); // the factors replace it
     EXPECT_TRUE(HasPivots(m));
 }
 
@@ -613,7 +613,7 @@ TEST(MatDbl, SvdOfDesignedMatrices)
                     }
                     Wide const v = Wide(vectors).Top(smaller);
                     EXPECT_LT(OrthogonalityRatio(v), spectralThreshold);
-                    // A·V has orthogonal columns, of the lengths that the values say.
+                    // A·V has orthogonal columns, whose lengths are the singular values.
                     Wide const av = unscaled * v.Transposed();
                     Wide gap = av.Transposed() * av;
                     for (int i = 0; i < smaller; ++i)
@@ -633,7 +633,7 @@ TEST(MatDbl, SvdByHand)
     EXPECT_TRUE(Holds(values, {2}));
     EXPECT_EQ(std::fabs(one(0, 0)), 1.0);
 
-    // Rows that are orthogonal already: the vectors are their directions, the longer first.
+    // Rows that are already orthogonal: the vectors are their directions, the longer row first.
     MatDbl m = Mat({{3, 0, 0}, {0, 0, 5}});
     m.Svd(values);
     EXPECT_TRUE(Holds(values, {5, 3}));
@@ -655,7 +655,7 @@ TEST(MatDbl, SvdShapesItsResult)
     }
     for (double element : array)
         EXPECT_EQ(element, 9.0);
-    // Own storage of the size stays, and a matrix that is a view is worked on in place.
+    // Own storage of that size is kept, and a view is overwritten in place.
     VecDbl own(2, 9.0);
     double const* const block = &own[0];
     double elements[6] = {1, 4, 2, 5, 3, 6};
@@ -678,7 +678,7 @@ TEST(MatDbl, SvdRefusesInfinitiesAndNans)
                     VecDbl values(7, 9.0);
                     EXPECT_THROW(m.Svd(values), VexorComputationFailed);
                     EXPECT_TRUE(SameElements(ElementsOf(m), before));
-                    EXPECT_EQ(values.Size(), std::min(rows, columns)); // as after a driver that fails
+                    EXPECT_EQ(values.Size(), std::min(rows, columns)); // the state after a driver that fails
                 }
             }
         }
@@ -741,7 +741,7 @@ TEST(MatDbl, EigenSymByHand)
     MatDbl(diagonal).EigenSym(values, 0, 0, 2);
     EXPECT_TRUE(Holds(values, {-1, 2, 3}));
 
-    // The middle one of three, and its vector in row 0. Any number but 0 asks for vectors.
+    // The middle one of three values, and its vector in row 0. Any number other than 0 requests vectors.
     for (int wantVectors : {1, -7}) {
         MatDbl m(diagonal);
         m.EigenSym(values, wantVectors, 1, 1);
@@ -817,7 +817,7 @@ TEST(MatDbl, EigenSymLeavesNoValueUnsetBesideNans)
                 for (int i = 0; i < n; ++i)
                     m(i, (i + at) % n) = 0.0;
                 m(std::min(at / n, at % n), std::max(at / n, at % n)) = vexor_test::nan;
-                VecDbl values(n, 7e77); // what the driver leaves alone would keep it
+                VecDbl values(n, 7e77); // elements that the driver leaves unchanged would keep it
                 ReturnsOrRaises([&] { m.EigenSym(values, at % 2, first, n - 1); });
                 for (int i = 0; i < n - first; ++i)
                     EXPECT_NE(values[i], 7e77) << n << ", " << at << ", " << first;
@@ -853,7 +853,7 @@ TEST(MatDbl, NoDriverHangsOnNanOrInfinity)
                     m = a;
                     ReturnsOrRaises([&] { m.SolveSym(b); });
                     ReturnsOrRaises([&] { m.ReSolveSym(b); });
-#if !defined(VEXOR_CHECKED) // which stops on the factors of the other kind
+#if !defined(VEXOR_CHECKED) // a checked build stops on the factors of the other kind
                     ReturnsOrRaises([&] { m.ReSolve(b); });
 #endif
                     m = a;
@@ -898,7 +898,7 @@ TEST(MatDbl, WorkspaceBeyondAnIntIsAFailedAllocation)
     EXPECT_THROW(m.Svd(values), VexorAllocationFailed);
     EXPECT_EQ(values.Size(), 1);
     EXPECT_EQ(m(0, 0), 1.0);
-    // Workspace that cannot be had outranks an element that is not finite.
+    // If the workspace cannot be allocated, that is raised even if an element is not finite.
     m(1, 0) = infinity;
     values.ReSize(2);
     EXPECT_THROW(m.Svd(values), VexorAllocationFailed);
@@ -914,14 +914,14 @@ TEST(MatDbl, WorkspaceBeyondAnIntIsAFailedAllocation)
 #if UINTPTR_MAX > 0xffffffffu
 TEST(MatDbl, SymmetricWorkspaceBeyondAnIntIsAFailedAllocation)
 {
-    // A square matrix of that size fits no memory; a view on a smaller block does, as long as nothing
-    // reads beyond it.
+    // A square matrix of that size does not fit in memory. A view on a smaller block is possible, as long as
+    // nothing reads beyond the block.
     int const n = 1 << 24;
     double block[1] = {5};
     MatDbl m(n, n, block);
     VecDbl b(n, 1.0);
     EXPECT_THROW(m.SolveSym(b), VexorAllocationFailed);
-    EXPECT_THROW(m.ReSolveSym(b), VexorComputationFailed); // the pivots are gone again
+    EXPECT_THROW(m.ReSolveSym(b), VexorComputationFailed); // the pivots are dropped
     EXPECT_THROW(m.EigenSym(b, 0, 0, n - 1), VexorAllocationFailed);
     EXPECT_EQ(block[0], 5.0);
     EXPECT_EQ(b[n - 1], 1.0);

@@ -11,12 +11,12 @@
 
 using namespace vexor_test;
 
-// Every driver on every kind of matrix that is no good one, at every size from 1 to 20 and, where a matrix
-// need not be square, at every shape: it returns, or raises `VexorComputationFailed`, and does so soon.
+// Every driver on every kind of degenerate matrix, at every size from 1 to 20 and, for matrices that need
+// not be square, at every shape: it returns or raises `VexorComputationFailed`, and does so soon.
 
 namespace {
 
-/// Ends the program, naming the matrix, if a driver does not return: nothing else could.
+/// Ends the program and names the matrix if a driver does not return; nothing else can stop it.
 class TimeLimit {
 public:
     TimeLimit() : watcher([this] { Watch(); }) {}
@@ -40,7 +40,7 @@ public:
 private:
     void Watch()
     {
-        // Each takes microseconds; the limit is for a machine under the heaviest load.
+        // Each call takes microseconds; the limit allows for a machine under heavy load.
         constexpr std::chrono::minutes limit(2);
         std::unique_lock<std::mutex> lock(mutex);
         for (long before = begun; !isOver; before = begun) {
@@ -60,7 +60,7 @@ private:
     std::thread watcher;
 };
 
-/// What fills element (i, j) of an m×n matrix.
+/// The value of element (i, j) of an m×n matrix.
 struct Kind {
     char const* name;
     std::function<double(int i, int j, int m, int n, Numbers& numbers)> element;
@@ -71,7 +71,7 @@ double Random(Numbers& numbers)
     return numbers.Next();
 }
 
-/// In one element, on the diagonal so that a symmetric driver reads it too.
+/// In one element, on the diagonal, which a symmetric driver reads too.
 bool IsTheOne(int i, int j, int m, int n)
 {
     int const middle = std::min(m, n) / 2;
@@ -153,7 +153,7 @@ MatDbl Fill(int rows, int columns, Kind const& kind, Numbers& numbers, bool symm
     return m;
 }
 
-/// Returns whether the operation returned; anything that it raises but `VexorComputationFailed` passes on.
+/// Returns whether the operation returned. Any exception other than `VexorComputationFailed` passes through.
 template <class Operation>
 bool Returns(Operation operation)
 {
@@ -200,7 +200,7 @@ void ForEachShape(std::vector<Kind> const& kinds, Check check)
     }
 }
 
-/// Solves with the matrix, in every way, for a plain right-hand side and one of the bad kinds.
+/// Solves with the matrix, by each member, for an ordinary right-hand side and one of each bad kind.
 void SolveInEveryWay(MatDbl const& general, MatDbl const& symmetric)
 {
     int const n = general.RowCount();
@@ -216,7 +216,7 @@ void SolveInEveryWay(MatDbl const& general, MatDbl const& symmetric)
         Returns([&] { m.SolveSym(x); });
         x = b;
         Returns([&] { m.ReSolveSym(x); });
-#if !defined(VEXOR_CHECKED) // which stops on the pivots of the other kind
+#if !defined(VEXOR_CHECKED) // a checked build stops on the pivots of the other kind
         x = b;
         Returns([&] { m.ReSolve(x); });
 #endif
@@ -258,7 +258,7 @@ void FindSingularValues(MatDbl const& matrix)
     Returns([&] { m.Svd(values); });
 }
 
-/// The largest element, to scale a matrix by.
+/// The largest element, by which a matrix is scaled.
 double Largest(MatDbl const& m)
 {
     double largest = 0.0;
@@ -308,7 +308,7 @@ TEST(MatDblHostile, SvdMeetsBadNumbers)
 
 TEST(MatDblHostile, SvdOfDeficientMatrices)
 {
-    // No finite matrix defeats it: the values come in order, and their squares add up to the elements'.
+    // Every finite matrix has a result: values in order, the sum of their squares that of the elements.
     ForEachShape(FiniteNumbers(), [](MatDbl const& matrix) {
         MatDbl m(matrix);
         VecDbl values;
@@ -331,7 +331,7 @@ TEST(MatDblHostile, SvdOfDeficientMatrices)
         long double squares = 0;
         for (int k = 0; k < smaller; ++k)
             squares += (long double)(values[k]) / scale * values[k] / scale;
-        // Of denormals a result has as few digits as they have.
+        // If they are denormal, a result has as few digits as they have.
         long double const unit = lastPlace + 0x1p-1074L / scale;
         long double const size = matrix.RowCount() * matrix.ColumnCount();
         EXPECT_LT(static_cast<double>(std::fabs(squares - elements) / elements / size / unit),
@@ -344,7 +344,7 @@ TEST(MatDblHostile, EigenSymMeetsBadNumbers)
     ForEachSize(BadNumbers(), [](MatDbl const&, MatDbl const& symmetric) { FindEigenvalues(symmetric); });
 }
 
-// DSYEVX finds eigenvalues of these that are out of order, and DSTEIN refuses them by calling XERBLA. Where XERBLA
+// DSYEVX finds eigenvalues of these out of order, and DSTEIN refuses them by calling XERBLA. If XERBLA
 // ends the process instead of returning, this program ends before its closing line.
 TEST(MatDblHostile, EigenSymGoesOnWhereADriverRefusesItsOwnNumbers)
 {

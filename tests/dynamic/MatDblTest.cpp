@@ -84,7 +84,7 @@ TEST(MatDbl, SizeBelowOneIsAnAllocationFailure)
 
 TEST(MatDbl, CountsOfElementsBeyondMemory)
 {
-    // The count, and its bytes, are formed in 64 bits: none of these wraps round to a small request.
+    // The count and its bytes are computed in 64 bits: none of these wraps to a small request.
     EXPECT_THROW(MatDbl(INT_MAX, INT_MAX), VexorAllocationFailed);
     EXPECT_THROW(MatDbl(1 << 30, 1 << 30), VexorAllocationFailed);
     MatDbl m = Mat({{1, 2}});
@@ -140,7 +140,7 @@ TEST(MatDbl, Assignment)
     EXPECT_EQ(&(m = source), &m);
     EXPECT_TRUE(HoldsRows(m, {{1, 2, 3}, {4, 5, 6}}));
 
-    // The same shape and the same number of elements keep the block.
+    // The block is kept for the same shape and for the same number of elements.
     for (MatDbl* target : {new MatDbl(2, 3, 0.0), new MatDbl(3, 2, 0.0), new MatDbl(6, 1, 0.0)}) {
         double const* const block = &(*target)(0, 0);
         *target = source;
@@ -149,7 +149,7 @@ TEST(MatDbl, Assignment)
         delete target;
     }
 
-    // A view lets go of the caller's block, at the same shape too.
+    // A view drops the caller's block, also if the shape stays the same.
     for (int columns : {1, 3, 4}) {
         double block[8] = {7, 7, 7, 7, 7, 7, 7, 7};
         MatDbl view(2, columns, block);
@@ -255,7 +255,7 @@ TEST(MatDbl, ReSizeReleasesThePivots)
     m.ReSize(1, 1, block);
     m.ReSize(2, 2, block);
     EXPECT_FALSE(HasPivots(m));
-    // On a view the same shape is no shortcut.
+    // For a view, ReSize to the same shape is not a no-op.
     m = Factorised(Mat({{1, 2}, {3, 4}}));
     double other[4] = {4, 1, 2, 3};
     MatDbl view(2, 2, other);
@@ -280,7 +280,7 @@ TEST(MatDbl, ReSizeBetweenOwnStorageAndViews)
     m.ReSize(3, 1, 8.0, other);
     EXPECT_EQ(other[2], 8.0);
     EXPECT_EQ(other[3], 0.0);
-    // A view of the wanted count is no own storage that could be kept.
+    // A view of the requested count has no own storage that could be kept.
     m.ReSize(1, 3);
     EXPECT_NE(&m(0, 0), other);
     m.SetValue(4.0);
@@ -338,7 +338,7 @@ TEST(MatDbl, SetCol)
     EXPECT_THROW(m.SetCol(-1, Dbl({0, 0})), VexorDimensionMismatch);
     EXPECT_THROW(m.SetCol(3, Dbl({0, 0})), VexorDimensionMismatch);
     EXPECT_TRUE(HoldsRows(m, {{1, 7, 3}, {4, 8, 6}}));
-    // From a view on one of its own columns.
+    // From a view on one of the matrix's own columns.
     m.SetCol(2, VecDbl(2, &m(0, 0)));
     EXPECT_TRUE(HoldsRows(m, {{1, 7, 1}, {4, 8, 4}}));
 }
@@ -395,7 +395,7 @@ TEST(MatDbl, ExactEquality)
     MatDbl withNan = Mat({{notANumber}});
     EXPECT_EQ(withNan == withNan, 0);
     EXPECT_EQ(withNan != withNan, 1);
-    // The pivots do not count.
+    // Equality ignores the pivots.
     MatDbl factorised = Factorised(Mat({{1}}));
     EXPECT_EQ(factorised == Mat({{1}}), 1);
 }
@@ -502,7 +502,7 @@ TEST(MatDbl, TransposeOfAView)
 TEST(MatDbl, TransposeAndThePivots)
 {
     MatDbl square = Factorised(Mat({{1, 2}, {3, 4}}));
-    EXPECT_TRUE(HasPivots(square.Transpose())); // stale, and there
+    EXPECT_TRUE(HasPivots(square.Transpose())); // stale, but kept
     double block[4] = {1, 2, 3, 4};
     MatDbl view(2, 2, block);
     VecDbl b(2, 1.0);
@@ -559,10 +559,10 @@ TEST(MatDbl, RowSum)
     MatDbl m = Mat({{1, 2, 3}, {4, 5, 7}});
     EXPECT_TRUE(Holds(m.RowSum(), {5, 7, 10}));
     EXPECT_TRUE(Holds(m.RowAverage(), {2.5, 3.5, 5}));
-    // The sum starts from the first row, not from 0, and goes down the column.
+    // The sum starts with the first row, not with 0, and runs down the column.
     EXPECT_TRUE(Holds(Mat({{-0.0, 1e16}, {-0.0, 1}, {-0.0, 1}}).RowSum(), {-0.0, 1e16}));
     EXPECT_TRUE(Holds(Mat({{1}, {1}, {1e16}}).RowSum(), {1e16 + 2.0}));
-    // The average divides: 5/3 and 7/3 among others differ from the product with 1/3.
+    // The average divides: for 5/3, 7/3 and others, multiplying by 1/3 gives another result.
     MatDbl thirds(3, 40, 0.0);
     for (int j = 0; j < 40; ++j)
         thirds(1, j) = j;
@@ -582,7 +582,7 @@ TEST(MatDbl, ProductWithMatDbl)
     EXPECT_TRUE(HoldsRows(Mat({{-0.0}}) * Mat({{1.0}}), {{0.0}})); // from 0.0
     EXPECT_TRUE(HoldsRows(Mat({{notANumber, 0}, {1, vexor_test::infinity}}) * Mat({{1}, {0}}),
                           {{notANumber}, {notANumber}}));
-    // One running sum, in rising order of the inner index, no multiplication fused.
+    // One running sum, for rising inner index, without a fused multiply-add.
     EXPECT_TRUE(HoldsRows(Mat({{0x1.bb484f9846bd6p+0, 0x1.3cd3c8b54b0c6p-1, 0x1.23ceff5643a36p+0,
                                 0x1.192e216819cf1p+0, 0x1.652ea8330a697p+0}})
                               * Mat({{0x1.dec81d09e9078p+0},
@@ -595,7 +595,7 @@ TEST(MatDbl, ProductWithMatDbl)
 
 TEST(MatDbl, ProductsOfAllShapesKeepTheOrderOfTheSum)
 {
-    // Whatever way the products are arranged for speed, each element is its own running sum.
+    // However the kernels compute the product, each element is its own running sum.
     std::uint64_t state = 1;
     auto const next = [&state] {
         state = state * 6364136223846793005u + 1442695040888963407u;

@@ -1,5 +1,5 @@
-// A program of its own, with the heap operators that the compiler brings: a client's new-handler is asked
-// when storage runs out, and whatever it throws must arrive as `VexorAllocationFailed`.
+// A separate program with the compiler's heap operators: when storage runs out they call the client's
+// new-handler, and anything that it throws must become `VexorAllocationFailed`.
 
 #include "Elements.h"
 
@@ -15,7 +15,7 @@
 #    endif
 #endif
 
-// A sanitizer's heap does not ask a new-handler, and stops the program unless told to return null.
+// A sanitizer's heap does not call a new-handler, and stops the program unless told to return null.
 extern "C" char const* __asan_default_options();
 extern "C" char const* __asan_default_options()
 {
@@ -56,7 +56,7 @@ void GiveUp()
     std::set_new_handler(nullptr);
 }
 
-/// More than an address space of 64 bits gives out, and less than the largest request.
+/// More than an address space of 64 bits holds, and less than the largest request.
 constexpr int manyRows = 1 << 30;
 constexpr int manyColumns = 1 << 16;
 

@@ -7,10 +7,10 @@ using vexor_test::Holds;
 
 INSTANTIATE_TYPED_TEST_SUITE_P(VecDbl, VectorRules, VecDbl, );
 
-// Operands and values in hexadecimal were searched so that every other order of the terms, a fused
-// multiplication, a product with a reciprocal and the exact value rounded once would give another
-// result; the expected values come of exact rational arithmetic and of the stated steps carried out
-// elsewhere.
+// Hexadecimal operands were searched so that any other order of the terms, a fused multiply-add, a
+// multiplication by a reciprocal, or the exact value rounded once gives another result. The expected values
+// come from exact rational arithmetic, with the stated steps carried out
+// independently.
 
 static_assert(sizeof(VecDbl) == sizeof(void*) + 2 * sizeof(int));
 
@@ -45,7 +45,7 @@ TEST(VecDbl, Sum)
                           0x1.d04fc0123fc01p+5, 0x1.aebe59a07dd50p-4});
     EXPECT_SAME_BITS(v.Sum(), 0x1.d2dea0c48cdf7p+10);
     EXPECT_SAME_BITS(Dbl({-0.0}).Sum(), 0.0);
-    EXPECT_SAME_BITS(Dbl({1e16, 1.0, 1.0}).Sum(), 1e16); // either 1 is lost to the ties-to-even rounding
+    EXPECT_SAME_BITS(Dbl({1e16, 1.0, 1.0}).Sum(), 1e16); // either 1 is lost by rounding ties to even
     EXPECT_SAME_BITS(Dbl({1.0, 1.0, 1e16}).Sum(), 1e16 + 2.0);
 }
 
@@ -55,7 +55,7 @@ TEST(VecDbl, LengthSquared)
         Dbl({0x1.18d488a3f6ac3p+0, 0x1.90290d618e138p+0, 0x1.5c2a4757b5f3ap+0, 0x1.d30254eb1d204p+0});
     EXPECT_SAME_BITS(v.LengthSquared(), 0x1.1a60ccd1132f4p+3);
     EXPECT_SAME_BITS(v.Length(), 0x1.7c3bce0899cc1p+1);
-    // The running sum is a plain one: it overflows and vanishes. The length does neither.
+    // The running sum is a plain one: it overflows and underflows. The length does neither.
     EXPECT_SAME_BITS(Dbl({1e200}).LengthSquared(), vexor_test::infinity);
     EXPECT_SAME_BITS(Dbl({1e-200}).LengthSquared(), 0.0);
     EXPECT_SAME_BITS(Dbl({1e200}).Length(), 1e200);
@@ -92,7 +92,7 @@ TEST(VecDbl, GetAngleWith)
 {
     VecDbl const a = Dbl({0x1.566e73b899db4p+0, 0x1.3c2069d96a136p-1, 0x1.5608c95c3c968p-1});
     VecDbl const b = Dbl({0x1.c9e9e4ea1c174p-1, 0x1.b735dcb5cd9c2p+0, 0x1.82f1f0d249fbap-1});
-    // The cosine is (d / L) / L of the other; its arc cosine is the platform's.
+    // The cosine is (d / L) / (L of the other); the test uses the platform's arc cosine.
     EXPECT_SAME_BITS(a.GetAngleWith(b), vexor::Acos(vexor_test::Opaque(0x1.a4a3c1f910f02p-1)));
     EXPECT_NEAR(a.GetAngleWith(b), 0x1.369afa5c66f7bp-1, 1e-15);
 }
@@ -103,7 +103,7 @@ TEST(VecDbl, GetAreaFormedByTriangleWith)
     VecDbl const b = Dbl({0x1.79b5c72cdd029p-1, 0x1.b926face5bee6p+0, 0x1.76e2c222a0153p+0});
     EXPECT_SAME_BITS(a.GetAreaFormedByTriangleWith(b), 0x1.9dd4ac3bd5d24p-1);
 
-    // Not clamped: of parallel vectors, A·B − d² is below 0 for some, and the area then NaN.
+    // Not clamped: for some parallel vectors A·B − d² is below 0, and the area is then NaN.
     bool anyNan = false;
     for (int i = 1; i < 200; ++i) {
         VecDbl const v = Dbl({double(i), 1.0 / i, 0.3});
@@ -124,7 +124,7 @@ TEST(VecDbl, IsParallelTo)
     EXPECT_EQ(a.IsCodirectionalTo(b, deviation), 1);
     EXPECT_EQ(a.IsCodirectionalTo(b, less), 0);
 
-    // Not clamped: some vectors give a Q above 1 with themselves, and pass the exact test.
+    // Not clamped: some vectors have a Q above 1 with themselves, and pass the exact test.
     bool aboveOne = false;
     for (int i = 1; i < 200; ++i) {
         VecDbl const v = Dbl({double(i), 1.0 / i, 0.3});
@@ -154,7 +154,7 @@ TEST(VecDbl, IsEqualTo)
     double const squaredDistance = 0x1.3b31f9416efe4p+0;
     EXPECT_EQ(a.IsEqualTo(b, 1.0, squaredDistance), 1);
     EXPECT_EQ(a.IsEqualTo(b, 1.0, std::nextafter(squaredDistance, 0.0)), 0);
-    EXPECT_EQ(Dbl({1, 0}).IsEqualTo(Dbl({1, 1e-6})), 0); // near enough, but not codirectional
+    EXPECT_EQ(Dbl({1, 0}).IsEqualTo(Dbl({1, 1e-6})), 0); // close enough, but not codirectional
 }
 
 TEST(VecDbl, OuterProduct)
@@ -162,10 +162,10 @@ TEST(VecDbl, OuterProduct)
     using vexor_test::HoldsRows;
     EXPECT_TRUE(
         HoldsRows(Dbl({1, 2, 3}).OuterProduct(Dbl({4, 5, -6})), {{4, 5, -6}, {8, 10, -12}, {12, 15, -18}}));
-    // A smaller vector leaves its size as a number in the elements around the product.
+    // With a smaller other vector, the elements beyond its size are unchanged.
     EXPECT_TRUE(HoldsRows(Dbl({1, 2}).OuterProduct(Dbl({3, 4})), {{3, 4, 2}, {6, 8, 2}, {2, 2, 2}}));
     EXPECT_TRUE(HoldsRows(Dbl({7}).OuterProduct(Dbl({3})), {{21, 1, 1}, {1, 1, 1}, {1, 1, 1}}));
-    // The sizes are not compared: of a longer operand the first elements count.
+    // The sizes are not compared: of a longer operand only the first elements are used.
     EXPECT_TRUE(HoldsRows(Dbl({1, 2}).OuterProduct(Dbl({3, 4, 9, 9})), {{3, 4, 2}, {6, 8, 2}, {2, 2, 2}}));
     // A larger vector has no place in the result.
     EXPECT_THROW(Dbl({1, 2, 3, 4}).OuterProduct(Dbl({1, 2, 3, 4})), VexorDimensionMismatch);

@@ -6,9 +6,9 @@ using vexor_test::Holds;
 
 INSTANTIATE_TYPED_TEST_SUITE_P(VecFlt, VectorRules, VecFlt, );
 
-// Operands and values in hexadecimal were searched so that rounding anywhere else (a product before it
-// is added, a sum only at its end, a quotient at each step, a length not at all) gives another result.
-// The expected values come of the stated steps carried out elsewhere.
+// Hexadecimal operands were searched so that rounding at any other place (a product before it is added, a sum
+// only at its end, a quotient at each step, a length not at all) gives another result. The expected values
+// come from the stated steps, carried out independently.
 
 static_assert(sizeof(VecFlt) == sizeof(void*) + 2 * sizeof(int));
 static_assert(!std::is_constructible_v<VecFlt, VecDbl const&>, "narrowing takes an assignment");
@@ -26,7 +26,7 @@ float Less(float value)
 
 TEST(VecFlt, AssignmentFromVecDblRounds)
 {
-    // Just above and at the middle between 1 and the next single, ties to even, too large, too small.
+    // Just above and at the midpoint between 1 and the next single, ties to even, too large, too small.
     VecDbl const source =
         Dbl({0x1.0000010000001p+0, 0x1.000001p+0, 0x1.000003p+0, 1e300, -1e300, 0x1.fffffefffffffp+127,
              0x1.ffffffp+127, 1e-60, -1e-60, vexor_test::nan, 0.1, 0x1.8p-149});
@@ -56,7 +56,7 @@ TEST(VecFlt, LengthSquared)
 
 TEST(VecFlt, LengthSquaredStopsRising)
 {
-    // From 2^24 on the next single is 2 away, and the tie goes to the even one.
+    // From 2^24 on, singles are 2 apart, and a tie rounds to the even one.
     VecFlt const ones(16777217, 1.0f);
     EXPECT_SAME_BITS(ones.LengthSquared(), 16777216.0f);
     EXPECT_SAME_BITS(ones.Dot(ones), 16777216.0f);
@@ -111,9 +111,9 @@ TEST(VecFlt, MaxValue)
 
 TEST(VecFlt, IsZeroLength)
 {
-    // The global's squared length, a single, arrives as it is.
+    // The global's squared length, a single, is used unchanged.
     EXPECT_SAME_BITS(gVexorTolerance.GetLengthSquared(), 0x1.b7cdfcp-34f);
-    float const at = 0x1.4f8b58p-17f; // its rounded square is the global's
+    float const at = 0x1.4f8b58p-17f; // its rounded square equals the global's
     EXPECT_SAME_BITS(Flt({at}).LengthSquared(), 0x1.b7cdfcp-34f);
     EXPECT_EQ(Flt({at}).IsZeroLength(-1.0f), 1);
     EXPECT_EQ(Flt({std::nextafter(at, 1.0f)}).IsZeroLength(-1.0f), 0);
@@ -121,14 +121,14 @@ TEST(VecFlt, IsZeroLength)
 
 TEST(VecFlt, IsParallelTo)
 {
-    // 1 − Q is carried in double and rounded once. Here the rounding takes it down …
+    // 1 − Q is computed in double and rounded once. Here it rounds down …
     VecFlt a = Flt({0x1.220ea0p-1f, 0x1.22fd40p-1f, 0x1.68670ap-1f});
     VecFlt b = Flt({0x1.f12780p-1f, 0x1.d63aeep+0f, 0x1.4b53dcp-1f});
     EXPECT_EQ(a.IsParallelTo(b, 0x1.c5a766p-3f), 1);
     EXPECT_EQ(a.IsParallelTo(b, Less(0x1.c5a766p-3f)), 0);
     EXPECT_EQ(a.IsCodirectionalTo(b, 0x1.c5a766p-3f), 1);
     EXPECT_EQ(a.IsCodirectionalTo(b, Less(0x1.c5a766p-3f)), 0);
-    // … and here up: the single below lies above the unrounded value.
+    // … and here up: the next lower single is above the unrounded value.
     a = Flt({0x1.9a0b1ap-1f, 0x1.27e678p-1f, 0x1.d015c2p-1f});
     b = Flt({0x1.ed3d28p+0f, 0x1.e250ccp+0f, 0x1.d6a44ap+0f});
     EXPECT_EQ(a.IsParallelTo(b, 0x1.157c44p-5f), 1);
@@ -191,13 +191,13 @@ TEST(VecFlt, ProductWithMatDbl)
     EXPECT_THROW(m * Flt({1, 2}), VexorDimensionMismatch);
     EXPECT_THROW(m * Flt({1, 2, 3, 4}), VexorDimensionMismatch);
 
-    // The sum is single, though the matrix is double.
+    // The sum is a single, although the matrix is double.
     EXPECT_TRUE(Holds(Mat({{1.0, 1e-9}}) * Flt({1, 1}), {1.0f}));
     EXPECT_TRUE(
         Holds(Mat({{0x1.f7076c56582b8p+0, 0x1.0a0f5ce1c8851p+0, 0x1.e35d44d3a9724p+0, 0x1.9f1c10a7d9e28p+0}})
                   * Flt({0x1.29e6a6p+0f, 0x1.6c96d8p-1f, 0x1.506c3cp+0f, 0x1.130510p+0f}),
               {0x1.cfff14p+2f}));
-    // A product too large for a single is infinite; the matrix's elements are not narrowed before.
+    // A product too large for a single is infinite; the matrix's elements are not rounded first.
     EXPECT_TRUE(Holds(Mat({{0x1p1000}, {0x1p130}}) * Flt({0x1p-10f}), {vexor_test::infinityFlt, 0x1p120f}));
     EXPECT_TRUE(Holds(Mat({{-0.0}}) * Flt({1.0f}), {0.0f}));
 }

@@ -6,8 +6,8 @@
 #include <climits>
 #include <cmath>
 
-// The rules that VecDbl and VecFlt share, instantiated for each in the file of its tests. What the two
-// round differently is tested in those files.
+// The rules that VecDbl and VecFlt share. Each class's test file instantiates them and tests what the two
+// round differently.
 
 template <class Vector>
 class VectorRules : public testing::Test {
@@ -141,7 +141,7 @@ TYPED_TEST_P(VectorRules, Assignment)
     EXPECT_EQ(&sameSize[0], block);
     EXPECT_TRUE(Holds(sameSize, {1, 2, 3}));
 
-    // A view lets go of the caller's array, also where the size is the same.
+    // A view drops the caller's array, also if the size stays the same.
     for (int size : {2, 3, 4}) {
         N array[4] = {7, 7, 7, 7};
         V view(size, array);
@@ -183,7 +183,7 @@ TYPED_TEST_P(VectorRules, AssignmentFromAViewOnItself)
 TYPED_TEST_P(VectorRules, ReSize)
 {
     VECTOR_RULES_TYPES;
-    // Own storage of that size stays, pointer or no pointer.
+    // Own storage of that size is kept, with or without a pointer.
     V v = make({1, 2});
     N* const block = &v[0];
     N array[3] = {7, 8, 9};
@@ -195,22 +195,22 @@ TYPED_TEST_P(VectorRules, ReSize)
     EXPECT_TRUE(Holds(v, {5, 5}));
     EXPECT_EQ(array[0], N(7));
 
-    // At another size it becomes a view.
+    // With another size it becomes a view.
     v.ReSize(3, array);
     EXPECT_EQ(&v[0], array);
     EXPECT_TRUE(Holds(v, {7, 8, 9}));
-    // A view may move, also at the same size, and shrink on its array.
+    // A view may move, also with the same size, and shrink on its array.
     N other[3] = {4, 5, 6};
     v.ReSize(3, other);
     EXPECT_EQ(&v[0], other);
     v.ReSize(2, array);
     EXPECT_TRUE(Holds(v, {7, 8}));
-    // Filled as a view, it writes through.
+    // The fill value of a view is written to the caller's array.
     v.ReSize(2, N(1), other);
     EXPECT_EQ(other[0], N(1));
     EXPECT_EQ(other[1], N(1));
     EXPECT_EQ(other[2], N(6));
-    // Without a pointer a view takes own storage, also at the same size.
+    // Without a pointer a view gets own storage, also with the same size.
     v.ReSize(2);
     EXPECT_NE(&v[0], other);
     v.SetValue(N(3));
@@ -289,7 +289,7 @@ TYPED_TEST_P(VectorRules, CompoundArithmetic)
 TYPED_TEST_P(VectorRules, DivisionDividesEachElement)
 {
     VECTOR_RULES_TYPES;
-    // 5/3, 7/3 and 11/3 differ from the product with the rounded reciprocal of 3 in at least one.
+    // For at least one of 5/3, 7/3 and 11/3, multiplying by the rounded reciprocal of 3 gives another result.
     N const three = vexor_test::Opaque(N(3));
     N const reciprocal = N(1) / three;
     bool differs = false;
@@ -345,7 +345,7 @@ TYPED_TEST_P(VectorRules, NegatedCopyAndFreeOperators)
     EXPECT_TRUE(Holds(v - make({2, 5}), {-1, -5}));
     EXPECT_TRUE(Holds(v, {1, 0}));
 
-    // The result has storage of its own, also where an operand is a view.
+    // The result has its own storage, also if an operand is a view.
     N array[2] = {1, 2};
     V const view(2, array);
     for (V const& result : {-view, view + view, view - view, view * N(1), N(1) * view, view / N(1),
@@ -366,7 +366,7 @@ TYPED_TEST_P(VectorRules, DifferentSizesAreRefusedBeforeAnythingChanges)
         });
         EXPECT_TRUE(Holds(b, {4, 5}));
     }
-    // The size is looked at before the null vector, for each operation.
+    // Each operation checks the sizes before it checks for a null vector.
     V null = make({0});
     V const b = make({0, 0});
     TestFixture::ForEachSizeChecked(
@@ -382,9 +382,9 @@ TYPED_TEST_P(VectorRules, LengthAndDot)
     EXPECT_SAME_BITS(v.LengthSquared(), N(25));
     EXPECT_SAME_BITS(v.Length(), N(5));
     EXPECT_SAME_BITS(v.Dot(make({1, 100, 2})), N(-5));
-    // A longer operand is read as far as this vector goes.
+    // Of a longer operand only the first elements are read, as many as this vector has.
     EXPECT_SAME_BITS(v.Dot(make({1, 100, 2, nan})), N(-5));
-    // From 0, so that no sum of zeros is −0.
+    // The sum starts from 0, so a sum of zeros is never −0.
     EXPECT_SAME_BITS(make({-N(0)}).Dot(make({1})), N(0));
     EXPECT_SAME_BITS(make({-N(0)}).LengthSquared(), N(0));
     EXPECT_SAME_BITS(make({1, nan}).Length(), nan);
@@ -405,7 +405,7 @@ TYPED_TEST_P(VectorRules, NormalizeRaisesForTheExactlyNullVectorAlone)
     EXPECT_EQ(&v.Normalize(), &v);
     EXPECT_TRUE(Holds(v, {0, N(-4) / N(5), N(3) / N(5)}));
 
-    // No tolerance: far below the global one.
+    // No tolerance is used: this is far below the global one.
     N const tiny = N(1) / N(1 << 30);
     V small = make({tiny, 0});
     EXPECT_EQ(small.IsZeroLength(), 1);
@@ -449,8 +449,8 @@ TYPED_TEST_P(VectorRules, GetAngleWith)
     EXPECT_SAME_BITS(make({0, 0}).GetAngleWith(make({nan, 0})), N(0));
     EXPECT_SAME_BITS(make({1, 0}).GetAngleWith(make({nan, 0})), nan);
 
-    // A vector with itself: whatever rounding makes of the cosine, from 1 on the angle is exactly 0, and
-    // with its opposite π. Among these there are cosines above 1.
+    // A vector with itself: rounding may give a cosine above 1. From 1 on the angle is exactly 0, and with
+    // the opposite vector it is π. Some of these vectors have such cosines.
     bool aboveOne = false;
     for (int i = 1; i < 200; ++i) {
         V const v = make({N(i), N(1), N(7) / N(i)});
@@ -494,7 +494,7 @@ TYPED_TEST_P(VectorRules, ExtremesTakeTheFirstOfEquals)
     EXPECT_EQ(make({5, 4, 4}).MinValueIdx(), 1);
     EXPECT_EQ(make({0, -N(0)}).MaxValueIdx(), 0);
     EXPECT_EQ(make({0, -N(0)}).MinValueIdx(), 0);
-    // An element in the last place counts.
+    // A difference in the last place counts.
     EXPECT_EQ(make({1, 2, 9}).MaxValueIdx(), 2);
     EXPECT_EQ(make({9, 2, -9}).MinValueIdx(), 2);
 }
@@ -510,7 +510,7 @@ TYPED_TEST_P(VectorRules, ExtremesStartFromBounds)
         EXPECT_SAME_BITS(high.MinValue(), bound);
         EXPECT_SAME_BITS(high.MinAbsValue(), bound);
         EXPECT_SAME_BITS(low.MinAbsValue(), bound);
-        // No element was found; the index given is one that every vector has.
+        // No element passes the bound; the index returned is one that every vector has.
         EXPECT_EQ(low.MaxValueIdx(), 0);
         EXPECT_EQ(high.MinValueIdx(), 0);
         EXPECT_EQ(high.MinAbsValueIdx(), 0);
@@ -518,7 +518,7 @@ TYPED_TEST_P(VectorRules, ExtremesStartFromBounds)
     V const nans = make({nan, nan});
     EXPECT_SAME_BITS(nans.MaxAbsValue(), -bound);
     EXPECT_EQ(nans.MaxAbsValueIdx(), 0);
-    // One step within the bound is found.
+    // A value one step within the bound is found.
     N const within = TestFixture::Below(bound);
     EXPECT_SAME_BITS(make({-bound, -within}).MaxValue(), -within);
     EXPECT_EQ(make({-bound, -within}).MaxValueIdx(), 1);
@@ -547,7 +547,7 @@ TYPED_TEST_P(VectorRules, MagnitudeOfZeroIsNegativeZero)
     VECTOR_RULES_TYPES;
     EXPECT_SAME_BITS(make({0, 0}).MaxAbsValue(), -N(0));
     EXPECT_SAME_BITS(make({0, 3}).MinAbsValue(), -N(0));
-    // A −0 becomes +0 by the same rule.
+    // By the same rule a −0 becomes +0.
     EXPECT_SAME_BITS(make({-N(0)}).MaxAbsValue(), N(0));
 }
 
@@ -571,8 +571,8 @@ TYPED_TEST_P(VectorRules, IsZeroLength)
     EXPECT_EQ(make({0, 0}).IsZeroLength(nan), 0);
     EXPECT_EQ(make({0, nan}).IsZeroLength(infinity), 0);
 
-    // The global's squared length is 0x1.b7cdfcp-34: 0.9e-5 is within, 1e-5 is not. Exactly 0 and −0 do
-    // not select it, anything below 0 does.
+    // The global's squared length is 0x1.b7cdfcp-34: 0.9e-5 is within, 1e-5 is not. 0 and −0 do not select
+    // it; every negative number does.
     for (N selects : {N(-1), -std::numeric_limits<N>::denorm_min()}) {
         EXPECT_EQ(make({N(0.9e-5), 0}).IsZeroLength(selects), 1);
         EXPECT_EQ(make({N(1.1e-5), 0}).IsZeroLength(selects), 0);
@@ -625,10 +625,10 @@ TYPED_TEST_P(VectorRules, DirectionPredicatesCompareTheSineSquaredInclusively)
     EXPECT_EQ(a.IsPerpendicularTo(b, half), 1);
     EXPECT_EQ(a.IsPerpendicularTo(b, less), 0);
     EXPECT_EQ(a.IsPerpendicularTo(b, nan), 0);
-    // A right angle is not codirectional, however wide the tolerance: d must be above 0.
+    // A right angle is not codirectional for any tolerance: d must be above 0.
     EXPECT_EQ(a.IsCodirectionalTo(make({0, 1}), N(1)), 0);
     EXPECT_EQ(a.IsParallelTo(make({0, 1}), N(1)), 1);
-    // 0 asks for the exact test.
+    // 0 is the exact test.
     EXPECT_EQ(a.IsParallelTo(make({4, 0}), N(0)), 1);
     EXPECT_EQ(a.IsPerpendicularTo(make({0, 4}), N(0)), 1);
 }
@@ -660,7 +660,7 @@ TYPED_TEST_P(VectorRules, UnitPredicates)
     EXPECT_EQ(a.IsUnitCodirectionalTo(-a), 0);
     EXPECT_EQ(a.IsUnitPerpendicularTo(make({0, 1})), 1);
     EXPECT_EQ(a.IsUnitPerpendicularTo(a), 0);
-    // The caller vouches for unit length: d = 4 is far from 1, on either side.
+    // The caller guarantees unit length: d = 4 is far from 1, on either side.
     V const twice = make({2, 0});
     EXPECT_EQ(twice.IsUnitParallelTo(twice), 0);
     EXPECT_EQ(twice.IsParallelTo(twice), 1);
@@ -676,7 +676,7 @@ TYPED_TEST_P(VectorRules, UnitPredicates)
     EXPECT_EQ(a.IsUnitCodirectionalTo(b, TestFixture::Below(N(0.75))), 0);
     EXPECT_EQ(a.IsUnitPerpendicularTo(b, N(0.25)), 1);
     EXPECT_EQ(a.IsUnitPerpendicularTo(b, TestFixture::Below(N(0.25))), 0);
-    // No length test: a null vector is perpendicular, a right angle within 1 is parallel.
+    // There is no length test: a null vector is perpendicular, and a right angle within 1 is parallel.
     EXPECT_EQ(a.IsUnitPerpendicularTo(make({0, 0})), 1);
     EXPECT_EQ(a.IsUnitParallelTo(make({0, 0}), N(1)), 1);
     EXPECT_EQ(a.IsUnitCodirectionalTo(make({0, 0}), N(1)), 0);
@@ -692,19 +692,19 @@ TYPED_TEST_P(VectorRules, IsEqualTo)
     EXPECT_EQ(make({0, 0}).IsEqualTo(make({0, -N(0)})), 1);
     EXPECT_EQ(make({0, 0}).IsEqualTo(make({1, 0}), N(1), N(100)), 0);
     EXPECT_EQ(make({1, 0}).IsEqualTo(make({0, 0}), N(1), N(100)), 0);
-    // Not null but within the global's length: equal to nothing, whatever length is given.
+    // Not null but within the global's length: equal to nothing, for any length argument.
     V const tiny = make({N(1e-6), 0});
     EXPECT_EQ(tiny.IsEqualTo(tiny), 0);
     EXPECT_EQ(tiny.IsEqualTo(tiny, N(-1), N(1)), 0);
     EXPECT_EQ(tiny.IsEqualTo(tiny, N(-1), N(0)), 0);
-    // Close enough, and the angle fails; the other way round.
+    // Close enough, but the angle fails; then the reverse.
     EXPECT_EQ(make({1, 0}).IsEqualTo(make({1, N(1e-3)}), N(-1), N(1)), 0);
     EXPECT_EQ(make({1, 0}).IsEqualTo(make({N(1.000001), 0})), 1);
     EXPECT_EQ(make({1, 0}).IsEqualTo(make({2, 0})), 0);
-    // The squared distance, 1, is compared inclusively.
+    // The comparison of the squared distance, 1, is inclusive.
     EXPECT_EQ(make({1, 0}).IsEqualTo(make({2, 0}), N(-1), N(1)), 1);
     EXPECT_EQ(make({1, 0}).IsEqualTo(make({2, 0}), N(-1), TestFixture::Below(1)), 0);
-    // The angle is handed on: (1, 0) and (1, 1) are within 1/2, at a squared distance of 1.
+    // The angle is passed on: (1, 0) and (1, 1) are within 1/2, at a squared distance of 1.
     EXPECT_EQ(make({1, 0}).IsEqualTo(make({1, 1}), N(0.5), N(1)), 1);
     EXPECT_EQ(make({1, 0}).IsEqualTo(make({1, 1}), TestFixture::Below(N(0.5)), N(1)), 0);
     EXPECT_EQ(make({1, 0}).IsEqualTo(make({-1, 0}), N(1), N(100)), 0);

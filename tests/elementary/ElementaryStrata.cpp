@@ -9,8 +9,8 @@
 #include <random>
 #include <string>
 
-// vexor_elementary_strata: holds sin, cos, acos and atan2 against MPFR, all bits compared, the fast steps
-// with and without fused multiply-add apart.
+// vexor_elementary_strata: compares sin, cos, acos and atan2 with MPFR, all bits, the fast steps
+// with and without fused multiply-add separately.
 //
 //   --cases N   arguments a function (10000)
 //   --seed S    of the arguments (1)

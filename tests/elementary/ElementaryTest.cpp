@@ -12,7 +12,7 @@
 #include <string>
 #include <vector>
 
-// Results are held against MPFR, bits compared, or against C's Annex F.
+// Results are compared with MPFR, all bits, or with C's Annex F.
 
 namespace {
 
@@ -55,7 +55,7 @@ testing::AssertionResult Are(double actual, double expected, char const* way, do
     return testing::AssertionFailure() << text;
 }
 
-/// Each way, and the accurate step alone for the arguments that reach it.
+/// Each variant, and the accurate step alone for the arguments that reach it.
 void CheckSine(double x, double sine, double cosine)
 {
     for (Way const& way : vexor_test::Ways()) {
@@ -145,8 +145,8 @@ TEST(Elementary, ArcTangentOfZerosInfinitiesAndNaN)
 
 TEST(Elementary, AnArcTangentThatUnderflowsIsRoundedOnce)
 {
-    // A little less than the quotient: half the smallest double becomes 0, 3 halves become 1, an exact
-    // quotient stays.
+    // Slightly less than the quotient: half the smallest double becomes 0, 3 halves become 1, and an exact
+    // is unchanged.
     CheckArcTangent(smallest, 2.0, 0.0);
     CheckArcTangent(-smallest, 2.0, -0.0);
     CheckArcTangent(3.0 * smallest, 2.0, smallest);
@@ -166,8 +166,8 @@ TEST(Elementary, AnArcTangentThatUnderflowsIsRoundedOnce)
 
 TEST(Elementary, AnglesAtTheLimitsOfTheReductions)
 {
-    // Multiples of pi/512 are the table's points and the middles between them. The last two of the other angles are
-    // the limits of the method without a reduction, a little below pi/512, and of that with doubles.
+    // Multiples of pi/512 are the table's points and the midpoints between them. The last two of the other
+    // angles are the limits of the method without reduction, slightly below pi/512, and of that with doubles.
     vexor_test::Reference reference;
     std::vector<double> angles = {0x1p-27, 0x1p-26, 0x1p-8, 0x1p-7, 0x1.9p-8, 0x1p+16};
     for (int i = 1; i < 2048; ++i)
@@ -187,8 +187,8 @@ TEST(Elementary, AnglesAtTheLimitsOfTheReductions)
 
 TEST(Elementary, QuotientsBetweenTwoPointsOfTheTable)
 {
-    // The quotient 2^-8 is half-way between the first two points; the computed one lies just below. Its difference
-    // from the second point has 54 bits.
+    // The quotient 2^-8 is half-way between the first two points; the computed one is slightly below. Its
+    // difference from the second point has 54 bits.
     for (double x : {0x1.8e8p+0, 0x1.88cp-80, -0x1.708p+24, 0x1.b33121eabe1a9p-84}) {
         double const y = x * 0x1p-8;
         CheckArcTangent(std::fabs(y), std::fabs(x), 0x1.ffff5555bbbb7p-9);

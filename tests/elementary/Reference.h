@@ -5,12 +5,12 @@
 
 namespace vexor_test {
 
-/// The nearest double to the true value, from MPFR. One object a thread.
+/// The double nearest to the true value, from MPFR. Use one object in each thread.
 class Reference {
 public:
     Reference()
     {
-        mpfr_set_emin(-1073); // a double's exponents; the denormals' are handled below
+        mpfr_set_emin(-1073); // a double's exponents; denormals are handled below
         mpfr_set_emax(1024);
         for (mpfr_ptr number : {x_, y_, result_, second_})
             mpfr_init2(number, 53);
@@ -45,7 +45,7 @@ public:
     }
 
 private:
-    /// The ternary value of the two results at once is 0, 1 or 2 for exact, rounded up and rounded down.
+    /// The ternary value of two results together is 0, 1 or 2 for exact, rounded up and rounded down.
     static double Finish(mpfr_ptr value, int status)
     {
         mpfr_subnormalize(value, status == 2 ? -1 : status, MPFR_RNDN);

@@ -8,7 +8,7 @@
 
 namespace vexor_test {
 
-/// Arguments of the elementary functions, drawn from strata in which their cases lie.
+/// Arguments of the elementary functions, drawn from strata that cover the different cases.
 class Strata {
 public:
     explicit Strata(std::uint64_t seed) : bits_(seed)
@@ -68,17 +68,17 @@ public:
         case 0: // all pairs of exponents
             y = Any();
             break;
-        case 1: // about the diagonals
+        case 1: // near the diagonals
             y = (bits_() & 1 ? x : -x) * (1.0 + Signed() * std::ldexp(1.0, -Below(54)));
             break;
-        case 2: // about the axes
+        case 2: // near the axes
             y = x * Signed() * std::ldexp(1.0, Below(140) - 70);
             break;
-        case 3: // exact quotients, their results down to below the smallest double
+        case 3: // exact quotients, with results down to below the smallest double
             x = std::ldexp(1.0 + Below(2000), Below(2090) - 1074);
             y = std::ldexp(1.0 + Below(2000), Below(100) - 50) * x;
             break;
-        case 4: // quotients that underflow, exact ones and halves of the last place among them
+        case 4: // quotients that underflow, including exact ones and ties of the last place
             x = std::ldexp(1.0 + Below(64), Below(900) + 60);
             y = std::ldexp(1.0 + Below(4096), -1074 + Below(990));
             break;
@@ -96,7 +96,7 @@ public:
             x = -x;
     }
 
-    /// Any double, NaNs and infinities among them, each exponent as often.
+    /// Any double, NaNs and infinities included; each exponent is equally likely.
     double Any()
     {
         std::uint64_t const bits = bits_();

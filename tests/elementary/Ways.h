@@ -6,8 +6,8 @@
 
 namespace vexor_test {
 
-/// One way to the same results. The fast steps stay inside the library, so that these programs have them
-/// compiled once more.
+/// One variant of the functions. The library does not export the fast steps, so these programs compile them
+/// again.
 struct Way {
     char const* name;
     double (*sin)(double);

@@ -15,7 +15,7 @@ inline std::string DataFile(std::string const& name)
     return std::string(EXAMPLES_DATA) + "/" + name;
 }
 
-/// A file that lives as long as the object.
+/// A file that is removed with the object.
 class ScratchFile {
 public:
     explicit ScratchFile(std::string const& text, std::string const& suffix = "")

@@ -10,7 +10,7 @@ namespace {
 
 using namespace examples;
 
-/// A problem, and the digits that every coefficient must have.
+/// A problem, and the number of digits that every coefficient must have.
 struct Demand {
     char const* name;
     int observations;
@@ -23,7 +23,7 @@ protected:
     NistProblem problem = ReadNistProblem(DataFile(std::string("nist/") + GetParam().name + ".txt"));
 };
 
-/// The worse way to fit: solves XᵀX b = Xᵀy.
+/// The less accurate way to fit: solves XᵀX b = Xᵀy.
 Fit FitByNormalEquations(NistProblem const& problem)
 {
     MatDbl const transposed = problem.design.GetTransposedCopy();
@@ -62,7 +62,7 @@ TEST_P(NistRegression, DigitsHeldAreRight)
 {
     Fit const fit = FitLeastSquares(problem);
     Conditioning const conditioning = Examine(problem, fit);
-    double const solversOwn = 1.0; // the bound is for one rounding of the data, not for those of the solver
+    double const solversOwn = 1.0; // the bound allows for one rounding of the data, not for the solver's
     for (int i = 0; i < fit.coefficients.Size(); ++i) {
         auto const index = static_cast<std::size_t>(i);
         EXPECT_GE(CorrectDigits(fit.coefficients[i], problem.coefficients[index].estimate),
@@ -72,7 +72,7 @@ TEST_P(NistRegression, DigitsHeldAreRight)
 
 class NormalEquations : public NistRegression {};
 
-// They square the condition of the problem.
+// The normal equations square the condition number of the problem.
 TEST_P(NormalEquations, FallShort)
 {
     double worst = 0.0;
@@ -83,7 +83,7 @@ TEST_P(NormalEquations, FallShort)
     EXPECT_LT(worst, GetParam().digits);
 }
 
-// What a Householder factorisation in double precision reaches, less about half a digit for the
+// The accuracy of a Householder factorisation in double precision, less about half a digit for the
 // differences between processors and providers.
 Demand const norris{"Norris", 36, 2, 12.0};
 Demand const pontius{"Pontius", 40, 3, 11.8};
@@ -107,7 +107,7 @@ INSTANTIATE_TEST_SUITE_P(All, NistRegression,
                                          wampler3, wampler4, wampler5),
                          NameOf);
 
-// Left out are the easy ones, and Wampler4 and 5, of which the large residuals leave neither way much.
+// Without the easy problems, and Wampler4 and 5, whose large residuals leave neither way many digits.
 INSTANTIATE_TEST_SUITE_P(Hard, NormalEquations,
                          testing::Values(pontius, filip, longley, wampler1, wampler2, wampler3), NameOf);
 

@@ -20,7 +20,7 @@ namespace {
 
 using examples::Scan;
 
-/// Whole coordinates, of which many distances are equal and many points coincide.
+/// Integer coordinates: many distances are equal and many points coincide.
 std::vector<Pnt3Dbl> LatticePoints(std::size_t count, int side)
 {
     std::mt19937 engine(1);

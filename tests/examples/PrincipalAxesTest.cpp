@@ -19,7 +19,7 @@ std::vector<CloudPoint> CloudOf(std::vector<Pnt3Dbl> const& places)
     return cloud;
 }
 
-/// The corners of a box with one corner at the place given.
+/// The corners of a box, one of them at the given place.
 std::vector<CloudPoint> Box(Pnt3Dbl const& corner, Vec3Dbl const& size)
 {
     std::vector<Pnt3Dbl> places;
@@ -43,7 +43,7 @@ TEST(PrincipalAxes, OfABoxAreItsEdges)
     EXPECT_NEAR(axes.GetRow(0).Cross(axes.GetRow(1)).Dot(axes.GetRow(2)), 1.0, 1e-15); // right-handed
 }
 
-// All coordinates and their sums are whole numbers below 2⁵³, so the shift must not show at all.
+// All coordinates and their sums are integers below 2⁵³, so the shift must not change the result at all.
 TEST(PrincipalAxes, LoseNothingFarFromTheOrigin)
 {
     Vec3Dbl const size(2.0, 8.0, 4.0);

@@ -39,7 +39,7 @@ void ExpectSameMotion(AffMat3Dbl const& found, AffMat3Dbl const& expected)
             EXPECT_NEAR(found(i, j), expected(i, j), 1e-13) << i << j;
 }
 
-/// Both ways must find the motion that made the fixed points of the moving ones.
+/// Both methods must find the motion by which the fixed points were made from the moving ones.
 void ExpectRecovered(std::vector<Pnt3Dbl> const& points, AffMat3Dbl const& motion)
 {
     PointPairs const pairs{{}, Moved(points, motion), points};
@@ -67,7 +67,7 @@ TEST(Superposition, RecoversHalfTurns)
     }
 }
 
-// The third singular value is 0: nothing but the cross product tells the third direction.
+// The third singular value is 0: only the cross product determines the third direction.
 TEST(Superposition, RecoversTheMotionOfAFlatShape)
 {
     std::vector<Pnt3Dbl> const flat = {Pnt3Dbl(0.0, 0.0, 1.0), Pnt3Dbl(4.0, 0.0, 1.0), Pnt3Dbl(4.0, 2.0, 1.0),
@@ -83,7 +83,7 @@ TEST(Superposition, RefusesPointsThatLeaveItOpen)
     EXPECT_THROW(Correlation({{}, line, line}).BySvd(), InputError);
 }
 
-/// What a structure pair must give: from rational sums and an eigensolver with 40 digits.
+/// The expected result for a pair of structures, from rational sums and an eigensolver with 40 digits.
 struct Expected {
     char const* fixed;
     char const* moving;
@@ -134,7 +134,7 @@ TEST_P(Structures, BothWaysGiveTheBestRotation)
     EXPECT_LT(SmallAngleBetween(bySvd.rotation, byQuaternion.rotation), 1e-13);
 }
 
-// No turn away from the best rotation, small or large, comes nearer.
+// No rotation that differs from the best one, a little or much, gives a smaller distance.
 TEST_P(Structures, NoOtherRotationIsBetter)
 {
     Superposition const best = Correlation(pairs).BySvd();

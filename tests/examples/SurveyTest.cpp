@@ -15,7 +15,7 @@ using namespace examples;
 
 double const pi = 3.141592653589793;
 
-/// A survey with the legs given, each a line: from, to, length, compass, clino.
+/// A survey with the given legs, one in each line: from, to, length, compass, clino.
 Survey SurveyOf(std::string const& legs, std::string const& before = "")
 {
     ScratchFile scratch("centreline\n" + before + "\ndata normal from to tape compass clino\n" + legs
@@ -143,7 +143,7 @@ TEST(Adjust, KeepsFixedStationsAndMeasuresBetweenThem)
     ExpectNear(network.Find("c").adjusted, Pnt3Dbl(40.4, 0.0, 0.0), 0.0);
 }
 
-// Both ends of the last leg hang on a fixed station by a leg of their own: 10 and 20 m, and 5 between them.
+// Each end of the last leg is joined to a fixed station by another leg: 10 and 20 m, and 5 between them.
 TEST(Adjust, CountsTheLegsOnBothSidesOfAClosingLeg)
 {
     Network const network =
@@ -192,7 +192,7 @@ TEST(FitToGrid, FindsAnAffineMap)
     EXPECT_NEAR(fit.rmsResidual, 0.0, 1e-13);
 }
 
-// Four corners of a square, one pushed out of place by d: the affine fit leaves d/4 at each of them.
+// Four corners of a square, one of them moved by d: the affine fit leaves d/4 at each of them.
 TEST(FitToGrid, SpreadsWhatDoesNotFit)
 {
     std::vector<ControlPoint> controls = {{"a", Pnt2Dbl(0.0, 0.0), Pnt2Dbl(0.0, 0.0)},
@@ -217,7 +217,7 @@ TEST(FitToGrid, RefusesTooFewPointsAndPointsOnALine)
     EXPECT_THROW(FitToGrid(line), VexorException);
 }
 
-/// What the residuals come to without one point, as a part of what they are with it.
+/// The residuals without one point, as a fraction of those with it.
 double RemainderWithout(std::size_t index, std::vector<ControlPoint> controls)
 {
     double const all = FitToGrid(controls).rmsResidual;
@@ -228,7 +228,7 @@ double RemainderWithout(std::size_t index, std::vector<ControlPoint> controls)
 TEST(FindBlunder, FindsAPointWithoutWhichLessThanHalfRemains)
 {
     std::vector<ControlPoint> controls = ControlsOnTheGrid();
-    for (std::size_t i = 0; i < controls.size(); ++i) // a little roughness, so that the fit is not exact
+    for (std::size_t i = 0; i < controls.size(); ++i) // some noise, so that the fit is not exact
         controls[i].grid += Vec2Dbl(i % 2 ? 0.3 : -0.3, i % 3 ? 0.2 : -0.2);
     EXPECT_EQ(FindBlunder(controls), -1);
 
@@ -244,7 +244,7 @@ TEST(FindBlunder, FindsAPointWithoutWhichLessThanHalfRemains)
     EXPECT_EQ(FindBlunder(marked), 3);
 
     marked.resize(7);
-    EXPECT_EQ(FindBlunder(marked), -1); // too few to tell
+    EXPECT_EQ(FindBlunder(marked), -1); // too few to decide
 }
 
 TEST(CommonStations, AreThoseThatBothHave)

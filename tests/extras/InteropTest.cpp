@@ -1,4 +1,4 @@
-// The peers come first: interop.h takes what is there.
+// The peers come first, since interop.h compiles only the sections whose library is included.
 #if defined(__has_include)
 #    if __has_include(<Eigen/Geometry>)
 #        include <Eigen/Geometry>
@@ -23,7 +23,7 @@
 
 namespace {
 
-// Nothing here is symmetric, so that a transposition, another order of components or the inverse rotation shows.
+// Nothing here is symmetric, so a transposition, another order of components or the inverse rotation shows.
 Mat3Dbl const matrix(Vec3Dbl(1, 2, 3), Vec3Dbl(4, 5, 6), Vec3Dbl(7, 8, 10));
 AffMat3Dbl const map(matrix, Vec3Dbl(-1, -2, -3));
 Quaternion const rotation(Vec3Dbl(0.6, 0, 0.8), 1.0, 0);

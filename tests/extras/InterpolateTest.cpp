@@ -55,7 +55,7 @@ TEST(Interpolate, SlerpTakesTheShortWay)
 {
     Quaternion const start;
     Quaternion const end(Vec3Dbl(0, 0, 1), 3 * pi / 2,
-                         0); // a quarter turn back, written as three quarters on
+                         0); // a quarter turn back, written as three quarters forward
     ExpectNear(vexor::Slerp(start, end, 0.5), Quaternion(Vec3Dbl(0, 0, 1), -pi / 4, 0), 4e-16);
     EXPECT_EQ(vexor::Slerp(start, end, 1.0), Components(-end.u, -end.v, -end.w, -end.s));
 }

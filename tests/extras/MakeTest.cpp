@@ -123,7 +123,7 @@ TEST(Make, AnglesKeepFullPrecisionNearZeroAndPi)
 {
     // tan a = 1e-8, and a differs from it by less than 1e-24.
     EXPECT_NEAR(vexor::Angle(Vec3Dbl(1, 0, 0), Vec3Dbl(1, 1e-8, 0)), 1e-8, 1e-23);
-    EXPECT_EQ(Vec3Dbl(1, 0, 0).GetAngleWith(Vec3Dbl(1, 1e-9, 0)), 0.0); // what the arc cosine gives
+    EXPECT_EQ(Vec3Dbl(1, 0, 0).GetAngleWith(Vec3Dbl(1, 1e-9, 0)), 0.0); // the result of the arc cosine
     EXPECT_NEAR(vexor::Angle(Vec3Dbl(1, 0, 0), Vec3Dbl(-1, 1e-8, 0)), pi - 1e-8, 1e-15);
     EXPECT_EQ(vexor::Angle(Vec3Dbl(1e300, 0, 0), Vec3Dbl(0, 1e-300, 0)), pi / 2);
     EXPECT_THROW(vexor::Angle(Vec3Dbl(0, 0, 0), Vec3Dbl(1, 0, 0)), VexorNullVector);

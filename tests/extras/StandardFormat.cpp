@@ -1,5 +1,5 @@
-// std::format of every class. Neither g++ 12 nor clang 14 has std::format, so this is a program of its own, without a
-// test framework, for whichever compiler has it. It needs C++20.
+// std::format of every class. Neither g++ 12 nor clang 14 has std::format, so this is a separate program,
+// without a test framework, for a compiler that has it. It needs C++20.
 #include <vexor/extras/format.h>
 #include <vexor/vexor.h>
 
@@ -22,7 +22,7 @@ void Expect(std::string const& found, char const* expected)
     ++failures;
 }
 
-// The shortest digits that identify the number, which is a float's own in a class of floats.
+// The shortest digits that identify the number: those of a float in a class of floats.
 void WithoutAFormat()
 {
     Expect(std::format("{}", Vec2Dbl(1, 0.1)), "(1, 0.1)");

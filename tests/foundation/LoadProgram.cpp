@@ -1,5 +1,5 @@
-// The constants that the library brings are the same whatever rounding mode the program has set when it
-// loads the library: those of VexorTolerance(), and the square root of 3 in the eigenvalues of a 3×3 matrix.
+// The library's constants do not depend on the rounding mode in which the program loads the library: those
+// of VexorTolerance(), and the square root of 3 in the eigenvalues of a 3×3 matrix.
 //
 // Usage: LoadProgram LIBRARY
 

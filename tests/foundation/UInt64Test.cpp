@@ -93,7 +93,7 @@ TEST(UInt64, OrderIsSigned)
     EXPECT_TRUE(zero >= UInt64(0));
     UInt64 lowest(least);
     EXPECT_TRUE(lowest <= UInt64(most));
-    // The words are one number: a greater low word does not outweigh the high one.
+    // The two words form one number: a greater low word does not outweigh the high one.
     UInt64 value(0x100000000);
     EXPECT_TRUE(value >= UInt64(0xFFFFFFFF));
     EXPECT_FALSE(value <= UInt64(0xFFFFFFFF));
@@ -208,7 +208,7 @@ TEST(UInt64, AddAssign)
     UInt64 highest(most);
     highest += 1;
     EXPECT_EQ(highest.int64(), least);
-    // The result is a copy: adding to it leaves the object alone.
+    // The result is a copy: adding to it leaves the object unchanged.
     UInt64 counter(1);
     (counter += 1) += 10;
     EXPECT_EQ(counter.int64(), 2);
@@ -269,8 +269,8 @@ TEST(UInt64, ToFloatAndDoubleAreSignedAndRoundedOnce)
     EXPECT_SAME_BITS(static_cast<double>(UInt64(least)), -0x1p+63);
     EXPECT_SAME_BITS(static_cast<float>(UInt64(most)), 0x1p+63f);
     EXPECT_SAME_BITS(static_cast<double>(UInt64(0)), 0.0);
-    // 2^53 + 1 is halfway and goes to even; 2^60 + 2^36 + 1 lies above halfway between two singles,
-    // but not once it has been rounded to a double.
+    // 2^53 + 1 is a tie and rounds to even; 2^60 + 2^36 + 1 is above the midpoint of two singles,
+    // but not after rounding to a double.
     EXPECT_SAME_BITS(static_cast<double>(UInt64((static_cast<__int64>(1) << 53) + 1)), 0x1p+53);
     EXPECT_SAME_BITS(
         static_cast<float>(UInt64((static_cast<__int64>(1) << 60) + (static_cast<__int64>(1) << 36) + 1)),

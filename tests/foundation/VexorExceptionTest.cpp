@@ -10,7 +10,7 @@
 
 namespace {
 
-// Tells, of a raising function, which of the handlers takes what it raises.
+// Returns which of the handlers catches what the function raises.
 enum class Caught { nothing, standard, singular, dimension, allocation, computation, nullVector, root };
 
 template <class Function>
@@ -100,7 +100,7 @@ TYPED_TEST(VexorExceptionFamily, DestroysThroughTheRoot)
 {
     VexorException* const owned = new TypeParam;
     EXPECT_NE(dynamic_cast<TypeParam*>(owned), nullptr);
-    delete owned; // the destructor is virtual: with another size this would not be freed rightly
+    delete owned; // the destructor is virtual: otherwise this would be freed with the wrong size
 }
 
 TEST(VexorException, RootCopiesAndAssigns)
@@ -110,7 +110,7 @@ TEST(VexorException, RootCopiesAndAssigns)
     EXPECT_EQ(&(root = copy), &root);
 }
 
-// What the library itself raises, across the boundary of the shared library.
+// Exceptions that the library itself raises, across the boundary of the shared library.
 TEST(VexorException, RaisedByTheLibrary)
 {
     EXPECT_EQ(CaughtFrom(vexor::detail::RaiseSingular), Caught::singular);

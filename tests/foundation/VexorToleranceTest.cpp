@@ -13,13 +13,13 @@ namespace {
 using vexor_test::nan; // and not the function of <cmath>
 
 // The singles nearest 1e-7 and 1e-5, the square of the rounded sine of the double 1e-7, and the square
-// of the rounded 1e-5, which lies one unit in the last place below the single nearest 1e-10.
+// of the rounded 1e-5, which is one unit in the last place below the single nearest to 1e-10.
 constexpr std::uint32_t angleBits = 0x33D6BF95;
 constexpr std::uint32_t sin2AngleBits = 0x283424DC;
 constexpr std::uint32_t lengthBits = 0x3727C5AC;
 constexpr std::uint32_t lengthSquaredBits = 0x2EDBE6FE;
 
-// Read before main, which nothing in a test can reach: the state that the library's load left.
+// Read before main, before any test can change it: the state after the library was loaded.
 VexorTolerance const atLoad = gVexorTolerance;
 
 TEST(VexorTolerance, Constructor)
@@ -42,7 +42,7 @@ TEST(VexorTolerance, GlobalAfterLoadIsInTheDefaultState)
 TEST(VexorTolerance, AssignmentCopiesTheFieldsAsTheyStand)
 {
     VexorTolerance source;
-    source.angle = 1.0f; // four values that belong to no pair: anything computed would show
+    source.angle = 1.0f; // four values that do not belong together: a computed field would show
     source.sin2Angle = 2.0f;
     source.length = 3.0f;
     source.lengthSquared = nanFlt;
@@ -90,8 +90,8 @@ TEST(VexorTolerance, SetAngleOfTheGlobalBringsBackItsStateAfterLoad)
     EXPECT_SAME_BITS(gVexorTolerance.GetAngle(), atLoad.angle);
 }
 
-// Of each angle: the square of the rounded sine differs both from the rounded square of the sine in
-// double and from what the sine of the rounded angle gives.
+// For each angle the square of the rounded sine differs both from the rounded square of the sine in
+// double and from the result of the sine of the rounded angle.
 TEST(VexorTolerance, SetAngleRoundsTheSineOfTheDoubleAngleAndThenItsSquare)
 {
     struct Case {
@@ -130,7 +130,7 @@ TEST(VexorTolerance, SetAngleStoresWhatItGets)
     tolerance.SetAngle(infinity);
     EXPECT_SAME_BITS(tolerance.angle, infinityFlt);
     EXPECT_SAME_BITS(tolerance.sin2Angle, nanFlt);
-    tolerance.SetAngle(1e300); // too large for a single, and still an angle with a sine
+    tolerance.SetAngle(1e300); // too large for a single, but an angle with a sine
     EXPECT_SAME_BITS(tolerance.angle, infinityFlt);
     EXPECT_GE(tolerance.sin2Angle, 0.0f);
     EXPECT_LE(tolerance.sin2Angle, 1.0f);
@@ -247,7 +247,7 @@ TEST(ToleranceArguments, ZeroOfEitherSignIsTheExactTest)
     for (double argument : {0.0, -0.0}) {
         EXPECT_EQ(Vec3Dbl(1e-100, 0.0, 0.0).IsZeroLength(argument), 0);
         EXPECT_EQ(Vec3Dbl(0.0, -0.0, 0.0).IsZeroLength(argument), 1);
-        EXPECT_EQ(Vec3Dbl(1e-200, 0.0, 0.0).IsZeroLength(argument), 1); // whose square vanishes
+        EXPECT_EQ(Vec3Dbl(1e-200, 0.0, 0.0).IsZeroLength(argument), 1); // its square underflows
     }
     for (float argument : {0.0f, -0.0f}) {
         EXPECT_EQ(Vec3Flt(1e-20f, 0.0f, 0.0f).IsZeroLength(argument), 0);
@@ -271,10 +271,10 @@ TEST(ToleranceArguments, NanFailsEveryTest)
     Vec3Dbl const v(1.0, 2.0, 3.0);
     EXPECT_EQ(Vec3Dbl(0.0).IsZeroLength(nan), 0);
     EXPECT_EQ(v.IsParallelTo(v, nan, -1.0), 0);
-    // With a NaN length nothing counts as zero length, and the angle decides: here of two vectors that
-    // the global would call too short.
+    // With a NaN as length no vector counts as too short, and the angle decides, here for two vectors that
+    // are too short for the global's length.
     EXPECT_EQ(Vec3Dbl(1e-9, 0.0, 0.0).IsParallelTo(Vec3Dbl(1e-9, 0.0, 0.0), -1.0, nan), 1);
-    // 0/0 for two null vectors is NaN, which is within no angle.
+    // For two null vectors 0/0 is NaN, which is within no angle.
     EXPECT_EQ(Vec3Dbl(0.0).IsParallelTo(Vec3Dbl(0.0), 1.0, nan), 0);
     EXPECT_EQ(v.IsEqualTo(v, -1.0, nan), 0);
 }
@@ -316,7 +316,7 @@ TEST(ToleranceArguments, AGlobalLengthThatOverflowsOrVanishes)
     gVexorTolerance.SetLength(0.0);
     EXPECT_EQ(Vec3Dbl(1e-100, 0.0, 0.0).IsZeroLength(), 0);
     EXPECT_EQ(Vec3Dbl(0.0).IsZeroLength(), 1);
-    gVexorTolerance.SetLength(1e-30); // its square vanishes in single precision
+    gVexorTolerance.SetLength(1e-30); // its square underflows in single precision
     EXPECT_EQ(Vec3Dbl(1e-100, 0.0, 0.0).IsZeroLength(), 0);
 }
 

@@ -1,5 +1,5 @@
-// Functions over arrays of any bytes, in every instruction set of this machine, held against the plain set, which
-// is the loop over the members: the same results up to where it fails, the same exception, the rest untouched.
+// Functions over arrays of any bytes, in every instruction set of this machine, compared with the plain set,
+// the loop over the members: the same results up to the failure, the same exception, the rest unchanged.
 //
 // Built with clang's libFuzzer, or with Replay.cpp, which runs without it.
 
@@ -19,7 +19,7 @@ namespace {
 
 namespace arrays = vexor::arrays;
 
-/// An array of exactly so many values, of the input's bytes over and over.
+/// An array of that many values, filled with the input's bytes repeatedly.
 template <class Value>
 class Block {
 public:
@@ -39,7 +39,7 @@ private:
     std::size_t length;
 };
 
-/// Equal bytes, or both NaN where a number begins.
+/// Equal bytes, or both NaN if a number begins there.
 template <class Number>
 bool Same(unsigned char const* left, unsigned char const* right, std::size_t length)
 {

@@ -1,5 +1,5 @@
 // Sequences of operations on a pool of vectors and matrices of run-time size, with own and callers'
-// storage, in any order, held against a model of shapes, storage, elements and factorisation.
+// storage, in any order, compared with a model of shapes, storage, elements and factorisation.
 //
 // Built with clang's libFuzzer, or with Replay.cpp, which runs the committed corpus without it.
 
@@ -22,18 +22,18 @@ namespace {
     ((condition) ? static_cast<void>(0)                                                                      \
                  : (std::fprintf(stderr, "%s:%d: %s\n", __FILE__, __LINE__, #condition), std::abort()))
 
-/// An element as the model knows it; empty where the library leaves it open.
+/// An element in the model; empty if the interface does not define it.
 using Cell = std::optional<double>;
 
 bool Same(double actual, Cell const& expected)
 {
     if (!expected || (actual != actual && *expected != *expected))
         return true;
-    // NOLINTNEXTLINE(bugprone-suspicious-memory-comparison): the bytes are what is compared
+    // NOLINTNEXTLINE(bugprone-suspicious-memory-comparison): compares bytes on purpose
     return std::memcmp(&actual, &*expected, sizeof actual) == 0;
 }
 
-/// The bytes of one run, read as small numbers; zeros once they are used up.
+/// The bytes of one run, read as small numbers; zeros after the last byte.
 class Bytes {
 public:
     Bytes(std::uint8_t const* first, std::size_t count) : next(first), end(first + count) {}
@@ -68,14 +68,14 @@ private:
 constexpr int blockSize = sizes::matricesUpTo * sizes::matricesUpTo;
 constexpr int poolSize = 4;
 
-/// A caller's block for so many elements, or −1 for storage of the object's own.
+/// A caller's block for that many elements, or −1 for the object's own storage.
 int DrawnBlock(Bytes& bytes, long long count)
 {
     int const block = bytes.Below(poolSize + 1) - 1;
     return count <= blockSize ? block : -1;
 }
 
-/// Where an object's elements are: in a caller's block (shared by all that view it) or in its own.
+/// Where an object's elements are: in a caller's block, shared by all its views, or in its own.
 struct Storage {
     int block = -1; // the caller's block, or −1
     std::vector<Cell> own;
@@ -111,7 +111,7 @@ struct Pool {
         return storage.block < 0 ? storage.own[place] : blockModel[storage.block][place];
     }
 
-    /// What Init does to the model. An own object of the requested shape stays, whatever the pointer.
+    /// The effect of Init on the model. An own object of the requested shape is kept, whatever the pointer.
     void InitVector(int v, int size, int block)
     {
         VectorModel& model = vectorModel[v];
@@ -138,7 +138,7 @@ struct Pool {
 
     bool ShareStorage(Storage const& a, Storage const& b) const { return a.block >= 0 && a.block == b.block; }
 
-    /// Takes over what a LAPACK driver left, of which the model says nothing.
+    /// Copies what a LAPACK driver left, which the model does not predict.
     void ForgetMatrix(int m)
     {
         MatrixModel& model = matrixModel[m];
@@ -173,7 +173,7 @@ struct Pool {
     }
 };
 
-/// What an operation raised: 0 nothing, 1 dimensions, 2 computation, 3 allocation, 4 a null vector.
+/// The exception of an operation: 0 nothing, 1 dimensions, 2 computation, 3 allocation, 4 a null vector.
 template <class Operation>
 int Raised(Operation operation)
 {
@@ -198,7 +198,7 @@ Cell Sum(Cell const& a, Cell const& b)
 
 // ---- The operations --------------------------------------------------------------------------------------
 
-/// What reads all elements, against plain loops.
+/// Operations that read all elements, compared with plain loops.
 void RequireReductions(VecDbl const& a, VecDbl const& b)
 {
     bool equal = true, null = true;
@@ -448,7 +448,7 @@ void StepOnSolvers(Pool& pool, Bytes& bytes)
         REQUIRE((raised == 1) == (!square || !fits));
         REQUIRE(raised != 0 || model.factorised);
         if (raised)
-            return; // nothing has changed: the check that follows says so
+            return; // nothing has changed, as the check that follows shows
         break;
     case 4: {
         int const rows = model.rows;
@@ -457,7 +457,7 @@ void StepOnSolvers(Pool& pool, Bytes& bytes)
         if (raised == 1)
             return;
         model.factorised = false;
-        pool.ForgetVector(v); // the driver ran in a caller's block before the vector left it
+        pool.ForgetVector(v); // the driver ran in a caller's block before the vector was detached
         if (rows < model.columns || (raised == 0 && rows > model.columns))
             pool.InitVector(v, model.columns, -1);
         break;

@@ -29,7 +29,7 @@ namespace {
     ((condition) ? static_cast<void>(0)                                                                      \
                  : (std::fprintf(stderr, "%s:%d: %s\n", __FILE__, __LINE__, #condition), std::abort()))
 
-/// A file for this process alone, which is removed at its end.
+/// A file of this process alone, removed at its end.
 class Scratch {
 public:
     Scratch() : path("examples_fuzzer_" + std::to_string(std::random_device()()) + ".txt") {}

@@ -1,5 +1,5 @@
-// One operation of a fixed-size class on operands made of the bytes, held against the oracle's statement
-// of its rule, bit for bit.
+// One operation of a fixed-size class on operands made from the bytes, compared bit for bit with the oracle's
+// statement of its rule.
 //
 // Built with clang's libFuzzer, or with Replay.cpp, which runs the committed corpus without it.
 

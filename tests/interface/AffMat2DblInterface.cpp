@@ -6,7 +6,7 @@ namespace {
 
 using Class = AffMat2Dbl;
 
-// The translation stands right behind the four elements.
+// The translation is directly after the four elements.
 static_assert(sizeof(Class) == 6 * sizeof(double) && alignof(Class) == alignof(double));
 static_assert(vexor_interface::isPlainValue<Class>);
 

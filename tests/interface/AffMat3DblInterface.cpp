@@ -9,7 +9,7 @@ using Class = AffMat3Dbl;
 static_assert(sizeof(Class) == sizeof(Mat3Dbl) + sizeof(Vec3Dbl) && alignof(Class) == alignof(double));
 static_assert(std::is_standard_layout_v<Class> && !std::is_polymorphic_v<Class>);
 static_assert(std::is_trivially_destructible_v<Class>);
-static_assert(!std::is_trivially_copyable_v<Class>); // a copy leaves the pivot order behind
+static_assert(!std::is_trivially_copyable_v<Class>); // the pivot order is not copied
 
 DEFAULT_CONSTRUCTOR();
 CONSTRUCTOR(double);

@@ -4,8 +4,8 @@
 
 #include <cstring>
 
-// Vectors, points, matrices, affine maps and the quaternion of doubles and ints are literal types, and what
-// needs neither a root nor a rounding to single is there in constant expressions, with the bits of run time.
+// Vectors, points, matrices, affine maps and the quaternion of doubles and ints are literal types. Operations
+// without a root or a rounding to single are allowed in constant expressions, with the bits of run time.
 
 // ---- Constants whose value is told by hand -----------------------------------------------------------
 

@@ -1,5 +1,5 @@
-// The value of the default arguments: −1.0 for a tolerance, which selects the global, and null for the
-// caller's storage. Tolerances are set wide, so that 0 or a small default would give the other answer.
+// The values of the default arguments: −1.0 for a tolerance, which selects the global, and null for the
+// caller's storage. The tolerances are wide, so 0 or a small default would give the other result.
 
 #include <vexor/vexor.h>
 
@@ -40,7 +40,7 @@ void ExpectGlobalDefaults(Vector const& x, Vector const& diagonal, Vector const&
     EXPECT_EQ(shortX.IsCodirectionalTo(x), 0);
     EXPECT_EQ(shortX.IsPerpendicularTo(diagonal), 0);
     EXPECT_EQ(shortX.IsPerpendicularTo(diagonal, Scalar(-1), Scalar(0)), 1);
-    // For the unit forms d·d must lie within 0.5 of 1, or below 0.5.
+    // In the unit forms d·d must be within 0.5 of 1, or below 0.5.
     Vector const unit = shortX;
     Vector const shorter = shortX * Scalar(0.75);
     EXPECT_EQ(unit.IsUnitParallelTo(shorter), 1);
@@ -92,8 +92,8 @@ TEST_F(DefaultArguments, Points)
 
 TEST_F(DefaultArguments, StorageIsOwn)
 {
-    // What a default of null makes is owned: a copy made of the object keeps its elements when the
-    // object goes, and nothing of the caller's is written.
+    // With null as default the object owns its elements: a copy of it keeps its elements when the
+    // object is destroyed, and nothing is written to the caller's storage.
     VecDbl doubles(2, 1.0);
     doubles.ReSize(3);
     EXPECT_EQ(doubles.Size(), 3);

@@ -5,7 +5,7 @@
 #include <cstddef>
 #include <cstdint>
 
-// Where a number and a pointer are both taken, an integer is a number, a literal 0 and NULL included.
+// If a number and a pointer are both accepted, an integer is a number; a literal 0 and NULL too.
 
 namespace {
 
@@ -53,10 +53,10 @@ TEST(IntegersFill, FixedSizes)
 
 TEST(IntegersFill, AreRoundedOnce)
 {
-    // 2^53 + 1 and 2^24 + 1 lie halfway between two numbers of their class; the even one is taken.
+    // 2^53 + 1 and 2^24 + 1 are midpoints between two numbers of their class and round to the even one.
     EXPECT_EQ(Vec3Dbl(9007199254740993LL).x, 9007199254740992.0);
     EXPECT_EQ(Vec3Flt(16777217).x, 16777216.0f);
-    // The nearest single to 2^60 + 2^36 + 1 lies above; by way of the nearest double it would lie below.
+    // The single nearest to 2^60 + 2^36 + 1 is above it; rounding to a double first would give the one below.
     EXPECT_EQ(Vec3Flt(1152921573326323713LL).x, 1152921642045800448.0f);
 }
 

@@ -5,9 +5,9 @@
 #include <utility>
 
 // Statements about the exported interface, checked by the compiler. Each file beside this one names its
-// class `Class` and then says, operation by operation, which arguments it takes, what it returns and
-// whether it is const. A member that loses its const or takes a value for a reference, and a free operator
-// that becomes a member or a hidden friend, do not compile here.
+// class `Class` and states for each operation its parameters, its result and whether
+// it is const. If a member loses its const or takes a value instead of a reference, or if a free operator
+// becomes a member or a hidden friend, the file does not compile.
 
 namespace vexor_interface {
 
@@ -15,8 +15,8 @@ namespace vexor_interface {
 template <class Class, class Function>
 using Member = Function Class::*;
 
-/// Whether the class can be made from the arguments, also in braces where no explicit constructor may
-/// take part.
+/// Whether the class can be constructed from the arguments, also in braces, which exclude explicit
+/// constructors.
 template <class Class>
 void TakeByValue(Class const&);
 
@@ -32,7 +32,7 @@ constexpr bool Compiles(Expression)
     return std::is_invocable_v<Expression, Arguments...>;
 }
 
-/// A plain value: no table of virtual operations, no base, copied as the bytes that it is.
+/// A plain value: no virtual functions, no base class, copied byte by byte.
 template <class Class>
 constexpr bool isPlainValue =
     std::is_standard_layout_v<Class>&& std::is_trivially_copyable_v<Class>&&
@@ -61,8 +61,8 @@ constexpr bool isPlainValue =
     std::false_type Has##statement(...);                                                                     \
     static_assert(!decltype(Has##statement<Class>(0))::value)
 
-/// `NO_MEMBER(Rotate)`: the class has no member of this name at all. (A second base that has one makes
-/// the name ambiguous where the class has one too.)
+/// `NO_MEMBER(Rotate)`: the class has no member of this name at all. (A second base class with such a member
+/// makes the name ambiguous if the class has one too.)
 #define NO_MEMBER(name)                                                                                      \
     namespace no_member_##name                                                                               \
     {                                                                                                        \

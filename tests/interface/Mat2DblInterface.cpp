@@ -7,14 +7,14 @@ namespace {
 using Class = Mat2Dbl;
 
 static_assert(sizeof(Class) == 4 * sizeof(double) && alignof(Class) == alignof(double));
-static_assert(vexor_interface::isPlainValue<Class>); // no pivot order: a copy takes all of it
+static_assert(vexor_interface::isPlainValue<Class>); // no pivot order: a copy is complete
 
 DEFAULT_CONSTRUCTOR();
 static_assert(!std::is_trivially_default_constructible_v<Class>); // Mat2Dbl() sets nothing to zero
 CONSTRUCTOR(double);
 CONSTRUCTOR(Vec2Dbl const&, Vec2Dbl const&);
 CONSTRUCTOR(Mat2Dbl const&);
-NO_CONSTRUCTOR(MatDbl const&); // neither from nor to the matrix of run-time size
+NO_CONSTRUCTOR(MatDbl const&); // no conversion from or to the matrix of run-time size
 static_assert(!std::is_constructible_v<MatDbl, Class>);
 NO_CONSTRUCTOR(Mat3Dbl const&);
 NO_CONSTRUCTOR(double*);
@@ -22,7 +22,7 @@ NO_CONSTRUCTOR(double*);
 MEMBER(operator=, Mat2Dbl&(Mat2Dbl const&));
 MEMBER(operator(), double&(int, int));
 MEMBER(operator(), double const&(int, int) const);
-ONLY_MEMBER(GetRow, Vec2Dbl const&(unsigned int) const); // only the const form
+ONLY_MEMBER(GetRow, Vec2Dbl const&(unsigned int) const); // only the const form exists
 ONLY_MEMBER(SetRow, Mat2Dbl&(unsigned int, Vec2Dbl const&));
 ONLY_MEMBER(GetCol, Vec2Dbl(unsigned int) const);
 ONLY_MEMBER(SetCol, Mat2Dbl&(unsigned int, Vec2Dbl const&));

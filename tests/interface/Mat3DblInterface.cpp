@@ -6,11 +6,11 @@ namespace {
 
 using Class = Mat3Dbl;
 
-// Nine doubles, three bytes behind them, and what fills up to the alignment of a double.
+// Nine doubles, three bytes after them, and padding to the alignment of a double.
 static_assert(sizeof(Class) == 9 * sizeof(double) + alignof(double) && alignof(Class) == alignof(double));
 static_assert(std::is_standard_layout_v<Class> && !std::is_polymorphic_v<Class>);
 static_assert(std::is_trivially_destructible_v<Class>);
-static_assert(!std::is_trivially_copyable_v<Class>); // a copy leaves the pivot order behind
+static_assert(!std::is_trivially_copyable_v<Class>); // the pivot order is not copied
 
 DEFAULT_CONSTRUCTOR();
 static_assert(!std::is_trivially_default_constructible_v<Class>); // Mat3Dbl() sets nothing to zero
@@ -72,7 +72,7 @@ ONLY_MEMBER(Invert, Mat3Dbl&());
 ONLY_MEMBER(GetInvertedCopy, Mat3Dbl() const);
 ONLY_MEMBER(Svd, void(Vec3Dbl&));
 ONLY_MEMBER(EigenSym, void(Vec3Dbl&, int));
-ONLY_MEMBER(GetEigenVectorGivenEigenValue, void(Vec3Dbl&, double)); // not const, though it changes nothing
+ONLY_MEMBER(GetEigenVectorGivenEigenValue, void(Vec3Dbl&, double)); // not const, although it changes nothing
 
 NO_MEMBER(IsEqualTo);
 NO_MEMBER(Determinant);
@@ -80,7 +80,7 @@ REFUSED_ONE(Class const, m, m < m);
 REFUSED_ONE(Class const, m, m.RowSum());
 REFUSED_ONE(Class const, m, m.RowAverage());
 REFUSED_TWO(Class, m, Class const, n, m *= n);
-REFUSED_TWO(Vec3Dbl const, v, Class const, m, v* m); // no vector stands on the left
+REFUSED_TWO(Vec3Dbl const, v, Class const, m, v* m); // no product with a vector on the left
 REFUSED_TWO(Vec3Flt const, v, Class const, m, v* m);
 REFUSED_TWO(Pnt3Dbl const, p, Class const, m, p* m);
 REFUSED_TWO(Pnt3Flt const, p, Class const, m, p* m);

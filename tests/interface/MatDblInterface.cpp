@@ -6,7 +6,7 @@ namespace {
 
 using Class = MatDbl;
 
-/// The fields in their order, for the size alone: they are private.
+/// The fields in their order, only for the size: they are private.
 struct Fields {
     int rowCount, columnCount, isExternal;
     double** columns;

@@ -48,7 +48,7 @@ MEMBER(operator-, Vec2Dbl(Pnt2Dbl const&) const);
 MEMBER(operator-, Pnt2Dbl(Vec2Dbl const&) const);
 MEMBER(operator+=, Pnt2Dbl&(Pnt2Dbl const&));
 MEMBER(operator+=, Pnt2Dbl&(Vec2Dbl const&));
-ONLY_MEMBER(operator-=, Pnt2Dbl&(Vec2Dbl const&)); // and none with a point
+ONLY_MEMBER(operator-=, Pnt2Dbl&(Vec2Dbl const&)); // none with a point
 ONLY_MEMBER(operator*=, Pnt2Dbl&(double));
 ONLY_MEMBER(operator/=, Pnt2Dbl&(double));
 FREE(operator*, Pnt2Dbl(Pnt2Dbl const&, double));

@@ -19,7 +19,7 @@ CONSTRUCTOR(float, float);
 CONSTRUCTOR(float*);
 CONSTRUCTOR(Pnt2Flt const&);
 CONSTRUCTOR(Vec2Flt const&);
-NO_CONSTRUCTOR(Pnt2Dbl const&); // narrowing takes an assignment or Pnt2Dbl::ToPnt2Flt
+NO_CONSTRUCTOR(Pnt2Dbl const&); // to narrow, assign or call Pnt2Dbl::ToPnt2Flt
 NO_CONSTRUCTOR(Vec2Dbl const&);
 NO_CONSTRUCTOR(float const*);
 NO_CONSTRUCTOR(double*);
@@ -40,7 +40,7 @@ MEMBER(operator(), float&(int));
 MEMBER(operator(), float const&(int) const);
 ONLY_MEMBER(Vector, Vec2Flt() const);
 
-// It moves by double vectors alone; a Vec2Flt takes part only by widening.
+// Only double vectors move it; a Vec2Flt must be widened.
 MEMBER(operator-, Vec2Flt(Pnt2Flt const&) const);
 MEMBER(operator-, Pnt2Flt(Vec2Dbl const&) const);
 NO_OVERLOAD(MinusVec2Flt, operator-, Pnt2Flt(Vec2Flt const&) const);

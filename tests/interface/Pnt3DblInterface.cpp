@@ -49,7 +49,7 @@ MEMBER(operator-, Vec3Dbl(Pnt3Dbl const&) const);
 MEMBER(operator-, Pnt3Dbl(Vec3Dbl const&) const);
 MEMBER(operator+=, Pnt3Dbl&(Pnt3Dbl const&));
 MEMBER(operator+=, Pnt3Dbl&(Vec3Dbl const&));
-ONLY_MEMBER(operator-=, Pnt3Dbl&(Vec3Dbl const&)); // and none with a point
+ONLY_MEMBER(operator-=, Pnt3Dbl&(Vec3Dbl const&)); // none with a point
 ONLY_MEMBER(operator*=, Pnt3Dbl&(double));
 ONLY_MEMBER(operator/=, Pnt3Dbl&(double));
 FREE(operator*, Pnt3Dbl(Pnt3Dbl const&, double));

@@ -20,7 +20,7 @@ CONSTRUCTOR(float, float, float);
 CONSTRUCTOR(float*);
 CONSTRUCTOR(Pnt3Flt const&);
 CONSTRUCTOR(Vec3Flt const&);
-NO_CONSTRUCTOR(Pnt3Dbl const&); // narrowing takes an assignment or Pnt3Dbl::ToPnt3Flt
+NO_CONSTRUCTOR(Pnt3Dbl const&); // to narrow, assign or call Pnt3Dbl::ToPnt3Flt
 NO_CONSTRUCTOR(Vec3Dbl const&);
 NO_CONSTRUCTOR(float const*);
 NO_CONSTRUCTOR(double*);
@@ -48,7 +48,7 @@ MEMBER(operator-, Vec3Flt(Pnt3Flt const&) const);
 MEMBER(operator-, Pnt3Flt(Vec3Flt const&) const);
 MEMBER(operator+=, Pnt3Flt&(Pnt3Flt const&));
 MEMBER(operator+=, Pnt3Flt&(Vec3Flt const&));
-ONLY_MEMBER(operator-=, Pnt3Flt&(Vec3Flt const&)); // and none with a point
+ONLY_MEMBER(operator-=, Pnt3Flt&(Vec3Flt const&)); // none with a point
 ONLY_MEMBER(operator*=, Pnt3Flt&(float));
 ONLY_MEMBER(operator/=, Pnt3Flt&(float));
 FREE(operator*, Pnt3Flt(Pnt3Flt const&, float));
@@ -79,7 +79,7 @@ REFUSED_ONE(Class const, p, p* p);
 REFUSED_TWO(Class, p, Class const, q, p -= q);
 REFUSED_TWO(Class const, p, Vec3Dbl const, v, p + v);
 REFUSED_TWO(Class, p, Vec3Dbl const, v, p += v);
-REFUSED_TWO(Class const, p, double const, s, p* s); // as well a product of floats as one of doubles
+REFUSED_TWO(Class const, p, double const, s, p* s); // floats or doubles: ambiguous
 REFUSED_TWO(Class const, p, double const, s, p / s);
 
 } // namespace

@@ -7,10 +7,10 @@ namespace {
 using Class = Quaternion;
 
 static_assert(sizeof(Class) == 4 * sizeof(double) && alignof(Class) == alignof(double));
-static_assert(offsetof(Class, u) == 0); // the vector part lies as a Vec3Dbl
+static_assert(offsetof(Class, u) == 0); // the vector part is laid out as a Vec3Dbl
 static_assert(offsetof(Class, v) == sizeof(double));
 static_assert(offsetof(Class, w) == 2 * sizeof(double));
-static_assert(offsetof(Class, s) == 3 * sizeof(double)); // the scalar stands last
+static_assert(offsetof(Class, s) == 3 * sizeof(double)); // the scalar is last
 static_assert(std::is_same_v<decltype(Class::u), double> && std::is_same_v<decltype(Class::s), double>);
 static_assert(vexor_interface::isPlainValue<Class>);
 

@@ -42,14 +42,14 @@ ONLY_MEMBER(operator double, double() const);
 ONLY_MEMBER(operator __int64, __int64() const);
 ONLY_MEMBER(int64, __int64() const);
 
-// Both signed types of 64 bits, and no unsigned one.
+// Both signed types of 64 bits, but no unsigned type.
 static_assert(std::is_convertible_v<Class, long long> && std::is_convertible_v<Class, std::int64_t>);
 static_assert(sizeof(long) != 8 || std::is_convertible_v<Class, long>);
 static_assert(
     !std::is_convertible_v<Class, unsigned long> && !std::is_convertible_v<Class, unsigned long long>);
 static_assert(!std::is_convertible_v<Class, short> && !std::is_convertible_v<Class, bool>);
 
-REFUSED_ONE(Class, n, n < n); // there is neither < nor >, and the conversions do not make up for them
+REFUSED_ONE(Class, n, n < n); // neither < nor > exists, and the conversions do not replace them
 REFUSED_ONE(Class, n, n > n);
 REFUSED_ONE(Class, n, n % n);
 REFUSED_TWO(Class, n, Class const, d, n /= d);

@@ -18,7 +18,7 @@ CONSTRUCTOR(float);
 CONSTRUCTOR(float, float);
 CONSTRUCTOR(float*);
 CONSTRUCTOR(Vec2Flt const&);
-NO_CONSTRUCTOR(Vec2Dbl const&); // narrowing takes an assignment or Vec2Dbl::ToVec2Flt
+NO_CONSTRUCTOR(Vec2Dbl const&); // to narrow, assign or call Vec2Dbl::ToVec2Flt
 NO_CONSTRUCTOR(float const*);
 NO_CONSTRUCTOR(double*);
 NO_CONSTRUCTOR(VecFlt const&);
@@ -112,7 +112,7 @@ NO_MEMBER(AbsValueOrder);
 REFUSED_ONE(Class const, v, v < v);
 REFUSED_ONE(Class const, v, v > v);
 REFUSED_ONE(Class const, v, v* v);
-REFUSED_TWO(Class const, v, double const, s, v* s); // as well a product of floats as one of doubles
+REFUSED_TWO(Class const, v, double const, s, v* s); // floats or doubles: ambiguous
 REFUSED_TWO(double const, s, Class const, v, s* v);
 REFUSED_TWO(Class const, v, double const, s, v / s);
 

@@ -20,7 +20,7 @@ CONSTRUCTOR(int, int);
 CONSTRUCTOR(int*);
 CONSTRUCTOR(Vec2Int const&);
 NO_CONSTRUCTOR(int const*);
-NO_CONSTRUCTOR(Vec2Dbl const&); // it converts to and from no other class
+NO_CONSTRUCTOR(Vec2Dbl const&); // no conversion to or from another class
 NO_CONSTRUCTOR(Vec2Flt const&);
 NO_CONSTRUCTOR(Pnt2Dbl const&);
 NO_CONSTRUCTOR(Pnt2Flt const&);

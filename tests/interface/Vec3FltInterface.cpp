@@ -19,7 +19,7 @@ CONSTRUCTOR(float);
 CONSTRUCTOR(float, float, float);
 CONSTRUCTOR(float*);
 CONSTRUCTOR(Vec3Flt const&);
-NO_CONSTRUCTOR(Vec3Dbl const&); // narrowing takes an assignment or Vec3Dbl::ToVec3Flt
+NO_CONSTRUCTOR(Vec3Dbl const&); // to narrow, assign or call Vec3Dbl::ToVec3Flt
 NO_CONSTRUCTOR(VecDbl const&);
 NO_CONSTRUCTOR(VecFlt const&);
 NO_CONSTRUCTOR(Pnt3Flt const&);
@@ -114,7 +114,7 @@ REFUSED_ONE(Class const, v, v < v);
 REFUSED_ONE(Class const, v, v > v);
 REFUSED_ONE(Class const, v, v* v);
 REFUSED_ONE(Class const, v, +v);
-REFUSED_TWO(Class const, v, double const, s, v* s); // as well a product of floats as one of doubles
+REFUSED_TWO(Class const, v, double const, s, v* s); // floats or doubles: ambiguous
 REFUSED_TWO(double const, s, Class const, v, s* v);
 REFUSED_TWO(Class const, v, double const, s, v / s);
 

@@ -12,7 +12,7 @@ static_assert(std::is_standard_layout_v<Class> && !std::is_polymorphic_v<Class>)
 DEFAULT_CONSTRUCTOR();
 CONSTRUCTOR(int, double*);
 CONSTRUCTOR(int, double, double*);
-EXPLICIT_CONSTRUCTOR(int); // a size is no vector
+EXPLICIT_CONSTRUCTOR(int); // a size does not convert to a vector
 CONSTRUCTOR(int, double);
 CONSTRUCTOR(VecDbl const&);
 CONSTRUCTOR(Vec3Dbl const&);

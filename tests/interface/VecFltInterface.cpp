@@ -12,10 +12,10 @@ static_assert(std::is_standard_layout_v<Class> && !std::is_polymorphic_v<Class>)
 DEFAULT_CONSTRUCTOR();
 CONSTRUCTOR(int, float*);
 CONSTRUCTOR(int, float, float*);
-EXPLICIT_CONSTRUCTOR(int); // a size is no vector
+EXPLICIT_CONSTRUCTOR(int); // a size does not convert to a vector
 CONSTRUCTOR(int, float);
 CONSTRUCTOR(VecFlt const&);
-NO_CONSTRUCTOR(VecDbl const&); // narrowing takes an assignment
+NO_CONSTRUCTOR(VecDbl const&); // to narrow, assign
 NO_CONSTRUCTOR(Vec3Flt const&);
 NO_CONSTRUCTOR(Vec3Dbl const&);
 NO_CONSTRUCTOR(int, float const*);

@@ -6,7 +6,7 @@
 
 namespace {
 
-/// Nothing but what makes it polymorphic: the destructor is the one virtual operation.
+/// Only what makes it polymorphic: the destructor is the only virtual function.
 template <class Exception>
 constexpr bool holdsNothing = sizeof(Exception) == sizeof(void*)
                               && std::is_polymorphic_v<Exception>&& std::has_virtual_destructor_v<

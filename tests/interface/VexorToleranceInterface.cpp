@@ -17,7 +17,7 @@ static_assert(
     std::is_same_v<decltype(Class::length), float> && std::is_same_v<decltype(Class::lengthSquared), float>);
 static_assert(vexor_interface::isPlainValue<Class>);
 
-// The global is no constant: the client changes it.
+// The global is not const: the client changes it.
 static_assert(std::is_same_v<decltype(gVexorTolerance), VexorTolerance>);
 
 DEFAULT_CONSTRUCTOR();

@@ -3,7 +3,7 @@
 #include <cstdio>
 #include <vector>
 
-// Normalises an array through the installed component and counts where it differs from the member.
+// Normalises an array through the installed component and counts the differences from the member.
 int main()
 {
     std::vector<Vec3Dbl> vectors;

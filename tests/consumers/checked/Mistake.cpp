@@ -2,7 +2,7 @@
 
 #include <cstdio>
 
-/// Started without arguments it reads a fourth component.
+/// Without arguments it reads a fourth component.
 int main(int count, char**)
 {
     Vec3Dbl const vector(1, 2, 3);

@@ -7,7 +7,7 @@
 
 namespace {
 
-/// FNV-1a over the bits of the numbers fed to it.
+/// FNV-1a over the bits of the numbers.
 class Hash {
 public:
     template <class Number>
@@ -26,7 +26,7 @@ private:
     unsigned long long state = 14695981039346656037ULL;
 };
 
-/// A number in [−1, 1) with all its bits in use.
+/// A number in [−1, 1) that uses all bits of its fraction.
 double Next(std::uint64_t& seed)
 {
     seed += 0x9e3779b97f4a7c15ULL;
@@ -53,7 +53,7 @@ int CountWrongAnswers()
     wrong += !(Vec3Dbl(1, 0, 0).Cross(Vec3Dbl(0, 1, 0)) == Vec3Dbl(0, 0, 1));
     wrong += !(Pnt3Dbl(1, 2, 3) - Pnt3Dbl(0, 0, 0) == Vec3Dbl(1, 2, 3));
 
-    // The inlined getters read the library's own object, and its functions see what a client sets.
+    // The inlined getters read the library's own object, and the library's functions see what a client sets.
     double const before = gVexorTolerance.GetLength();
     gVexorTolerance.SetLength(2.0);
     wrong += !Vec3Dbl(1, 1, 1).IsZeroLength();

@@ -2,7 +2,7 @@
 
 void Throw(int which);
 
-/// The class that arrived: 0 null vector, 1 failed computation, 2 another of the family, −1 none.
+/// The class of the exception: 0 null vector, 1 failed computation, 2 another of the family, −1 none.
 __attribute__((visibility("default"))) int CatchInLibrary(int which)
 {
     try {

@@ -1,6 +1,6 @@
 #include <vexor/vexor.h>
 
-/// Raises from inlined code, from the library's own, and directly.
+/// Raises from inlined code, from the library's code, and directly.
 __attribute__((visibility("default"))) void Throw(int which)
 {
     switch (which) {

@@ -18,7 +18,7 @@ int main()
         return std::puts("nothing arrived"), 1;
     } catch (VexorComputationFailed&) {
     }
-    // One tolerance in the process, wherever it is looked at.
+    // The process has one tolerance object, seen from both libraries.
     if (ToleranceSeenByThrower() != &gVexorTolerance || ToleranceSeenByCatcher() != &gVexorTolerance)
         return std::puts("more than one gVexorTolerance"), 1;
     std::puts("0 wrong");

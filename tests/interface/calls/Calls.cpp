@@ -1,6 +1,6 @@
-// Finds out which calls with one free argument compile: for each class and each form of call the arguments that
-// it takes. A literal zero and a null pointer are arguments of their own, since the compiler treats them as it
-// treats no variable of the same type.
+// Finds out which calls with one free argument compile: for each class and each form of call, the arguments
+// that are accepted. A literal zero and a null pointer are separate arguments, since the compiler treats them
+// differently from variables of the same type.
 //
 // Calls            prints a line for each class and form
 // Calls FILE       compares them with the file
@@ -140,7 +140,7 @@ using Names = std::set<std::string>;
 
 std::map<std::string, Names> calls; // by class and form
 
-// Notes the names of the arguments that a form takes.
+// Records the names of the arguments that a form accepts.
 #define NOTE(form, text)                                                                                     \
     Note<Class>(className, text, static_cast<Arguments*>(nullptr),                                           \
                 [](auto argument) { return decltype(decltype(argument)::template form<Class>(0))::value; })
@@ -188,8 +188,8 @@ void NoteConversions(char const* className)
     NOTE(Cast, "static_cast<·>(c)");
 }
 
-// A line is a class, a form, a colon and the arguments. Without a mark an argument is taken. Marks tell what
-// the overloads of the interface alone would give: `+` taken, but not by them; `-` refused, but taken by them;
+// A line is a class, a form, a colon and the arguments. An argument without a mark is accepted. Marks compare
+// with the overloads of the interface alone: `+` accepted, but not by them; `-` refused, but accepted by them;
 // `?` depends on the compiler.
 int Compare(std::istream& file)
 {

@@ -1,4 +1,4 @@
-// An exception tells its kind by its type, and carries no text.
+// Only the type tells exceptions apart; they have no text.
 // g++: no matching function for call to .VexorSingular::VexorSingular.const char
 // clang++: no matching conversion for functional-style cast
 

@@ -1,4 +1,4 @@
-// An exception tells its kind by its type, and carries no text.
+// Only the type tells exceptions apart; they have no text.
 // g++: has no member named .what
 // clang++: no member named .what. in .VexorException
 

@@ -1,4 +1,4 @@
-// Comparing two matrices of the plane is not const, unlike those of space.
+// The comparison of two 2×2 matrices is not const, unlike that of 3×3 matrices.
 // g++: discards qualifiers|no match for .operator==
 // clang++: invalid operands to binary expression|is not marked const
 

@@ -1,4 +1,4 @@
-// Comparing is not const, so in C++20 either order of the operands is equally good: clang warns.
+// Comparison is not const, so C++20 finds both orders of the operands equally good: clang warns.
 // clang++: ISO C\+\+20 considers use of overloaded operator .==. .* to be ambiguous
 // flags: -std=c++20 -Werror
 

@@ -1,4 +1,4 @@
-// A matrix of the plane moves no points; an affine map does.
+// A 2×2 matrix has no product with a point; an affine map has.
 // g++: no match for .operator\*. .operand types are .const Mat2Dbl. and .const Pnt2Dbl
 // clang++: invalid operands to binary expression
 

@@ -1,4 +1,4 @@
-// A row of a matrix of the plane is read through GetRow and written by SetRow.
+// GetRow of a 2×2 matrix is read-only; SetRow writes.
 // g++: passing .const Vec2Dbl. as .this. argument discards qualifiers
 // clang++: no viable overloaded .=
 

@@ -1,4 +1,4 @@
-// Summing the rows is not const.
+// RowSum is not const.
 // g++: passing .const Mat3Dbl. as .this. argument discards qualifiers
 // clang++: .this. argument to member function .RowSum. has type .const Mat3Dbl., but function is not marked const
 

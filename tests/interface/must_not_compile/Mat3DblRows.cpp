@@ -1,4 +1,4 @@
-// The rows stand behind the operations.
+// The rows are private.
 // g++: is private within this context
 // clang++: is a private member of .Mat3Dbl
 

@@ -1,4 +1,4 @@
-// A matrix is multiplied in place by scalars only.
+// `*=` of a matrix takes only a scalar.
 // g++: cannot convert .const Mat3Dbl. to .double|no match for .operator\*=
 // clang++: no viable overloaded .\*=|no viable conversion
 

@@ -1,4 +1,4 @@
-// Comparing two matrices of run-time size is not const, unlike vectors.
+// The comparison of two matrices of run-time size is not const, unlike that of vectors.
 // g++: discards qualifiers|no match for .operator==
 // clang++: invalid operands to binary expression|is not marked const
 

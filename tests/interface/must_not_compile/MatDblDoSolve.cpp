@@ -1,4 +1,4 @@
-// The drivers stand behind the solvers.
+// The members that call the drivers are private.
 // g++: is private within this context
 // clang++: is a private member of .MatDbl
 

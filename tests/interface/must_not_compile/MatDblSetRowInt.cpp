@@ -1,4 +1,4 @@
-// A size is no vector: the constructor that takes it is explicit.
+// A size does not convert to a vector: the constructor that takes it is explicit.
 // g++: cannot convert .int. to .const VecDbl&
 // clang++: could not bind to an rvalue of type .int.
 

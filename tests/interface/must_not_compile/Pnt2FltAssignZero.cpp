@@ -1,4 +1,4 @@
-// Vectors and points of either precision can be assigned, and the number could be any of them.
+// Vectors and points of both precisions can be assigned, and the number could become any of them.
 // g++: ambiguous overload for .operator=
 // clang++: use of overloaded operator .=. is ambiguous
 

@@ -1,4 +1,4 @@
-// Single points of the plane have no order, unlike those of space.
+// Two points Pnt2Flt have no order, unlike two Pnt3Flt.
 // g++: no match for .operator<. .operand types are .const Pnt2Flt. and .const Pnt2Flt
 // clang++: invalid operands to binary expression
 
