@@ -34,6 +34,7 @@ RULES = [
      lambda m: [f"{m[1]} {m[2]} ({m[3]} {m[2]} {m[4]})"]),
     ("tie", rf"({OPERAND}) ([<>]) ({OPERAND}) \? ({OPERAND}) : ({OPERAND})(?![\w.(\[])",
      lambda m: [f"{m[3]} {m[2]} {m[1]} ? {m[5]} : {m[4]}"]),
+    ("last of many", r"(?<=; )(\w+ < )([A-Za-z_]\w*)(?=; \+\+\w+\))", lambda m: [f"{m[1]}{m[2]} - ({m[2]} > 40)"]),
     ("const", r"(?<=\)) const\b(?=[\s;{])|(?<=\w) const(?=& \w+[,)])", lambda m: [""]),
 ]
 # Calls that are replaced by their argument, except where the function is declared.
@@ -123,7 +124,7 @@ JUDGES = {
 }
 # Tests of a class that are not named after it.
 MORE_TESTS = {
-    "VecDbl": ["Allocation"], "VecFlt": ["Allocation"], "MatDbl": ["Allocation", "Kernels"],
+    "VecDbl": ["Allocation", "Sizes"], "VecFlt": ["Allocation", "Sizes"], "MatDbl": ["Allocation", "Kernels", "Sizes"],
     **{name: ["VectorComponents"] for name in SPACE + PLANE}, **{name: ["PointComponents"] for name in POINTS},
 }
 # The oracle's operations have other names there, or none.

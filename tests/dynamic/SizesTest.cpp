@@ -106,6 +106,11 @@ TYPED_TEST(VectorSizes, ArithmeticReachesEveryElement)
         added += b;
         subtracted -= b;
         assigned = a;
+        V filled(a), read(a);
+        filled.SetValue(N(5));
+        std::vector<N> array(static_cast<std::size_t>(size));
+        a.GetValue(array.data());
+        read.SetValue(N(0)).SetValue(array.data());
         for (int i = 0; i < size; ++i) {
             ASSERT_EQ(sum[i], Rounded<N>(double(a[i]) + double(b[i]))) << size << " " << i;
             ASSERT_EQ(difference[i], Rounded<N>(double(a[i]) - double(b[i]))) << size << " " << i;
@@ -118,6 +123,8 @@ TYPED_TEST(VectorSizes, ArithmeticReachesEveryElement)
             ASSERT_EQ(quotients[i], Rounded<N>(double(a[i]) / double(b[i]))) << size << " " << i;
             ASSERT_EQ(copy[i], a[i]) << size << " " << i;
             ASSERT_EQ(assigned[i], a[i]) << size << " " << i;
+            ASSERT_EQ(filled[i], N(5)) << size << " " << i;
+            ASSERT_EQ(read[i], a[i]) << size << " " << i;
         }
     });
 }
@@ -261,6 +268,8 @@ TEST(MatDblSizes, ArithmeticReachesEveryElement)
         added += b;
         subtracted -= b;
         identity.Identity();
+        MatDbl filled(a);
+        filled.SetValue(5.0);
         for (int j = 0; j < columns; ++j)
             for (int i = 0; i < rows; ++i) {
                 ASSERT_EQ(sum(i, j), a(i, j) + b(i, j)) << rows << "×" << columns;
@@ -272,6 +281,7 @@ TEST(MatDblSizes, ArithmeticReachesEveryElement)
                 ASSERT_EQ(negated(i, j), -a(i, j)) << rows << "×" << columns;
                 ASSERT_EQ(transposed(j, i), a(i, j)) << rows << "×" << columns;
                 ASSERT_EQ(turned(j, i), a(i, j)) << rows << "×" << columns;
+                ASSERT_EQ(filled(i, j), 5.0) << rows << "×" << columns;
                 ASSERT_EQ(identity(i, j), i == j ? 1.0 : 0.0) << rows << "×" << columns;
             }
     });

@@ -14,13 +14,19 @@ inline int DrawnLength(Source& source)
         return 1 + source.Below(sizes::allUpTo);
     if (source.OneIn(150))
         return sizes::larger[source.Below(4)] - 1 + source.Below(3);
-    if (source.OneIn(1500))
-        return sizes::larger[source.OneIn(4) ? 5 : 4] - 1 + source.Below(3);
+    if (source.OneIn(600))
+        return sizes::larger[4 + source.Below(2)] + (source.Below(2) ? 1 : -source.Below(2));
     constexpr int small[] = {1, 2, 3, 3, 4, 7};
     return small[source.Below(6)];
 }
 
-/// An index, at the ends of the range more often than within: an element that is forgotten is one of the last.
+/// Longer than most: the few operands of this kind must show a mistake.
+inline bool IsLong(int size)
+{
+    return size > sizes::allUpTo;
+}
+
+/// An index, at the end of the range more often than within: an element that is forgotten is one of the last.
 inline int DrawnPlace(Source& source, int size)
 {
     switch (source.Below(4)) {
@@ -29,7 +35,7 @@ inline int DrawnPlace(Source& source, int size)
     case 1:
         return size - 1 - source.Below(size < 8 ? size : 8);
     default:
-        return source.Below(size);
+        return IsLong(size) ? size - 1 : source.Below(size);
     }
 }
 
@@ -107,7 +113,7 @@ inline Grid DrawnGrid(Source& source)
         int const rows = 1 + source.Below(sizes::matricesUpTo);
         return DrawnGrid(source, rows, source.Below(3) ? rows : 1 + source.Below(sizes::matricesUpTo));
     }
-    if (source.OneIn(1500)) {
+    if (source.OneIn(1000)) {
         auto const& shape =
             sizes::largeMatrices[source.Below(static_cast<int>(std::size(sizes::largeMatrices)))];
         return DrawnGrid(source, shape.rows, shape.columns);

@@ -36,9 +36,10 @@ auto DrawGrids(Source& source)
 {
     Grid const a = DrawnGrid(source);
     Grid b = source.OneIn(10) ? DrawnGrid(source) : DrawnGrid(source, a.rows, a.columns);
-    if (source.OneIn(3)) {
+    bool const isLong = IsLong(a.rows) || IsLong(a.columns);
+    if (isLong || source.OneIn(3)) {
         b = a;
-        if (source.Below(2)) {
+        if (isLong || source.Below(2)) {
             int const row = DrawnPlace(source, a.rows), column = DrawnPlace(source, a.columns);
             b(row, column) = source.Number<double>();
         }
@@ -54,7 +55,7 @@ auto DrawFactors(Source& source)
     if (source.OneIn(40))
         for (int* const size : {&rows, &inner, &columns})
             *size = 1 + source.Below(sizes::matricesUpTo);
-    else if (source.OneIn(1500))
+    else if (source.OneIn(1000))
         (source.Below(3) == 0 ? rows : source.Below(2) ? inner : columns) = 1000;
     Grid a = DrawnGrid(source, rows, inner), b = DrawnGrid(source, inner, columns);
     if (source.Below(2) && inner == 3) {

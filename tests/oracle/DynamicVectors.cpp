@@ -211,13 +211,13 @@ auto DrawDirection(Direction kind, bool unit, bool equality)
 {
     return [kind, unit, equality](Source& source) {
         auto [a, b] = DrawnArrays<T>(source);
-        if (equality && source.Below(2)) {
+        if (equality && (IsLong(a.size) || source.Below(2))) {
             double const depth = std::pow(10.0, -3.0 - 10.0 * source.Unit());
             b = a;
             bool const along = source.Below(2) != 0;
             double const size = std::sqrt(static_cast<double>(RunningSum(a, a)));
-            int const only =
-                source.OneIn(3) ? DrawnPlace(source, a.size) : -1; // the only element that differs
+            int const only = IsLong(a.size) || source.OneIn(3) ? DrawnPlace(source, a.size)
+                                                               : -1; // the only element that differs
             for (int i = 0; i < a.size; ++i)
                 if (only < 0 || i == only)
                     b[i] = Rounded<T>(along ? static_cast<double>(a[i]) * (1.0 + depth)
@@ -501,7 +501,7 @@ void EnterDynamicExtremes(std::string const& name)
     auto const drawExtremes = [](Source& source) {
         A a(DrawnLength(source));
         Tie(source, a);
-        if (source.OneIn(3)) {
+        if (IsLong(a.size) || source.OneIn(3)) {
             // One element is decisive: larger or smaller than all others, in magnitude or with its sign.
             T largest = T(1), smallest = T(1);
             for (int i = 0; i < a.size; ++i) {
@@ -584,9 +584,9 @@ void EnterDynamicTests(std::string const& name)
     // Tests.
     auto const drawEqual = [](Source& source) {
         auto [a, b] = DrawnArrays<T>(source);
-        if (source.Below(2)) {
+        if (IsLong(a.size) || source.Below(2)) {
             b = a;
-            if (source.Below(2))
+            if (IsLong(a.size) ? !source.OneIn(8) : source.Below(2) != 0)
                 b[DrawnPlace(source, a.size)] = source.Number<T>();
         }
         return std::tuple(a, b);
@@ -608,7 +608,7 @@ void EnterDynamicTests(std::string const& name)
         name + "::IsNull",
         [](Source& source) {
             A a(DrawnLength(source));
-            bool const oneAlone = source.Below(2) != 0; // else a long vector is hardly ever null
+            bool const oneAlone = IsLong(a.size) || source.Below(2); // else a long vector is hardly ever null
             for (int i = 0; i < a.size; ++i)
                 a[i] = oneAlone || source.Below(6) ? (source.Below(2) ? T(0) : -T(0)) : source.Special<T>();
             if (oneAlone && source.Below(2))
