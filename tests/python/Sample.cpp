@@ -116,7 +116,8 @@ MatDbl Matrix(int rows, int columns)
 
 void Matrices()
 {
-    Mat3Dbl const m(Drawn<Vec3Dbl>(), Drawn<Vec3Dbl>(), Drawn<Vec3Dbl>());
+    // Braces draw from left to right.
+    Mat3Dbl const m{Drawn<Vec3Dbl>(), Drawn<Vec3Dbl>(), Drawn<Vec3Dbl>()};
     auto const v = Drawn<Vec3Dbl>();
     Mat3Dbl factors(m);
     Vec3Dbl solution(v);
@@ -126,7 +127,7 @@ void Matrices()
     vectors.EigenSym(values, 1);
     Line("Mat3Dbl", m * m, m * v, m * Pnt3Dbl(v), m.GetInvertedCopy(), solution, values, vectors,
          Mat3Dbl(m).RowAverage());
-    Mat2Dbl plane(Drawn<Vec2Dbl>(), Drawn<Vec2Dbl>());
+    Mat2Dbl plane{Drawn<Vec2Dbl>(), Drawn<Vec2Dbl>()};
     auto const w = Drawn<Vec2Dbl>();
     Vec2Dbl solved(w);
     Mat2Dbl(plane).Solve(solved);
@@ -164,10 +165,10 @@ int main()
         Points<Pnt3Flt, Vec3Flt>("Pnt3Flt");
         Points<Pnt2Dbl, Vec2Dbl>("Pnt2Dbl");
         Points<Pnt2Flt, Vec2Dbl>("Pnt2Flt");
-        Vec2Int const n(static_cast<int>(1e9 * Draw()), static_cast<int>(1e9 * Draw()));
+        Vec2Int const n{static_cast<int>(1e9 * Draw()), static_cast<int>(1e9 * Draw())};
         Line("Vec2Int", n + n, n * 5, n.Dot(n), n.Length());
         UInt64 const c(static_cast<__int64>(1e15 * Draw()));
-        Line("UInt64", (c * c).int64() % 1000003, (c / UInt64(static_cast<__int64>(7))).int64());
+        Line("UInt64", (c * c).lowWord, (c * c).highWord, (c / UInt64(static_cast<__int64>(7))).int64());
         RunTimeVectors<VecDbl>("VecDbl", 1 + i);
         RunTimeVectors<VecFlt>("VecFlt", 1 + i);
         Matrices();
