@@ -43,7 +43,9 @@ bool TextFile::NextLine()
 void TextFile::RequireText(std::string const& line) const
 {
     for (std::size_t i = 0; i < line.size();) {
-        std::size_t const length = line[i] == '\t' || line[i] == '\r' ? 1 : CharacterLength(line, i);
+        bool const isAllowed =
+            line[i] == '\t' || line[i] == '\r' || (!isUtf8 && static_cast<unsigned char>(line[i]) >= 0xa0);
+        std::size_t const length = isAllowed ? 1 : CharacterLength(line, i);
         if (length == 0)
             Fail("byte " + std::to_string(i + 1) + " of the line is a control character or not UTF-8 text: '"
                  + line + "'");

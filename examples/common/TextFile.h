@@ -23,6 +23,10 @@ public:
     std::string const& Field(std::size_t index) const;
     double Number(std::size_t index) const;
 
+    /// The lines to come are in an encoding of one byte a character, as ISO 8859: of their bytes only control
+    /// characters are refused.
+    void AcceptOneByteEncoding() { isUtf8 = false; }
+
     std::string const& Path() const { return path; }
     int LineNumber() const { return lineNumber; }
 
@@ -35,6 +39,7 @@ private:
     std::string path;
     std::istringstream stream;
     int lineNumber = 0;
+    bool isUtf8 = true;
     std::vector<std::string> fields;
 };
 

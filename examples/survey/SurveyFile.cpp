@@ -38,7 +38,9 @@ public:
     {
         while (file.NextLine()) {
             std::string const& word = file.Field(0);
-            if (word == "survey")
+            if (word == "encoding" && file.Field(1) != "utf-8")
+                file.AcceptOneByteEncoding(); // pictures show U+FFFD for its letters beyond ASCII
+            else if (word == "survey")
                 ReadTitle();
             else if (word == "centreline" || word == "centerline")
                 isInCentreline = true;
