@@ -59,7 +59,7 @@ TEST(AffMat2Dbl, Constructors)
                nan, -0.0, 6.0);
     AffMat2Dbl const copy(Map(1.0, 2.0, 3.0, 4.0, 5.0, 6.0));
     ExpectBits(copy, 1.0, 2.0, 3.0, 4.0, 5.0, 6.0);
-    // Unlike AffMat3Dbl it is not made of one number, nor of a matrix alone.
+    // Unlike AffMat3Dbl it cannot be constructed from a number, nor from a matrix alone.
     static_assert(!std::is_constructible_v<AffMat2Dbl, double>, "");
     static_assert(!std::is_constructible_v<AffMat2Dbl, Mat2Dbl>, "");
 }
@@ -187,8 +187,8 @@ TEST(AffMat2Dbl, CompositionAppliesTheRightOneFirst)
     ExpectBits(self, 7.0, 10.0, 15.0, 22.0, 22.0, 45.0);
 }
 
-// t = (L1·t2) + t1: the sum of the two products is rounded before t1 comes in. 1 + 2^-53 goes back to 1
-// and so does 1 + 2^-53 again.
+// t = (L1·t2) + t1: the sum of the two products is rounded before t1 is added. 1 + 2^-53 rounds to 1, and so
+// does 1 + 2^-53 again.
 TEST(AffMat2Dbl, CompositionAddsTheTranslationLast)
 {
     AffMat2Dbl const a = Map(1.0, 1.0, 1.0, 1.0, 0x1p-53, 1.0);
@@ -221,8 +221,8 @@ TEST(AffMat2Dbl, MultiplyByVec2FltDoesAddTheTranslation)
     static_assert(std::is_same_v<decltype(map * Pnt2Flt()), Pnt2Flt>, "");
 }
 
-// By exact arithmetic: L·x rounded to single, t added in double, the sum rounded again. One rounding at
-// the end, and t rounded to single first, each give other singles.
+// By exact arithmetic: L·x rounded to single, t added in double, the sum rounded again. A single rounding at
+// the end, or t rounded to single first, gives other singles.
 TEST(AffMat2Dbl, MultiplyBySinglesRoundsTwice)
 {
     AffMat2Dbl const map = Map(-0x1.ac724620e50aap+1, -0x1.b6cdeb6cf1fdep+2, -0x1.836f09eb37316p+1,

@@ -69,7 +69,7 @@ TEST(AffMat3Dbl, Layout)
               static_cast<std::ptrdiff_t>(sizeof(Mat3Dbl)));
 }
 
-// The const-ness of each member is part of the interface: these casts choose it exactly.
+// Whether each member is const is part of the interface: these casts select exactly that form.
 [[maybe_unused]] auto const members = std::make_tuple(
     static_cast<AffMat3Dbl& (AffMat3Dbl::*)(AffMat3Dbl const&)>(&AffMat3Dbl::operator=),
     static_cast<int (AffMat3Dbl::*)(AffMat3Dbl const&) const>(&AffMat3Dbl::operator==),
@@ -161,7 +161,7 @@ std::array<unsigned char, 3> PivotOrder(AffMat3Dbl const& map)
     std::memcpy(order.data(), reinterpret_cast<unsigned char const*>(&map) + 9 * sizeof(double), 3);
 #if defined(VEXOR_CHECKED)
     for (unsigned char& row : order)
-        row &= 3; // above it stands the mark of a checked build
+        row &= 3; // the byte above it holds the mark of a checked build
 #endif
     return order;
 }
@@ -269,7 +269,7 @@ TEST(AffMat3Dbl, CallOperator)
             EXPECT_EQ(map(r, c), 4.0 * r + c + 1);
             EXPECT_EQ(&constant(r, c), &map(r, c));
         }
-        for (int c : {3, 4, 7, std::numeric_limits<int>::max()}) // every column from 3 up is t
+        for (int c : {3, 4, 7, std::numeric_limits<int>::max()}) // every column from 3 on is t
             EXPECT_EQ(&map(r, c), &map.Translation()[r]);
     }
     map(1, 7) = -8;
@@ -295,7 +295,7 @@ TEST(AffMat3Dbl, GetMatrixData)
     Counted().GetMatrixData(flat);
     Counted().GetMatrixData(rows);
     for (int i = 0; i < 16; ++i) {
-        double const expected = i < 12 ? i + 1.0 : 9.5; // a fourth row is left alone
+        double const expected = i < 12 ? i + 1.0 : 9.5; // a fourth row is unchanged
         EXPECT_EQ(flat[i], expected);
         EXPECT_EQ(rows[i / 4][i % 4], expected);
     }
@@ -384,7 +384,7 @@ TEST(AffMat3Dbl, Identity)
 
 TEST(AffMat3Dbl, Invert)
 {
-    // L with the exact inverse that stands below; −(L⁻¹·t) is exact as well, and −(8 − 4 − 4) is −0.
+    // L, whose exact inverse is below; −(L⁻¹·t) is exact as well, and −(8 − 4 − 4) is −0.
     AffMat3Dbl map = Map(0, 2, 3.5, 16, 4, 8, 8, 32, 2, 0, 1, -16);
     EXPECT_EQ(&map.Invert(), &map);
     ExpectBits(map, Map(-0.25, 0.0625, 0.375, 8, -0.375, 0.21875, -0.4375, -8, 0.5, -0.125, 0.25, -0.0));
@@ -414,7 +414,7 @@ TEST(AffMat3Dbl, InvertSingular)
     EXPECT_THROW(map.Invert(), VexorSingular);
     ExpectBits(map, singular);
     EXPECT_THROW(singular.GetInvertedCopy(), VexorSingular);
-    AffMat3Dbl partly = Map(1, 2, 3, 4, 2, 4, 6, 8, 1, 1, 1, 12); // L is left where its factorisation ended
+    AffMat3Dbl partly = Map(1, 2, 3, 4, 2, 4, 6, 8, 1, 1, 1, 12); // L is as far as the factorisation came
     AffMat3Dbl const before(partly);
     EXPECT_THROW(before.GetInvertedCopy(), VexorSingular);
     EXPECT_THROW(partly.Invert(), VexorSingular);
@@ -474,7 +474,7 @@ TEST(AffMat3Dbl, SetRotationIsTheCompositionOfThreeMaps)
                 ((product[r][0] * -p[0] + product[r][1] * -p[1]) + product[r][2] * -p[2]) + product[r][3];
             ASSERT_TRUE(SameBits(map(r, 3), t)) << "round " << round;
         }
-        // A vector is turned as Vec3Dbl::Rotate turns it, and the point stays.
+        // A vector turns as by Vec3Dbl::Rotate, and the point stays.
         Vec3Dbl v(draws.Unit(), draws.Unit(), draws.Unit());
         Vec3Dbl const turned = map * v;
         v.Rotate(axis, angle);
@@ -483,9 +483,9 @@ TEST(AffMat3Dbl, SetRotationIsTheCompositionOfThreeMaps)
     }
 }
 
-// (back · rotate) · toOrigin, in this order: the rotation takes the point straight to the translation. Here an
-// eighth of a turn carries −point's y past the largest double and its x to about 0, which stays finite. In
-// back · (rotate · toOrigin) the unit matrix would multiply that infinity by 0.
+// (back · rotate) · toOrigin, in this order: the rotation takes the point directly to the translation. Here
+// an eighth of a turn makes −point's y overflow and its x about 0, which stays finite. In back · (rotate ·
+// toOrigin) the identity matrix would multiply that infinity by 0.
 TEST(AffMat3Dbl, SetRotationComposesFromTheLeft)
 {
     AffMat3Dbl map;
@@ -550,7 +550,7 @@ TEST(AffMat3Dbl, SetRotationOfParallelAndShortDirectionsIsTheIdentity)
     ExpectBits(AffMat3Dbl(nan).SetRotation(point, g, Vec3Dbl(0.0)), Identity());
     ExpectBits(AffMat3Dbl(nan).SetRotation(point, Vec3Dbl(1e-6, 0, 0), g), Identity());
     ExpectBits(AffMat3Dbl(nan).SetRotation(point, g, Vec3Dbl(1e-6, 0, 0)), Identity());
-    // Each length on its own: the other vector is so long that the cross product passes.
+    // Each length alone: the other vector is so long that the cross product passes.
     ExpectBits(AffMat3Dbl(nan).SetRotation(point, Vec3Dbl(1e-6, 0, 0), 1e6 * g), Identity());
     ExpectBits(AffMat3Dbl(nan).SetRotation(point, 1e6 * g, Vec3Dbl(1e-6, 0, 0)), Identity());
 }
@@ -563,7 +563,7 @@ TEST(AffMat3Dbl, SetRotationReadsTheGlobalInclusively)
     Vec3Dbl const y(0, 0.5, 0); // the cross product has the length 0.25 exactly
     ExpectBits(AffMat3Dbl(nan).SetRotation(Pnt3Dbl(0.0), x, y), Identity());
     EXPECT_EQ(AffMat3Dbl(nan).SetRotation(Pnt3Dbl(0.0), x, Vec3Dbl(0, Above(0.5), 0)) == Identity(), 0);
-    // f and g of that length, with a long partner
+    // f and g of that length, with a long other vector
     ExpectBits(AffMat3Dbl(nan).SetRotation(Pnt3Dbl(0.0), Vec3Dbl(0.25, 0, 0), Vec3Dbl(0, 8, 0)), Identity());
     EXPECT_EQ(AffMat3Dbl(nan).SetRotation(Pnt3Dbl(0.0), Vec3Dbl(Above(0.25), 0, 0), Vec3Dbl(0, 8, 0))
                   == Identity(),
@@ -572,7 +572,8 @@ TEST(AffMat3Dbl, SetRotationReadsTheGlobalInclusively)
     EXPECT_EQ(AffMat3Dbl(nan).SetRotation(Pnt3Dbl(0.0), Vec3Dbl(0, 8, 0), Vec3Dbl(Above(0.25), 0, 0))
                   == Identity(),
               0);
-    // Where only this operation's own limit is met, the identity is exact: a rotation by 0 would be rounded.
+    // If only this operation's own limit applies, the result is exactly the identity; a rotation by 0 would
+    // be rounded.
     gVexorTolerance.SetLength(3.0);
     Vec3Dbl const limit(1, 2, 2);
     Vec3Dbl const longer(-20, 35, 11);
@@ -617,7 +618,7 @@ TEST(AffMat3Dbl, ProductWithPnt3DblKeepsFullPrecision)
     Pnt3Dbl const p(0.1, 0.2, 0.3);
     Vec3Dbl const expected = map.LinearPart() * p.Vector() + map.Translation();
     ExpectBits(map * p, expected.x, expected.y, expected.z);
-    EXPECT_EQ((map * p == map.LinearPart() * p + map.Translation()), 0); // that one rounds to single
+    EXPECT_EQ((map * p == map.LinearPart() * p + map.Translation()), 0); // the latter rounds to single
     // (L·x) + t and not a sum that begins with t: (1 + 2^-53) + 2^-53 is 1.
     ExpectBits(Map(1, 0, 0, 0x1p-53, 0, 1, 0, 0, 0, 0, 1, 0) * Pnt3Dbl(1, 0, 0), 1, 0, 0);
     ExpectBits(Map(1, 1, 0, 0x1p-53, 0, 1, 0, 0, 0, 0, 1, 0) * Pnt3Dbl(1, 0x1p-53, 0), 1, 0x1p-53, 0);
@@ -641,8 +642,8 @@ TEST(AffMat3Dbl, ProductWithVec3FltRoundsOnce)
 
 TEST(AffMat3Dbl, ProductWithPnt3FltRoundsTwice)
 {
-    // L·x is 1 + 2^-24, which rounds to 1; with t = 2^-24 that is 1 again. Rounded once at the end, the
-    // sum would be 1 + 2^-23.
+    // L·x is 1 + 2^-24, which rounds to 1; with t = 2^-24 the sum rounds to 1 again. Rounded once at the end,
+    // the sum would be 1 + 2^-23.
     AffMat3Dbl const map = Map(1, 0x1p-24, 0, 0x1p-24, 0, 0, 0, 0.1, 0, 0, 1, 1 + 0x1p-30);
     Pnt3Flt const p = map * Pnt3Flt(1.0f, 1.0f, -1.0f);
     EXPECT_SAME_BITS(p.x, 1.0f);

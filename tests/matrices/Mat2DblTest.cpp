@@ -55,7 +55,7 @@ TEST(Mat2Dbl, DefaultConstructor)
 
 TEST(Mat2Dbl, Constructors)
 {
-    ExpectBits(Mat2Dbl(2.0), 2.0, 2.0, 2.0, 2.0); // not the diagonal alone
+    ExpectBits(Mat2Dbl(2.0), 2.0, 2.0, 2.0, 2.0); // not only the diagonal
     ExpectBits(Mat2Dbl(Vec2Dbl(1.0, 2.0), Vec2Dbl(3.0, -0.0)), 1.0, 2.0, 3.0, -0.0);
     Mat2Dbl const source = Rows(1.0, nan, -0.0, 4.0);
     Mat2Dbl const copy(source);
@@ -125,7 +125,7 @@ TEST(Mat2Dbl, SetCol)
     EXPECT_EQ(&m.SetCol(1, Vec2Dbl(3.0, 4.0)), &m);
     ExpectBits(m, 0.0, 3.0, 0.0, 4.0);
     for (unsigned int column : {0u, 1u})
-        for (unsigned int row : {0u, 1u}) { // of one of its own rows, as it stood
+        for (unsigned int row : {0u, 1u}) { // one of its own rows, before the change
             m.SetValue(Vec2Dbl(1.0, 2.0), Vec2Dbl(3.0, 4.0));
             Vec2Dbl const before = m.GetRow(row);
             m.SetCol(column, m.GetRow(row));
@@ -208,13 +208,14 @@ template <class Matrix>
 constexpr bool sumsRows<Matrix, std::void_t<decltype(std::declval<Matrix>().RowSum()),
                                             decltype(std::declval<Matrix>().RowAverage())>> = true;
 
-// Only inside an affine map do the two doubles behind the matrix have a meaning.
+// Only inside an affine map do the two doubles after the matrix have a meaning.
 TEST(Mat2Dbl, RowSumAddsTheTranslationBehindALinearPart)
 {
     static_assert(sumsRows<Mat2Dbl&> && !sumsRows<Mat2Dbl const&>, "not const");
     AffMat2Dbl map(Rows(1.0, 2.0, 10.0, 20.0), Vec2Dbl(100.0, 200.0));
     ExpectBits(map.LinearPart().RowSum(), 111.0, 222.0);
-    // It is read at each call, and after the two rows: (1 + 2^-53) + 2^-53 is 1, other orders are not.
+    // They are read at each call, and added after the two rows: (1 + 2^-53) + 2^-53 is 1, in other orders it
+    // is more.
     map.Translation() = Vec2Dbl(0x1p-53, 1.0);
     map.LinearPart() = Rows(1.0, 0x1p-53, 0x1p-53, 0x1p-53);
     ExpectBits(map.LinearPart().RowSum(), 1.0, 1.0 + 0x1p-52);
@@ -297,7 +298,7 @@ TEST(Mat2Dbl, MultiplyAssign)
 
 TEST(Mat2Dbl, DivideAssignTrulyDivides)
 {
-    Mat2Dbl m = Rows(7.0, 20.0, 17.0, 0.0); // of each, the product with 1/3 is one unit below
+    Mat2Dbl m = Rows(7.0, 20.0, 17.0, 0.0); // for each, the product with 1/3 is one unit lower
     EXPECT_EQ(&(m /= Opaque(3.0)), &m);
     ExpectBits(m, 0x1.2aaaaaaaaaaabp+1, 0x1.aaaaaaaaaaaabp+2, 0x1.6aaaaaaaaaaabp+2, 0.0);
     Mat2Dbl self = Rows(2.0, 4.0, 6.0, 8.0);
@@ -321,8 +322,8 @@ TEST(Mat2Dbl, AddAssignAndSubtractAssign)
 
 // ---- Inverse and solution --------------------------------------------------------------------------
 
-// By exact arithmetic with a rounding at each step: here the four products with 1/d lie one unit away,
-// and a fused multiply-add in d moves quotients too.
+// By exact arithmetic with a rounding at each step: the four products with 1/d are one unit away here,
+// and a fused multiply-add in d changes quotients too.
 Mat2Dbl Telling()
 {
     return Rows(-0x1.3368a871bb8b6p+1, -0x1.a8bea66b39ffap+2, -0x1.4739e2ab40b99p+2, -0x1.5845434627524p+1);
@@ -333,7 +334,7 @@ TEST(Mat2Dbl, InvertDividesByTheDeterminant)
     Mat2Dbl m = Telling();
     EXPECT_EQ(&m.Invert(), &m);
     ExpectBits(m, 0x1.90ffab7166f0cp-4, -0x1.eebbb56b51b9ap-3, -0x1.7d254df5676a8p-3, 0x1.66101f298d503p-4);
-    // The off-diagonal ones are negated quotients: −(0/d).
+    // The off-diagonal elements are negated quotients: −(0/d).
     Mat2Dbl identity = Rows(1.0, 0.0, -0.0, 1.0);
     identity.Invert();
     ExpectBits(identity, 1.0, -0.0, 0.0, 1.0);
@@ -347,13 +348,13 @@ TEST(Mat2Dbl, InvertRefusesASmallDeterminant)
     Mat2Dbl singular = Rows(1.0, 2.0, 2.0, 4.0);
     EXPECT_THROW(singular.Invert(), VexorSingular);
     ExpectBits(singular, 1.0, 2.0, 2.0, 4.0);
-    // The threshold is absolute: this one is perfectly conditioned.
+    // The threshold is absolute: the condition number of this matrix is 1.
     Mat2Dbl small = Rows(1e-11, 0.0, 0.0, 1e-11);
     EXPECT_THROW(small.Invert(), VexorSingular);
     ExpectBits(small, 1e-11, 0.0, 0.0, 1e-11);
     Mat2Dbl zero(0.0);
     EXPECT_THROW(zero.Invert(), VexorSingular);
-    // And the global tolerance plays no part.
+    // And the global tolerance does not matter.
     RestoreTolerance const restore;
     gVexorTolerance.SetLength(1e-30);
     EXPECT_THROW(small.Invert(), VexorSingular);
@@ -399,7 +400,7 @@ TEST(Mat2Dbl, SolveKeepsTheInverse)
     Mat2Dbl m = Telling();
     Vec2Dbl v(0x1.2271936645134p+2, 0x1.4bb44e013a256p+1);
     m.Solve(v);
-    ExpectBits(v, -0x1.742b3cb17aa6p-3, -0x1.3c70990d46fddp-1); // the inverse times v, rounded so
+    ExpectBits(v, -0x1.742b3cb17aa6p-3, -0x1.3c70990d46fddp-1); // the inverse times v, with this rounding
     ExpectBits(m, 0x1.90ffab7166f0cp-4, -0x1.eebbb56b51b9ap-3, -0x1.7d254df5676a8p-3, 0x1.66101f298d503p-4);
 
     Mat2Dbl simple = Rows(2.0, 0.0, 0.0, 4.0);
@@ -420,7 +421,7 @@ TEST(Mat2Dbl, SolveOfASingularMatrixChangesNothing)
     EXPECT_THROW(m.Solve(&v, 1), VexorSingular);
     ExpectBits(v, 5.0, 6.0);
     ExpectBits(m, 1.0, 2.0, 2.0, 4.0);
-    EXPECT_THROW(m.Solve(nullptr, 0), VexorSingular); // the matrix is inverted whatever the count
+    EXPECT_THROW(m.Solve(nullptr, 0), VexorSingular); // the matrix is inverted for any count
 }
 
 TEST(Mat2Dbl, SolveOfAnyNumberOfVectors)
@@ -455,7 +456,7 @@ TEST(Mat2Dbl, ReSolveMultipliesByWhatIsStored)
     ExpectBits(v, 17.0, 39.0);
     m.Solve(v);
     ExpectBits(v, 5.0, 6.0);
-    Mat2Dbl copy(m); // unlike Mat3Dbl, a copy goes on solving
+    Mat2Dbl copy(m); // unlike a Mat3Dbl, a copy can still solve
     Vec2Dbl vectors[3] = {{17.0, 39.0}, {1.0, 3.0}, {9.0, 9.0}};
     copy.ReSolve(vectors, 2);
     ExpectBits(vectors[0], 5.0, 6.0);
@@ -511,7 +512,7 @@ TEST(Mat2Dbl, EigenSymWorkedByHand)
         {-2.0, 1.0, -2.0, -3.0, -1.0, h, -h, h, h},
         {0.0, 1.0, 0.0, -1.0, 1.0, -h, h, h, h},
         {0.0, -1.0, 0.0, -1.0, 1.0, -h, -h, -h, h},
-        // A multiple of the unit matrix is no failure.
+        // A multiple of the identity matrix is accepted.
         {1.0, 0.0, 1.0, 1.0, 1.0, -1.0, -0.0, -0.0, 1.0},
     };
     for (Case const& each : cases) {
@@ -579,8 +580,8 @@ TEST(Mat2Dbl, EigenSymOfManyMatrices)
             }
 }
 
-// Formed as half of sum minus root, the smaller eigenvalue would vanish here; formed with squares, both
-// would overflow.
+// As half of sum minus root, the smaller eigenvalue would underflow here; with squares, both would
+// overflow.
 TEST(Mat2Dbl, EigenSymKeepsTheSmallEigenvalue)
 {
     ExpectBits(ValuesOf(1e20, 1.0, 1.0), 1.0, 1e20);
@@ -591,15 +592,15 @@ TEST(Mat2Dbl, EigenSymKeepsTheSmallEigenvalue)
 
 TEST(Mat2Dbl, EigenSymOfZero)
 {
-    // r1 = 0 and r2 = −0 are equal: without vectors they stay, with vectors they swap.
+    // r1 = 0 and r2 = −0 are equal: without vectors they keep their order, with vectors they swap.
     ExpectBits(ValuesOf(0.0, 0.0, 0.0), 0.0, -0.0);
     Eigen const e = EigenOf(0.0, 0.0, 0.0);
     ExpectBits(e.values, -0.0, 0.0);
     ExpectBits(e.vectors, -1.0, -0.0, -0.0, 1.0);
 }
 
-// By hand: an unordered comparison takes the last branch of each choice. A NaN off the diagonal reaches
-// everything; one on it leaves root 0 and the sum's last branch, and so the values 0 and −0.
+// By hand: an unordered comparison takes the last branch of each choice. A NaN off the diagonal affects
+// every result; one on the diagonal leaves root 0 and the sum's last branch, and so the values 0 and −0.
 TEST(Mat2Dbl, EigenSymOfNan)
 {
     ExpectBits(ValuesOf(1.0, nan, 1.0), nan, nan);
@@ -646,7 +647,7 @@ TEST(Mat2Dbl, AddAndSubtract)
 TEST(Mat2Dbl, MultiplyByMatrix)
 {
     ExpectBits(Rows(1.0, 2.0, 3.0, 4.0) * Rows(5.0, 6.0, 7.0, 8.0), 19.0, 22.0, 43.0, 50.0);
-    // By exact arithmetic with each product rounded; a fused multiply-add gives a neighbour in each.
+    // By exact arithmetic with each product rounded; a fused multiply-add gives a neighbour of each.
     Mat2Dbl const left =
         Rows(-0x1.85d783980daebp+1, 0x1.91d9d720b5e3dp+2, 0x1.d7d3ecdbef64bp+2, 0x1.f50cfb720cf8bp+2);
     Mat2Dbl const right =
@@ -656,7 +657,7 @@ TEST(Mat2Dbl, MultiplyByMatrix)
     Mat2Dbl m = Rows(1.0, 1.0, 1.0, 0.0);
     m = m * m;
     ExpectBits(m, 2.0, 1.0, 1.0, 1.0);
-    // The sum starts from the first product: two products of −0 make −0.
+    // The sum starts with the first product: two products of −0 make −0.
     ExpectBits(Rows(-0.0, 0.0, 1.0, 1.0) * Rows(1.0, 1.0, -1.0, -1.0), -0.0, -0.0, 0.0, 0.0);
 }
 
@@ -672,7 +673,7 @@ TEST(Mat2Dbl, MultiplyByVector)
     ExpectBits(v, 3.0, 7.0);
 }
 
-// By exact arithmetic: with the products, or the elements, rounded to single, each component is another.
+// By exact arithmetic: with the products, or the elements, rounded to single, each component differs.
 TEST(Mat2Dbl, MultiplyByVec2FltRoundsOnce)
 {
     Mat2Dbl const m =

@@ -50,14 +50,14 @@ Mat3Dbl Counted()
     return Matrix(1, 2, 3, 4, 5, 6, 7, 8, 9);
 }
 
-/// The three bytes behind the elements.
+/// The three bytes after the elements.
 std::array<unsigned char, 3> PivotOrder(Mat3Dbl const& matrix)
 {
     std::array<unsigned char, 3> order = {};
     std::memcpy(order.data(), reinterpret_cast<unsigned char const*>(&matrix) + 9 * sizeof(double), 3);
 #if defined(VEXOR_CHECKED)
     for (unsigned char& row : order)
-        row &= 3; // above it stands the mark of a checked build
+        row &= 3; // the byte above it holds the mark of a checked build
 #endif
     return order;
 }
@@ -110,7 +110,7 @@ TEST(Mat3Dbl, ConstructorFromRows)
     EXPECT_SAME_BITS(m(2, 2), -0.0);
 }
 
-/// Constructs a matrix over bytes of a pattern and returns what the pivot order then is.
+/// Constructs a matrix in bytes of a pattern and returns its pivot order.
 template <class... Arguments>
 Order PivotOrderAfterConstruction(Arguments const&... arguments)
 {
@@ -333,7 +333,7 @@ TEST(Mat3Dbl, RowSum)
 {
     ExpectBits(Counted().RowSum(), 12, 15, 18);
     ExpectBits(Matrix(1, 0, 0, 1, 0, 0, 1, 0, 0).RowSum(), 3, 0, 0);
-    // (1 + 2^-53) + 2^-53 is 1; the other way round it would be more.
+    // (1 + 2^-53) + 2^-53 is 1; in the reverse order it would be more.
     ExpectBits(Matrix(1, 0x1p-53, -0.0, 0x1p-53, 0x1p-53, -0.0, 0x1p-53, 1, -0.0).RowSum(), 1, 1 + 0x1p-52,
                -0.0);
 }
@@ -452,7 +452,7 @@ TEST(Mat3Dbl, ProductOfMatricesSumsInOrderFromZero)
     Mat3Dbl const product = left * ones;
     ExpectBits(product.GetRow(0), 1, 1, 1);
     ExpectBits(product.GetRow(1), 1 + 0x1p-52, 1 + 0x1p-52, 1 + 0x1p-52);
-    // Three products of −0 make 0, since the sum starts from 0.0.
+    // Three products of −0 make 0, since the sum starts with 0.0.
     ExpectBits((left * Mat3Dbl(0.0)).GetRow(2), 0.0, 0.0, 0.0);
 }
 
@@ -476,7 +476,7 @@ TEST(Mat3Dbl, ProductWithPnt3DblRoundsToSingle)
     EXPECT_SAME_BITS(p.y, 0x1.99999ap-3);
     EXPECT_SAME_BITS(p.z, 0x1.333334p-2);
 
-    // Only the sum is rounded, and neither the coordinates nor the products: 2^-30 survives.
+    // Only the sum is rounded, not the coordinates or the products: 2^-30 is kept.
     Mat3Dbl const difference = Matrix(1, -1, 0, 1 + 0x1p-30, -1, 0, 1, 0x1p-24, 0x1p-48);
     Pnt3Dbl const q = difference * Pnt3Dbl(1 + 0x1p-30, 1, 1);
     EXPECT_SAME_BITS(q.x, 0x1p-30);
@@ -531,7 +531,7 @@ TEST(Mat3Dbl, OuterProductOfVec3FltIsExact)
 
 // ---- Solving ---------------------------------------------------------------------------------------
 
-// With exact steps throughout: the factors and the inverse are worked by hand.
+// All steps are exact: the factors and the inverse are worked by hand.
 Mat3Dbl Exact()
 {
     return Matrix(0, 2, 3.5, 4, 8, 8, 2, 0, 1);
@@ -623,7 +623,7 @@ TEST(Mat3Dbl, SolveSingularWithARowOfZeros)
 TEST(Mat3Dbl, SolveSingularWithoutARowOfZeros)
 {
     Mat3Dbl const singular = Matrix(1, 2, 3, 2, 4, 6, 1, 1, 1);
-    Mat3Dbl const left = Matrix(1, 0.5, 0, 2, 0.5, 4, 1, 1, 1); // as far as the factorisation comes
+    Mat3Dbl const left = Matrix(1, 0.5, 0, 2, 0.5, 4, 1, 1, 1); // as far as the factorisation came
     Mat3Dbl m(singular);
     Vec3Dbl b(1, 2, 3);
     EXPECT_THROW(m.Solve(b), VexorSingular);
@@ -779,7 +779,7 @@ TEST(Mat3Dbl, SvdGivesTheLeftSingularVectorsInRows)
     m.Svd(values);
     for (int i = 0; i < 3; ++i) {
         EXPECT_NEAR(values[i], 3.0 - i, 1e-14);
-        for (int k = 0; k < 3; ++k) // on the left the unit vectors stand in order, on the right they do not
+        for (int k = 0; k < 3; ++k) // on the left the unit vectors are in order, on the right they are not
             EXPECT_NEAR(std::fabs(m(i, k)), i == k, 1e-14);
     }
 }
@@ -797,7 +797,7 @@ TEST(Mat3Dbl, SvdOfGeneralMatrices)
         EXPECT_GE(values.x, values.y);
         EXPECT_GE(values.y, values.z);
         EXPECT_GE(values.z, 0.0);
-        // With U in the rows of `left`, U·A·Aᵀ·Uᵀ holds the squares of the singular values.
+        // With U in the rows of `left`, U·A·Aᵀ·Uᵀ has the squares of the singular values on its diagonal.
         Mat3Dbl const squares = left * matrix * matrix.GetTransposedCopy() * left.GetTransposedCopy();
         Mat3Dbl const unit = left * left.GetTransposedCopy();
         for (int i = 0; i < 3; ++i) {
@@ -822,7 +822,7 @@ TEST(Mat3Dbl, SvdThatFailsChangesNothing)
 TEST(Mat3Dbl, SvdIntoOneOfItsRows)
 {
     Mat3Dbl m = Matrix(0, 0, 3, 2, 0, 0, 0, 1, 0);
-    m.Svd(m.GetRow(2)); // the vectors are delivered last
+    m.Svd(m.GetRow(2)); // the vectors are written last
     for (int i = 0; i < 3; ++i) {
         for (int k = 0; k < 3; ++k)
             EXPECT_NEAR(std::fabs(m(i, k)), i == k, 1e-14);
@@ -831,7 +831,7 @@ TEST(Mat3Dbl, SvdIntoOneOfItsRows)
 
 // ---- Eigenvalues and eigenvectors ------------------------------------------------------------------
 
-/// The eigenvalues by the formulas, from the upper triangle; false where the cubic has no three roots.
+/// The eigenvalues by the formulas, from the upper triangle; false if the cubic does not have three roots.
 bool ReferenceEigenValues(Mat3Dbl const& m, double (&values)[3])
 {
     double const a = m(0, 0), b = m(0, 1), c = m(0, 2), d = m(1, 1), e = m(1, 2), f = m(2, 2);
@@ -1109,8 +1109,9 @@ TEST(Mat3Dbl, EigenSymWithACoincidingUpperPairIsRightHanded)
     EXPECT_NEAR(Determinant(m), 1.0, 1e-14);
 }
 
-// Two neighbours are a pair if they lie less than ten units of 2⁻⁵², times the larger one, apart. A multiple of
-// an outer product, added to one of the unit matrix, has two equal eigenvalues, which rounding parts by some units.
+// Two neighbours are a pair if their distance is less than ten units of 2⁻⁵², times the larger one. A
+// multiple of an outer product plus a multiple of the identity has two equal eigenvalues, which rounding
+// separates by some units.
 TEST(Mat3Dbl, EigenSymTakesNeighboursWithinTenUnitsForAPair)
 {
     auto const coincide = [](double x, double y) {
@@ -1169,7 +1170,7 @@ TEST(Mat3Dbl, EigenSymIntoOneOfItsRows)
         m.EigenSym(m.GetRow(row), 0);
         ExpectBits(m.GetRow(row), values.x, values.y, values.z);
         m = Symmetric(4, 1, -2, 3, 0.5, 7);
-        m.EigenSym(m.GetRow(row), 1); // the vectors are delivered last
+        m.EigenSym(m.GetRow(row), 1); // the vectors are written last
         ExpectBits(m, expected);
     }
 }
@@ -1194,7 +1195,7 @@ TEST(Mat3Dbl, GetEigenVectorGivenEigenValue)
 
 TEST(Mat3Dbl, GetEigenVectorGivenEigenValueOfRankOne)
 {
-    // u·uᵀ for its eigenvalue 0: the element of row p with the larger magnitude carries the 1.
+    // u·uᵀ for its eigenvalue 0: the element of row p with the larger magnitude gets the 1.
     Vec3Dbl v(9.0);
     Vec3Dbl(4, 2, 1).OuterProduct(Vec3Dbl(4, 2, 1)).GetEigenVectorGivenEigenValue(v, 0.0);
     Vec3Dbl expected = Vec3Dbl(-0.5, 1, 0).Normalize();
@@ -1202,11 +1203,11 @@ TEST(Mat3Dbl, GetEigenVectorGivenEigenValueOfRankOne)
     Vec3Dbl(4, 1, 2).OuterProduct(Vec3Dbl(4, 1, 2)).GetEigenVectorGivenEigenValue(v, 0.0);
     expected = Vec3Dbl(-0.5, 0, 1).Normalize();
     ExpectBits(v, expected.x, expected.y, expected.z);
-    // With the largest element in the middle, columns 2 and 0 follow it.
+    // If the largest element is in the middle, columns 2 and 0 follow it.
     Vec3Dbl(1, 4, 2).OuterProduct(Vec3Dbl(1, 4, 2)).GetEigenVectorGivenEigenValue(v, 0.0);
     expected = Vec3Dbl(0, -0.5, 1).Normalize();
     ExpectBits(v, expected.x, expected.y, expected.z);
-    // Equal magnitudes take (0, 1, −1), whatever the signs.
+    // Equal magnitudes give (0, 1, −1), for any signs.
     for (double sign : {1.0, -1.0}) {
         Vec3Dbl const u(4, 2, 2 * sign);
         u.OuterProduct(u).GetEigenVectorGivenEigenValue(v, 0.0);

@@ -4,7 +4,7 @@
 #include <utility>
 #include <vector>
 
-// The small solver written out plainly for any size, against which the library's is compared bit by bit.
+// The small solver written plainly for any size; the library's solver is compared with it bit by bit.
 
 namespace vexor_test {
 
@@ -22,7 +22,7 @@ inline int ReferenceDecompose(double* a, unsigned char* perm, int n)
             return -2;
         scale[i] = 1.0 / largest;
     }
-    // a(p, j) less the sum of the first `terms` products of a row and a column of the factors
+    // a(p, j) minus the sum of the first `terms` products of a row and a column of the factors
     auto const reduced = [&](int p, int j, int terms) {
         if (terms == 0)
             return a[p * n + j];
@@ -62,7 +62,7 @@ inline void ReferenceSubstitute(double const* a, double* rightSides, unsigned ch
 {
     for (int side = 0; side < count; ++side) {
         double* const b = rightSides + side * count;
-        // b(i) less the sum of products from `begin` to `end` − 1
+        // b(i) minus the sum of products from `begin` to `end` − 1
         auto const reduced = [&](int i, int begin, int end) {
             if (begin == end)
                 return b[perm[i]];

@@ -44,7 +44,7 @@ bool SameElements(std::vector<double> const& left, std::vector<double> const& ri
 
 TEST(small_decompose, FactorsStayInTheirRowsWithReciprocalPivots)
 {
-    // Column 0: the scaled candidates are 0, 4/8 and 2/2, so that row 2 is the pivot and the order becomes
+    // Column 0: the scaled candidates are 0, 4/8 and 2/2, so row 2 is the pivot and the order becomes
     // 2, 1, 0. Column 1: row 1 gives 8/8, row 0 gives 2/3.5. All steps are exact.
     double a[9] = {0, 2, 3.5, //
                    4, 8, 8,   //
@@ -93,7 +93,7 @@ TEST(small_decompose, EqualCandidatesGoToTheFirst)
 TEST(small_decompose, EqualCandidatesGoToTheFirstInTheCurrentOrder)
 {
     // Row 2 is the first pivot and the order becomes 2, 1, 0; rows 1 and 0 then tie for column 1, and
-    // row 1 stands first though it is stored later. The next column has no pivot.
+    // row 1 comes first although it is stored later. The next column has no pivot.
     double a[9] = {1, 2, 3, //
                    2, 4, 6, //
                    1, 1, 1};
@@ -114,7 +114,7 @@ TEST(small_decompose, CandidatesAreScaledByTheLargestElementOfTheStoredRow)
     ExpectOrder(order, {1, 0});
 
     // After the first exchange the order is 2, 1, 0. Column 1 holds 1 in both other rows; row 0 has the
-    // scale 1/1 and row 1 the scale 1/8. By place the scales would be 1/8 and 1/16.
+    // scale 1/1 and row 1 the scale 1/8. By stored position the scales would be 1/8 and 1/16.
     double b[9] = {0,  1, 1, //
                    0,  1, 8, //
                    16, 0, 0};
@@ -143,7 +143,7 @@ TEST(small_decompose, SubtractsTheWholeSum)
 
 TEST(small_decompose, SumsStartWithTheirFirstTerm)
 {
-    // The last element of column 1 is −0 − (−1·0) = 0; with a sum from 0.0 it would stay −0.
+    // The last element of column 1 is −0 − (−1·0) = 0; if the sum started with 0.0 it would stay −0.
     double a[9] = {1, -1,   0, //
                    0, 1,    1, //
                    0, -0.0, 1};
@@ -202,7 +202,7 @@ TEST(small_decompose, NaNIsNoPivot)
     double a[4] = {nan, 1, //
                    2, 1};
     unsigned char order[2] = {9, 9};
-    EXPECT_EQ(small_decompose(a, order, 2), -3); // row 1 is the first pivot; what is left of row 0 is NaN
+    EXPECT_EQ(small_decompose(a, order, 2), -3); // row 1 is the first pivot; the rest of row 0 is NaN
     ExpectOrder(order, {1, 0});
     double column[9] = {nan, 1, 2, nan, 3, 4, nan, 5, 6};
     unsigned char three[3] = {9, 9, 9};
@@ -376,7 +376,7 @@ TEST(small_substitution, SubtractsTheWholeSum)
 
 TEST(small_substitution, SumsStartWithTheirFirstTerm)
 {
-    // −0 − (1·−0) is 0, where a sum from 0.0 would leave −0.
+    // −0 − (1·−0) is 0; if the sum started with 0.0 it would be −0.
     double two[4] = {1, 0, -0.0, 1};
     unsigned char order[3] = {0, 1, 2};
     double b[2] = {1, -0.0};
@@ -430,7 +430,7 @@ TEST(small_substitution, ANaNIsNoLeadingZero)
 
 TEST(small_substitution, ZerosAreFoundInTheOrderOfTheRows)
 {
-    // Row 2 acts as row 0: its right-hand side is the leading one, although it is stored last.
+    // Row 2 acts as row 0: its right-hand side comes first, although it is stored last.
     double a[9] = {1, 0, 0, 0, 1, 0, 0, 0, 1};
     std::swap(a[0], a[6]);
     a[2] = 1.0;
@@ -478,7 +478,7 @@ TEST(small_substitution, NothingToSolve)
 
 TEST(small_substitution, WithNothingToSolveNothingIsRead)
 {
-    // Without right-hand sides there need be no factors and no row order either.
+    // Without right-hand sides the factors and the row order may be missing too.
     for (int size : {1, 3, 4}) {
         for (int count : {0, -1})
             small_substitution(nullptr, nullptr, nullptr, size, count);

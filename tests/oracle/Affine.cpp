@@ -104,7 +104,7 @@ void EnterInversesAndPoints(std::string const& name, std::string const& d)
         [](A const& m) {
             A changed = m;
             Raise const raised = RaisedBy([&] { changed.Invert(); });
-            // A failure leaves t as it was.
+            // A failure leaves t unchanged.
             return raised == Raise::None ? std::tuple(raised, changed)
                                          : std::tuple(raised, A(M(0.0), changed.Translation()));
         },
@@ -169,7 +169,7 @@ void EnterVectorsAndElements(std::string const& name, std::string const& d)
         });
 }
 
-/// What both maps have.
+/// The operations of both maps.
 template <class A, class M, class V, class P, class PF, int N>
 void EnterMap(std::string const& name, std::string const& d)
 {
@@ -184,7 +184,7 @@ void EnterAffMat2Dbl()
     Add(
         "operator*(AffMat2Dbl, Vec2Flt)", DrawMapped<A, Mat2Dbl, Vec2Dbl, 2, Vec2Flt>,
         [](A const& a, Vec2Flt const& v) { return a * v; }, TwiceRounded<2>);
-    // The third pair of the sum is what lies behind the matrix: of a map's linear part, its translation.
+    // The third pair of the sum is behind the matrix: for a map's linear part, its translation.
     auto const draw = [](Source& source) { return std::tuple(DrawnMap<A, Mat2Dbl, Vec2Dbl, 2>(source)); };
     auto const sum = [](Aff<2> const& m) {
         V2 result;

@@ -5,7 +5,8 @@
 
 #include "oracle/Source.h"
 
-// Operands that provoke decisions. What is computed here only aims them; nothing rests on it.
+// Operands that provoke decisions. The computations here only choose operands; no expected result depends on
+// them.
 
 namespace oracle {
 
@@ -29,8 +30,8 @@ int Size(V const& v)
     return SizeOf<V>::Of(v);
 }
 
-// Each draw fills an operand, whose size is kept: that of a class of run-time size is drawn before. Those with a
-// participle for a name give one of a fixed size.
+// Each draw fills an operand, whose size is kept: that of a class of run-time size is drawn before. Those
+// with a participle for a name give one of a fixed size.
 
 template <class V>
 void Fill(Source& source, V& v)
@@ -82,7 +83,7 @@ double PlainDot(V const& a, V const& b)
     return sum;
 }
 
-/// Half a unit in the last place of the value: added to it, a tie.
+/// Half a unit in the last place of the value: adding it makes a tie.
 template <class T>
 T HalfUnit(T value)
 {
@@ -90,7 +91,7 @@ T HalfUnit(T value)
     return (std::nextafter(size, std::numeric_limits<T>::infinity()) - size) / 2;
 }
 
-/// Numbers whose sum lies at or next to a tie, in any order.
+/// Numbers whose sum is at or next to a tie, in any order.
 template <class V>
 void PutAtTie(Source& source, V& v)
 {
@@ -115,7 +116,7 @@ V AtTie(Source& source)
     return v;
 }
 
-/// Components whose squares add up to the middle between two floats, as nearly as a few tries get.
+/// Components whose squares add up to about the midpoint of two floats, as closely as a few tries reach.
 template <class V>
 void PutSquaresAtTie(Source& source, V& best)
 {
@@ -180,7 +181,7 @@ V NearlyPerpendicular(Source& source, V const& a, double depth)
     return b;
 }
 
-/// Two operands that stand in some relation: equal, opposite, scaled, nearly parallel, nearly perpendicular, at a
+/// Two operands with some relation: equal, opposite, scaled, nearly parallel, nearly perpendicular, at a
 /// tie, with shared components, or none.
 template <class V>
 void Relate(Source& source, V& a, V& b)
@@ -261,7 +262,7 @@ std::pair<V, V> Related(Source& source)
     return result;
 }
 
-/// A vector made nearly unit.
+/// A nearly unit vector.
 template <class V>
 V Unitised(V v)
 {

@@ -7,7 +7,7 @@
 #include "oracle/Matrices.h"
 #include "oracle/Statements.h"
 
-// The rule of an operation that rests on LAPACK is the call: these statements make it themselves.
+// The rule of an operation that depends on LAPACK is the call itself: these statements make it.
 
 extern "C" {
 using StringLength = std::size_t;
@@ -31,8 +31,8 @@ namespace oracle {
 
 namespace {
 
-/// Column after column, as LAPACK takes it; a vector is one column. Both sides take it and give it: there is nothing
-/// for MPFR to compute, so that sizes need no bound.
+/// Column by column, as LAPACK takes it; a vector is one column. Both sides use it: there is nothing
+/// for MPFR to compute, so the sizes have no bound.
 struct Block {
     int rows = 0;
     int columns = 0;
@@ -109,7 +109,7 @@ void DemandSuccess(int info)
         throw Raised{Raise::ComputationFailed};
 }
 
-/// A matrix on its way through the solvers.
+/// A matrix in the course of the solvers.
 struct Solver {
     Block a;
     std::vector<int> pivots;
@@ -167,7 +167,7 @@ struct Solver {
         dsytrs_("U", &a.rows, &b.columns, a.e.data(), &a.rows, pivots.data(), b.e.data(), &a.rows, &info, 1);
         DemandSuccess(info);
     }
-    /// b comes with room for the larger dimension, or gets it, and leaves with the solution's rows.
+    /// b has room for the larger dimension, or gets it, and ends with the solution's rows.
     void LeastSquares(Block& b)
     {
         if (b.rows != a.rows)
@@ -184,7 +184,7 @@ struct Solver {
                work.data(), &size, &info, 1);
         if (info != 0) {
             if (a.rows < a.columns)
-                throw Open{}; // what lies behind the right-hand side was never set
+                throw Open{}; // the rest of the right-hand side was never set
             b = padded;
             throw Raised{Raise::ComputationFailed};
         }
@@ -196,14 +196,14 @@ struct Solver {
     }
 };
 
-/// Mostly small, up to 20 now and then, seldom up to sizes::matricesUpTo.
+/// Mostly small, sometimes up to 20, rarely up to sizes::matricesUpTo.
 int DrawnSize(Source& source)
 {
     return 1 + source.Below(source.OneIn(100) ? sizes::matricesUpTo : source.OneIn(12) ? 20 : 5);
 }
 
-/// An operand for LAPACK: symmetric at times where it is square, singular at times; with 1e±300 side by side, with
-/// infinities or with NaNs now and then.
+/// An operand for LAPACK: sometimes symmetric if it is square, sometimes singular; sometimes with 1e±300 side
+/// by side, with infinities or with NaNs.
 Block DrawnSystem(Source& source, int rows, int columns)
 {
     Block block(rows, columns);
@@ -247,7 +247,7 @@ auto DrawSystem(Source& source)
     return std::tuple(a, b, c);
 }
 
-/// Two calls one after the other: the first may raise and the second runs all the same.
+/// Two calls in sequence: the first may raise, and the second runs in any case.
 template <class First, class Second>
 void EnterSolves(std::string const& name, First first, Second second, void (Solver::*firstRule)(Block&),
                  void (Solver::*secondRule)(Block&))
@@ -290,7 +290,7 @@ void Decompose(Block& a, std::vector<double>& values)
     int info = 0, size = 128 * larger, one = 1;
     double dummy = 0.0;
     std::vector<double> work = Work(size);
-    // With an element that is not finite the iteration cannot be relied on to end.
+    // If an element is not finite, the iteration may not end.
     if (!std::all_of(a.e.begin(), a.e.end(), [](double e) { return std::isfinite(e); }))
         throw Raised{Raise::ComputationFailed};
     dgesvd_("N", Slip("no vectors") ? "N" : "O", &a.rows, &a.columns, a.e.data(), &a.rows, values.data(),
@@ -388,7 +388,7 @@ void EnterSingularValues()
             MatDbl m = g.Matrix();
             VecDbl values(2, 7.0, nullptr);
             Raise const raised = RaisedBy([&] { m.Svd(values); });
-            // After a failure the size alone is defined.
+            // After a failure only the size is defined.
             Block const result = raised == Raise::None ? Block(values) : Block(values.Size(), 1);
             return std::tuple(raised, result, Block(m));
         },
@@ -454,7 +454,7 @@ void EnterEigenvalues()
             VecDbl values(1, 7.0, nullptr);
             Raise const raised = RaisedBy([&] { m.EigenSym(values, wanted, first, last); });
             int const size = values.Size();
-            // Behind the selected values nothing is defined, and nothing at all after a failing driver.
+            // After the selected values nothing is defined, and nothing at all after a driver that fails.
             Block selected(raised == Raise::None ? last - first + 1 : 0, 1);
             for (int i = 0; i < selected.rows; ++i)
                 selected.At(i, 0) = values[i];
@@ -474,7 +474,7 @@ void EnterEigenvalues()
                 int found = 0, info = 0, length = 140 * n;
                 double const tolerance = 0.0;
                 double unset = 0.0;
-                // What the driver does not find, as with a NaN in the matrix, is a NaN.
+                // A value that the driver does not find, as with a NaN in the matrix, is a NaN.
                 std::vector<double> w(static_cast<std::size_t>(n), std::numeric_limits<double>::quiet_NaN()),
                     z = Work(n * count), work = Work(length);
                 std::vector<int> iwork(static_cast<std::size_t>(5 * n)), fail(static_cast<std::size_t>(n));

@@ -7,7 +7,8 @@
 
 namespace oracle {
 
-/// Sizes: small ones most often, since they cost little; every size up to sizes::allUpTo; seldom the larger ones.
+/// Sizes: small ones most often, since they cost little; every size up to sizes::allUpTo; seldom the larger
+/// ones.
 inline int DrawnLength(Source& source)
 {
     if (source.OneIn(12))
@@ -66,7 +67,7 @@ Array<T> DrawnArray(Source& source)
     return v;
 }
 
-/// Two arrays of one size that stand in some relation; now and then of two sizes.
+/// Two arrays of one size with some relation; sometimes of two sizes.
 template <class T>
 std::pair<Array<T>, Array<T>> DrawnArrays(Source& source)
 {

@@ -47,7 +47,7 @@ auto DrawGrids(Source& source)
     return std::tuple(a, b);
 }
 
-/// Factors whose sums lie at ties and cancel.
+/// Factors whose sums are at ties and cancel.
 auto DrawFactors(Source& source)
 {
     int rows = 1 + source.Below(4), inner = source.Below(2) ? 3 : 1 + source.Below(5),
@@ -91,7 +91,7 @@ auto DrawMatrixAndVector(Source& source)
     }
     if (source.OneIn(3))
         for (int r = 0; r < g.rows; ++r) {
-            // A product next to the middle between two floats.
+            // A product next to the midpoint of two floats.
             float const near = source.Ordinary<float>();
             int const k = source.Below(g.columns);
             v[k] = T(1);
@@ -213,7 +213,7 @@ void EnterTransposesAndComparison()
                 for (int c = 0; c < g.columns; ++c)
                     m(r, c) = g(r, c);
             m.Transpose();
-            // The caller's block holds the transposed matrix, column after column.
+            // The caller's block holds the transposed matrix, column by column.
             DynMat seen(g.columns, g.rows);
             for (int r = 0; r < seen.rows; ++r)
                 for (int c = 0; c < seen.columns; ++c)

@@ -49,7 +49,7 @@ E Products(Dyn<E> const& a, Dyn<E> const& b)
     return To<E>(sum);
 }
 
-/// The same, where it is a step of another rule.
+/// The same, as a step of another rule.
 template <class E>
 E Sum(Dyn<E> const& a, Dyn<E> const& b)
 {
@@ -57,7 +57,7 @@ E Sum(Dyn<E> const& a, Dyn<E> const& b)
     return Products(a, b);
 }
 
-/// From 0 in index order, with an exponent without bounds.
+/// From 0 in index order, with an unlimited exponent range.
 Wide WideSum(Dyn<Dbl> const& a, Dyn<Dbl> const& b)
 {
     Wide sum(0.0);
@@ -175,7 +175,7 @@ int EqualOf(Dyn<E> const& a, Dyn<E> const& b, E const& angular, E const& length)
 
 enum class Extreme { Max, Min, MaxAbs, MinAbs };
 
-/// The index of the element that beats the bound and all others, or −1.
+/// The index of the element that passes the bound and exceeds all others, or −1.
 template <class E>
 int ExtremeIndex(Extreme kind, Dyn<E> const& a)
 {
@@ -195,7 +195,7 @@ int ExtremeIndex(Extreme kind, Dyn<E> const& a)
     return index;
 }
 
-/// The sum of the products, rounded after each, as far as both reach.
+/// The sum of the products, rounded after each, over the elements that both have.
 template <class T>
 T RunningSum(Array<T> const& a, Array<T> const& b)
 {
@@ -205,7 +205,7 @@ T RunningSum(Array<T> const& a, Array<T> const& b)
     return sum;
 }
 
-/// Operands and tolerances for a test of direction, at its boundary at times.
+/// Operands and tolerances for a direction test, sometimes at its boundary.
 template <class T>
 auto DrawDirection(Direction kind, bool unit, bool equality)
 {
@@ -293,7 +293,7 @@ void EnterDynamicScaling(std::string const& name)
     Add(
         name + "::LengthSquared", one, [](A const& a) { return Made(a).LengthSquared(); },
         [](Values const& a) {
-            // A sum of squares shows neither the start nor, at times, the rounding of a product.
+            // A sum of squares shows neither the start nor, sometimes, the rounding of a product.
             bool const backwards = Slip("from the last on"),
                        late = isSingle<E> && Slip("rounded at the end only"),
                        fused = !isSingle<E> && Slip("fused");
@@ -328,7 +328,7 @@ void EnterDynamicSums(std::string const& name)
         bool const fromZero = Slip("from zero");
         return Each<E>(a.size, [&](int i) { return fromZero ? 0.0 - a[i] : -Dbl(a[i]); });
     };
-    // An operation that may raise shows what became of its object.
+    // An operation that may raise returns the state of its object too.
     auto const kept = [](auto rule) {
         return [rule](Values const& a, auto const&... rest) {
             Values result = a;
@@ -385,7 +385,7 @@ void EnterDynamicLengths(std::string const& name)
     using Values = Dyn<E>;
     auto const one = DrawArray<T>;
     auto const two = DrawArrays<T>;
-    // The sizes are not compared: a longer argument is read as far as this vector goes.
+    // The sizes are not compared: of a longer argument as many elements are read as this vector has.
     Add(
         name + "::Dot",
         [](Source& source) {
@@ -489,7 +489,7 @@ void EnterDynamicExtremes(std::string const& name)
 {
     using A = Array<T>;
     using Values = Dyn<E>;
-    // Extremes. An index that nothing sets is left open.
+    // Extremes. An index that the rule does not set is left open.
     auto const index = [](Extreme kind) {
         return [kind](Values const& a) {
             int const found = ExtremeIndex(kind, a);
@@ -502,7 +502,7 @@ void EnterDynamicExtremes(std::string const& name)
         A a(DrawnLength(source));
         Tie(source, a);
         if (IsLong(a.size) || source.OneIn(3)) {
-            // One element is decisive: larger or smaller than all others, in magnitude or with its sign.
+            // One element decides: larger or smaller than all others, in magnitude or with its sign.
             T largest = T(1), smallest = T(1);
             for (int i = 0; i < a.size; ++i) {
                 a[i] = source.Ordinary<T>();

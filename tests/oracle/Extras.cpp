@@ -29,7 +29,7 @@ Dbl NormOf(Quat const& q)
     return Sqrt(q[0] * q[0] + q[1] * q[1] + q[2] * q[2] + q[3] * q[3]);
 }
 
-/// Unit but for rounding, now and then the identity or its opposite.
+/// Unit up to rounding, sometimes the identity or its opposite.
 Q DrawnUnit(Source& source)
 {
     Q q;
@@ -261,8 +261,8 @@ AffMat3Dbl DrawnRigid(Source& source)
     return AffMat3Dbl(rotation, source.OneIn(6) ? Vec3Dbl(0.0) : Filled<Vec3Dbl>(source));
 }
 
-/// Two rigid maps: a turn of any size, none, a slight one, or half a revolution apart; now and then one that is not
-/// rigid.
+/// Two rigid maps: a turn of any size, none, a slight one, or half a revolution apart; sometimes a map that
+/// is not rigid.
 auto DrawRigids(Source& source)
 {
     AffMat3Dbl const a = DrawnRigid(source);

@@ -23,7 +23,7 @@ std::int64_t DrawnWide(Source& source)
     case 3:
         return Wrapped(static_cast<Large>(source.Next() >> source.Below(64)) * (source.Below(2) ? 1 : -1));
     case 4: {
-        // At and around the middle between two floats, or two doubles.
+        // At and around the midpoint of two floats, or of two doubles.
         int const shift = 1 + source.Below(39);
         std::int64_t const top = (std::int64_t{1} << 23) | static_cast<std::int64_t>(source.Next() >> 41);
         std::int64_t const value = (top << shift) + (std::int64_t{1} << (shift - 1)) + (source.Below(5) - 2);
@@ -89,7 +89,7 @@ double Nearest(std::int64_t value, int bits)
 {
     mpfr_t number;
     mpfr_init2(number, bits);
-    // In two exact halves: an integer of 64 bits need not fit the widest type that MPFR takes.
+    // In two exact halves: an integer of 64 bits may not fit the widest type that MPFR takes.
     mpfr_t whole;
     mpfr_init2(whole, 80);
     mpfr_set_si_2exp(whole, static_cast<long>(value >> 32), 32, MPFR_RNDN);
@@ -278,7 +278,7 @@ auto DrawIntScaled(Source& source)
     return std::tuple(a, DrawnInt(source));
 }
 
-/// The magnitude wraps: that of the most negative number is itself.
+/// The magnitude wraps: that of the most negative number is the number itself.
 std::int64_t Size(std::int64_t value)
 {
     return value < 0 ? Wrapped32(-value) : value;

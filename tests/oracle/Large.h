@@ -9,7 +9,7 @@
 
 namespace oracle {
 
-// Integers large enough for every product of two integers of 64 bits: the compiler's where it has them, and
+// Integers large enough for every product of two integers of 64 bits: the compiler's own, or else GMP's.
 // GMP's elsewhere.
 #if defined(__SIZEOF_INT128__)
 
@@ -31,7 +31,7 @@ public:
         bool const negative = value < 0;
         std::uint64_t const bits = static_cast<std::uint64_t>(value);
         std::uint64_t const magnitude = negative ? 0 - bits : bits;
-        mpz_init_set_ui(number, static_cast<unsigned long>(magnitude >> 32)); // which may have 32 bits alone
+        mpz_init_set_ui(number, static_cast<unsigned long>(magnitude >> 32)); // which may have only 32 bits
         mpz_mul_2exp(number, number, 32);
         mpz_add_ui(number, number, static_cast<unsigned long>(magnitude & 0xffffffff));
         if (negative)

@@ -4,7 +4,7 @@
 #include "oracle/Shapes.h"
 #include "oracle/Source.h"
 
-// The library's values as the oracle's: by their fields and elements, without a computation.
+// Converts the library's values to the oracle's, by their fields and elements, without a computation.
 
 namespace oracle {
 
@@ -33,7 +33,7 @@ inline std::int64_t Converted(std::int64_t value)
     return value;
 }
 
-// The statements' own values pass through.
+// The statements' own values are returned unchanged.
 inline Dbl const& Converted(Dbl const& value)
 {
     return value;
@@ -237,7 +237,7 @@ inline DynMat Converted(MatDbl const& m)
     return result;
 }
 
-/// What a change raises.
+/// The exception that a change raises.
 template <class Change>
 Raise RaisedBy(Change change)
 {
@@ -259,7 +259,7 @@ Raise RaisedBy(Change change)
     return Raise::None;
 }
 
-/// Gives the library's global the fields that the case chose.
+/// Sets the fields of the library's global that the case chose.
 inline void PassGlobal()
 {
     gVexorTolerance.sin2Angle = globalTolerance.sin2Angle;

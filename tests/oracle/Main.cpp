@@ -9,7 +9,7 @@
 #include "oracle/Registry.h"
 #include "oracle/Statements.h"
 
-// vexor_oracle: holds the library against the oracle's statements.
+// vexor_oracle: compares the library with the oracle's statements.
 //
 //   --cases N          cases an operation (10000)
 //   --seed S           seed of the operands (1)
@@ -152,9 +152,9 @@ bool Compare(Options const& options)
     return operations > 0 && differing == 0;
 }
 
-// Calls every operation with ordinary operands and zeros. A call that returns a finite result must have raised
-// neither FE_INVALID nor FE_DIVBYZERO; then it is made once more with both trapping. LAPACK's own arithmetic is
-// not looked at.
+// Calls every operation with ordinary operands and zeros. A call that returns a finite result must have
+// raised neither FE_INVALID nor FE_DIVBYZERO; then the call is repeated with both trapping. LAPACK's own
+// arithmetic is not checked.
 bool Traps(Options const& options)
 {
     exceptions.watched = true;
@@ -200,7 +200,7 @@ bool Traps(Options const& options)
     return operations > 0 && faults == 0;
 }
 
-// The number of the first case that tells the mistake from the right statement, or −1.
+// The number of the first case that distinguishes the mistake from the right statement, or −1.
 template <class Mistake>
 long long FirstTold(Operation const& operation, Options const& options, Mistake mistake, long long cases)
 {
@@ -225,9 +225,9 @@ struct StepShare {
     long all = 0;
 };
 
-// Puts each single step of the statement wrong: a rounding left out or made towards zero, a comparison that
-// takes or leaves equality, a rounding to float left out. Many of these are no mistakes at all (an exact step
-// needs no rounding), so that this is a measure and no demand.
+// Makes each single step of the statement wrong: a rounding left out or made towards zero, equality added to
+// or removed from a comparison, a rounding to float left out. Many of these are not mistakes (an exact step
+// needs no rounding), so this is a measure and not a requirement.
 void TryEachStep(Operation const& operation, Options const& options, StepShare& share, bool print)
 {
     long arithmetic = 0, comparisons = 0, singles = 0;

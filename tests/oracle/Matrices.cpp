@@ -147,7 +147,7 @@ void EnterProducts(std::string const& name, std::string const& vector)
         });
 }
 
-/// Storage, element by element arithmetic and comparison.
+/// Storage, element-wise arithmetic and comparison.
 template <class M, class V, int N>
 void EnterMatrix(std::string const& name, std::string const& vector)
 {

@@ -2,7 +2,7 @@
 #include "oracle/Draws.h"
 #include "oracle/Vectors.h"
 
-// Pieces of the matrices' rules that other classes' rules name.
+// Parts of the matrices' rules that other classes' rules use.
 
 namespace oracle {
 
@@ -25,14 +25,14 @@ Mat<N> UnitMatrix()
     return m;
 }
 
-/// The product: in three dimensions each sum starts from 0.0, in two it is written out.
+/// The product: in three dimensions each sum starts with 0.0, in two it is written out.
 Mat<3> operator*(Mat<3> const& a, Mat<3> const& b);
 Mat<2> operator*(Mat<2> const& a, Mat<2> const& b);
 
 Mat<3> InverseOf(Mat<3> m);
 Mat<2> InverseOf(Mat<2> const& m);
 
-/// What `Mat3Dbl::Solve` makes of the right-hand side. Raises Singular.
+/// The solution that `Mat3Dbl::Solve` computes for the right-hand side. Raises Singular.
 V3 SolutionOf(Mat<3> const& m, V3 b);
 
 /// `Quaternion::SetFromMatrix` and `Quaternion::GetRotationMatrix`.
@@ -119,7 +119,7 @@ auto DrawScaledMatrix(Source& source)
     return std::tuple(m, source.Number<double>());
 }
 
-/// A matrix and a vector; some rows stand in a relation to it, so that sums lie at ties and cancel.
+/// A matrix and a vector; some rows are related to the vector, so that sums are at ties and cancel.
 template <class M, int N, class V>
 auto DrawApplied(Source& source)
 {
@@ -139,7 +139,7 @@ auto DrawApplied(Source& source)
     return std::tuple(m, v);
 }
 
-/// The middle between two floats, or next to it, as a sum of products of doubles.
+/// The midpoint of two floats, or a neighbour, as a sum of products of doubles.
 template <class M, int N, class V>
 auto DrawAppliedAtFloatTie(Source& source)
 {

@@ -9,7 +9,7 @@
 
 namespace oracle {
 
-/// What an operation can raise, for both sides.
+/// What an operation can raise, in the library and in a statement.
 enum class Raise { None, Singular, DimensionMismatch, AllocationFailed, ComputationFailed, NullVector };
 
 /// Thrown by a statement whose rule raises.
@@ -17,10 +17,10 @@ struct Raised {
     Raise what;
 };
 
-/// Thrown by a statement where its rule leaves the outcome open: any outcome agrees.
+/// Thrown by a statement whose rule leaves the outcome open: any outcome agrees.
 struct Open {};
 
-/// The results of one call, bit for bit; every NaN is the same NaN.
+/// The results of one call, bit for bit; all NaNs are equal.
 class Outcome {
 public:
     void Clear()
@@ -47,7 +47,7 @@ public:
     void Put(std::int64_t value) { words.push_back({static_cast<std::uint64_t>(value), 'i'}); }
     void Put(int value) { Put(static_cast<std::int64_t>(value)); }
     void Put(bool value) { Put(static_cast<std::int64_t>(value)); }
-    /// What an operation raised whose object is looked at afterwards.
+    /// The exception of an operation whose object is compared afterwards.
     void Put(Raise value)
     {
         Put(static_cast<std::int64_t>(value));
@@ -66,9 +66,9 @@ public:
 
     std::string Text() const;
 
-    /// All floating numbers are finite.
+    /// All floating-point numbers are finite.
     bool IsFinite() const;
-    /// All are 0, or of a size that no operation brings near the ends of its range.
+    /// All are 0, or of a size with which no operation comes near the ends of its range.
     bool IsOrdinary() const;
     bool HasRaised() const { return raise != Raise::None || caught; }
 

@@ -32,7 +32,7 @@ auto InvertedRule(Mat<2> const& m)
     return std::tuple(raised, result);
 }
 
-/// Determinants at and around the threshold, besides all others.
+/// Determinants at and around the threshold, and others.
 Mat2Dbl DrawnNearThreshold(Source& source)
 {
     Mat2Dbl m = DrawnMatrix<Mat2Dbl, 2>(source);

@@ -61,7 +61,7 @@ E Distance(Vec<E, N> const& a, Vec<E, N> const& b)
     return To<E>(Sqrt(DistanceSquared(a, b)));
 }
 
-/// Points whose distance is a close call for the tolerance. Scalar is the tolerance's type.
+/// Points whose distance is close to the tolerance. Scalar is the tolerance's type.
 template <class P, class Scalar>
 auto DrawNeighbours(Source& source)
 {
@@ -254,7 +254,7 @@ void EnterMoves(std::string const& name)
     EnterPointOrder<P, E>(name);
 }
 
-/// Doubles at and around what a float can hold.
+/// Doubles at and around the limits of a float.
 template <class P>
 auto DrawNarrowed(Source& source)
 {
@@ -325,7 +325,7 @@ void EnterConversions(std::string const& d)
 
 // ---- The float point of the plane, which pairs with doubles -------------------------------------------
 
-/// A float point and doubles: at a tie with it, next to one, or at a tie between two floats themselves.
+/// A float point and doubles: at a tie with it, next to one, or at a tie between two floats.
 auto DrawDoublesBeside(Source& source)
 {
     Pnt2Flt const p = Filled<Pnt2Flt>(source);

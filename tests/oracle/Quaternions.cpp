@@ -538,7 +538,7 @@ void EnterMatricesAndEulerAngles()
         [](Source& source) {
             Q q = DrawnQuaternion(source);
             if (source.OneIn(3)) {
-                // A quarter turn about Y, and nearly so.
+                // A quarter turn about Y, or nearly one.
                 double const tilt =
                     0.7853981633974483 + (source.Below(2) ? 0.0 : std::pow(10.0, -9.0 - 3.0 * source.Unit()));
                 double const x = source.Signed();

@@ -44,7 +44,7 @@ namespace {
 
 constexpr int watchedExceptions = FE_INVALID | FE_DIVBYZERO;
 
-/// Keeps a compiler from moving the arithmetic on what the pointer leads to past this place.
+/// Prevents the compiler from moving arithmetic on the pointed-to value across this call.
 void Fence(void const* data)
 {
 #if defined(__GNUC__)

@@ -10,11 +10,11 @@
 
 namespace oracle {
 
-/// True while the named mistake is being made on purpose. A statement asks at the place where the mistake
-/// would stand; outside the self-test the answer is always no.
+/// True while the named mistake is made on purpose. A statement calls it where the mistake
+/// would be; outside the self-test the result is always false.
 inline bool Slip(char const* name);
 
-/// The mistakes of the self-test: none, all those asked for are listed, or one is made.
+/// The mistakes of the self-test: none, all those requested are listed, or one is made.
 struct Slips {
     bool on = false;
     char const* made = nullptr;
@@ -24,7 +24,7 @@ struct Slips {
 };
 extern Slips slips;
 
-/// While it lives, no mistake is made: for a rule that is used by the one in question.
+/// While an object of it exists, no mistake is made: for a rule that the rule under test uses.
 class Sound {
 public:
     Sound() : on(slips.on) { slips.on = false; }
@@ -42,7 +42,7 @@ inline bool Slip(char const* name)
 }
 
 /// The floating-point exceptions FE_INVALID and FE_DIVBYZERO of the last call of the library, if they are
-/// watched. With trapping on, each ends the program, where the platform can do that.
+/// watched. With trapping on, each of them ends the program, if the platform supports that.
 struct Exceptions {
     bool watched = false;
     bool trapping = false;
@@ -59,7 +59,7 @@ public:
     explicit Operation(std::string operationName);
     virtual ~Operation() = default;
 
-    /// Draws the operands and fills the outcomes and the operands' numbers, each if asked for.
+    /// Draws the operands and fills the outcomes and the operands' numbers, each if requested.
     virtual void Run(Source& source, Outcome* library, Outcome* rule, Outcome* operands) const = 0;
 
     std::string const name;
@@ -125,8 +125,8 @@ private:
     Rule state;
 };
 
-/// Enters an operation. The draw gives a tuple of operands, in the library's types; the call takes them, the rule
-/// takes their conversions, and both give a result or a tuple of results.
+/// Registers an operation. The draw returns a tuple of operands, in the library's types; the call takes them,
+/// the rule takes their conversions, and both return a result or a tuple of results.
 template <class Draw, class Call, class Rule>
 void Add(std::string name, Draw draw, Call call, Rule rule)
 {
@@ -134,7 +134,7 @@ void Add(std::string name, Draw draw, Call call, Rule rule)
         std::make_unique<OperationOf<Draw, Call, Rule>>(std::move(name), draw, call, rule));
 }
 
-/// Runs an operation that changes its object, and gives what it raised and what became of the object.
+/// Runs an operation that changes its object, and returns its exception and the object's state.
 template <class Object, class Change>
 std::tuple<Raise, Object> Kept(Object object, Change change)
 {

@@ -15,7 +15,7 @@ struct Format {
 constexpr Format doubleFormat = {-1073, 1024, -1021};
 constexpr Format singleFormat = {-148, 128, -125};
 
-// Brings a rounded result into the range of the format; ternary tells how it was rounded.
+// Brings a rounded result into the range of the format; ternary is the direction in which it was rounded.
 void Settle(mpfr_ptr number, int ternary, Format const& format)
 {
     if (!mpfr_regular_p(number))

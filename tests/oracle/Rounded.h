@@ -17,7 +17,7 @@ public:
     Dbl() { mpfr_custom_init_set(number, MPFR_ZERO_KIND, 0, bits, limbs); }
     Dbl(double value);
     Dbl(int value) : Dbl(static_cast<double>(value)) {}
-    /// NaN with this many bits: a place for a result.
+    /// NaN with this many bits: storage for a result.
     static Dbl Blank(mpfr_prec_t precision = bits) { return Dbl(BlankTag{precision}); }
     Dbl(Flt const& value);
     Dbl(Dbl const& other) { Take(other); }
@@ -75,7 +75,7 @@ private:
 
 inline Dbl::Dbl(Flt const& value) : Dbl(value.Widened()) {}
 
-/// A number with 53 bits and an exponent without bounds.
+/// A number with 53 bits and an unlimited exponent range.
 class Wide {
 public:
     explicit Wide(Dbl const& value) : number(value) {}
@@ -93,7 +93,7 @@ Dbl operator-(Dbl const& value);
 Dbl Sqrt(Dbl const& value);
 Dbl Abs(Dbl const& value);
 
-/// left · right ± addend with one rounding: what a fused operation would give.
+/// left · right ± addend with one rounding: the result of a fused operation.
 Dbl Fused(Dbl const& left, Dbl const& right, Dbl const& addend);
 
 bool operator<(Dbl const& left, Dbl const& right);
@@ -119,7 +119,7 @@ Dbl Narrow(Wide const& value);
 /// Rounded once, to a float.
 Flt Single(Dbl const& value);
 
-/// Rounded to the element type of a class: nothing happens to a double.
+/// Rounded to the element type of a class; a double stays unchanged.
 template <class Element>
 Element To(Dbl const& value);
 template <>
@@ -148,7 +148,7 @@ inline double const pi = 3.141592653589793;
 inline double const twoPi = 6.283185307179586;
 
 // ---- Deviations ------------------------------------------------------------------------------------
-// A statement is put wrong on purpose in one place, to see whether the operands would show it.
+// One step of a statement is made wrong on purpose, to see whether the operands would show it.
 
 enum class Deviation {
     None,

@@ -4,7 +4,7 @@
 #include <cstddef>
 #include <vector>
 
-// The oracle's own values: numbers in rows, no behaviour.
+// The oracle's own values: numbers in rows, without behaviour.
 
 namespace oracle {
 

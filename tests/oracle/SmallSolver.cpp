@@ -136,7 +136,7 @@ Mat<3> ElementsOf3(Factors const& f)
     return m;
 }
 
-/// A square matrix of any small size as an operand, with right-hand sides behind it.
+/// A square matrix of any small size as an operand, followed by right-hand sides.
 struct Square {
     int size;
     int count;
@@ -402,7 +402,7 @@ auto EigenRule(Mat<3> m, int wanted)
     return std::tuple(raised, values, m);
 }
 
-/// Symmetric in the upper triangle; the lower one is rubbish.
+/// Symmetric in the upper triangle; the lower one is arbitrary.
 Mat3Dbl DrawnSymmetric(Source& source)
 {
     Mat3Dbl m = FilledMatrix<Mat3Dbl, 3>(source);
@@ -426,7 +426,7 @@ Mat3Dbl DrawnSymmetric(Source& source)
         break;
     }
     case 2: {
-        // A multiple of a vector's outer product, plus a multiple of the unit matrix.
+        // A multiple of a vector's outer product, plus a multiple of the identity matrix.
         Vec3Dbl const v = Filled<Vec3Dbl>(source);
         double const shift = source.Below(2) ? 0.0 : source.Number<double>();
         for (int r = 0; r < 3; ++r)
@@ -568,7 +568,7 @@ void EnterInversesAndEigenvalues()
         [](Mat<3> const& m) {
             Mat<3> const copy = [&] {
                 Sound const
-                    sound; // the steps are put wrong under Invert, where what a failure leaves shows too
+                    sound; // Invert makes the steps wrong, since there the state after a failure shows too
                 return InverseOf(m);
             }();
             bool const transposed = Slip("transposed");

@@ -9,7 +9,7 @@
 
 namespace oracle {
 
-/// The fields of the global tolerance that predicates read, as the case sets them.
+/// The fields of the global tolerance that predicates read, as set by the case.
 struct GlobalTolerance {
     float sin2Angle;
     float lengthSquared;
@@ -21,8 +21,8 @@ class Source {
 public:
     Source(std::uint64_t seed, std::uint64_t operation, std::uint64_t caseNumber);
 
-    /// Draws from the bytes, which must outlive it: one chooses the mood, most often the operands' bits as
-    /// they stand, one the scale. Once they are used up, draws go on as for a seed.
+    /// Draws from the bytes, which must outlive it: one chooses the kind, usually the operands' bits
+    /// unchanged, one the scale. When the bytes are used up, draws continue as for a seed.
     Source(std::uint8_t const* bytes, std::size_t count);
 
     std::uint64_t Next();
@@ -37,7 +37,7 @@ public:
     enum class Mood { Plain, Integers, Short, Special, Scaled, Mixed, AnyBits };
     Mood mood;
 
-    /// An operand of the case's mood.
+    /// An operand of the kind of the case.
     template <class T>
     T Number();
     /// A full significand near 1, with sign.
@@ -48,7 +48,7 @@ public:
     template <class T>
     T AnyBits();
 
-    /// The value, its neighbours, and their like.
+    /// The value, its neighbours, and similar numbers.
     template <class T>
     T Near(T value)
     {
@@ -64,11 +64,11 @@ public:
         }
     }
 
-    /// A tolerance argument for a test of this value: its neighbourhood, the global, and the odd ones.
+    /// A tolerance argument for a test of this value: a neighbour, the global, or an unusual one.
     template <class T>
     T Tolerance(T value);
 
-    /// Sets a field of the global: near the value, or left at its default.
+    /// Sets a field of the global: near the value, or its default.
     void SetGlobal(float& field, double value);
 
     double Angle();

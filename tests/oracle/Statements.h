@@ -2,7 +2,7 @@
 
 namespace oracle {
 
-// Each enters the operations of its classes.
+// Each function registers the operations of its classes.
 void EnterTolerance();
 void EnterVectors();
 void EnterPoints();
@@ -31,7 +31,7 @@ inline void EnterFixedSizeStatements()
     EnterExtras();
 }
 
-/// All, or all but those that rest on LAPACK.
+/// All operations, or all except those that depend on LAPACK.
 inline void EnterStatements(bool withDrivers = true)
 {
     EnterFixedSizeStatements();

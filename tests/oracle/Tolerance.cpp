@@ -11,7 +11,7 @@ auto FieldsOf(VexorTolerance& tolerance)
                       tolerance.GetLengthSquared());
 }
 
-/// A value whose float, or the float's square, is a close call.
+/// A value whose float, or the float's square, is close to a tie.
 double Close(Source& source)
 {
     double value = source.OneIn(3) ? source.Number<double>() : std::pow(10.0, 2.0 - 12.0 * source.Unit());
@@ -47,7 +47,7 @@ void EnterTolerance()
             Flt const f = Single(Slip("the square of the double") ? 1e-5 : Dbl(length));
             Flt const s = Single(Sin(1e-7));
             Flt const square = Single(Slip("the square of the double") ? Dbl(1e-5) * Dbl(1e-5) : f * f);
-            // The sine's square comes out at the constant that the load demands.
+            // The sine's square equals the constant that is stored at load.
             Flt const sine = Single(s * s);
             return std::tuple(angle, sine == sin2Angle ? sine : Flt(-1.0f), length,
                               square == lengthSquared || slips.on ? square : Flt(-1.0f));

@@ -11,11 +11,11 @@ namespace {
 
 enum class Direction { Parallel, Codirectional, Perpendicular };
 
-// A product of two floats is exact at double precision, so that no mistake hides in its rounding.
+// A product of two floats is exact in double precision, so its rounding hides no mistake.
 template <class E>
 constexpr bool isSingle = std::is_same_v<E, Flt>;
 
-/// Rounded to the class's element where the rule rounds; a slip leaves it out.
+/// Rounded to the class's element type if the rule rounds; a slip leaves the rounding out.
 template <class E>
 Dbl Stored(Dbl const& value, char const* slip)
 {
@@ -582,7 +582,7 @@ void EnterVectorAngles(std::string const& name)
             V const a = pair.first;
             V b = pair.second;
             if (source.Below(2)) {
-                // Nearly the same vector, so that direction and distance are both close calls.
+                // Nearly the same vector, so that direction and distance are both close to the tolerance.
                 double const size = std::sqrt(PlainDot(a, a));
                 double const depth = std::pow(10.0, -3.0 - 10.0 * source.Unit());
                 bool const along = source.Below(2) != 0;
@@ -708,7 +708,7 @@ void EnterOrder()
 {
     using V = Vec3Dbl;
     auto const order = [](int i0, int i1) { return std::tuple(i0, i1, 3 - i0 - i1); };
-    // In the two trees a strict comparison that involves a NaN counts as true.
+    // In the two decision trees a strict comparison with a NaN counts as true.
     static auto const less = [](Dbl const& a, Dbl const& b) {
         return Slip("a NaN compares false") ? a < b : !(a >= b);
     };
@@ -793,7 +793,7 @@ void EnterPerpendiculars()
         "Vec3Dbl::GetPerpendicularNearestTo",
         [](Source& source) {
             auto const [a, b] = Related<V>(source);
-            // The rule's w, roughly, aims the global.
+            // Approximately the rule's w: it sets the global.
             double const cx = a.y * b.z - b.y * a.z, cy = a.z * b.x - a.x * b.z, cz = b.x * a.y - a.x * b.y;
             double const wx = cy * a.z - a.y * cz, wy = cz * a.x - cx * a.z, wz = a.x * cy - cx * a.y;
             source.SetGlobal(globalTolerance.lengthSquared, (wx * wx + wy * wy) + wz * wz);
@@ -865,7 +865,7 @@ void EnterVec3Dbl()
     EnterWidening();
 }
 
-/// Doubles at and around what a float can hold.
+/// Doubles at and around the limits of a float.
 auto DrawNarrowed(Source& source)
 {
     Vec3Dbl v;
@@ -962,7 +962,7 @@ void EnterVec3Flt()
 
 // ---- Two components ------------------------------------------------------------------------------------
 
-/// A tie, and a comparison with a NaN, go to y.
+/// On a tie, or with a NaN, y wins.
 template <class V, class E>
 void EnterExtremesOfTwo(std::string const& name)
 {
@@ -1131,7 +1131,7 @@ void EnterVec2()
 
 V3 PerpendicularOf(V3 const& a)
 {
-    // Ascending order of the magnitudes; a comparison with > that involves a NaN counts as true, one with <= as false.
+    // Ascending order of the magnitudes; a > with a NaN counts as true, a <= as false.
     Dbl const x = Magnitude(a[0]), y = Magnitude(a[1]), z = Magnitude(a[2]);
     auto const greater = [](Dbl const& p, Dbl const& q) { return !(p <= q); };
     int s, m;

@@ -3,7 +3,7 @@
 
 #include "oracle/Registry.h"
 
-// Pieces of the vectors' rules that other classes' rules name.
+// Parts of the vectors' rules that other classes' rules use.
 
 namespace oracle {
 
@@ -28,8 +28,8 @@ E LengthSquaredOf(Vec<E, N> const& a)
     return DotOf(a, a);
 }
 
-// Lengths, angles, areas, projections and distances of double vectors have the bits that an exponent without
-// bounds would give.
+// Lengths, angles, areas, projections and distances of double vectors have the bits of an unlimited exponent
+// range.
 template <int N>
 using WideVec = std::array<Wide, N>;
 
@@ -142,14 +142,14 @@ Vec<Dbl, N> operator-(Vec<Dbl, N> const& a, Vec<Dbl, N> const& b)
     return result;
 }
 
-// A tolerance argument below 0 stands for the global's field of the same form.
+// A tolerance argument below 0 selects the global's field of the same form.
 template <class E>
 Dbl ResolvedLength(E const& argument)
 {
     return argument < 0.0 ? Dbl(static_cast<double>(globalTolerance.lengthSquared)) : Dbl(argument);
 }
 
-/// The squared length up to which a vector has no direction. One of 0 never has, whatever the tolerance.
+/// The squared length up to which a vector has no direction. A vector of squared length 0 never has one.
 template <class E>
 Dbl DirectionLimit(E const& argument)
 {
@@ -157,7 +157,7 @@ Dbl DirectionLimit(E const& argument)
     return limit > 0.0 ? limit : Dbl(0.0);
 }
 
-/// ((d·d) / A) / B. Nothing asks for it where A or B is 0.
+/// ((d·d) / A) / B. No rule uses it if A or B is 0.
 inline Dbl SquaredCosine(Dbl const& d, Dbl const& a, Dbl const& b)
 {
     return ((d * d) / a) / b;

@@ -54,7 +54,7 @@ TEST(Pnt2Dbl, Vector)
 
 TEST(Pnt2Dbl, ToPnt2FltRoundsToNearest)
 {
-    Pnt2Flt const a = Pnt2Dbl(1.0 + 0x1p-24, 1.0 + 3 * 0x1p-24).ToPnt2Flt(); // halfway goes to even
+    Pnt2Flt const a = Pnt2Dbl(1.0 + 0x1p-24, 1.0 + 3 * 0x1p-24).ToPnt2Flt(); // a tie rounds to even
     EXPECT_SAME_BITS(a.x, 1.0f);
     EXPECT_SAME_BITS(a.y, 1.0f + 0x1p-22f);
     Pnt2Flt const b = Pnt2Dbl(1.0 + 0x1p-24 + 0x1p-52, -1e300).ToPnt2Flt();
@@ -125,7 +125,7 @@ TEST(Pnt2Dbl, DistanceTo)
                          .DistanceTo(Pnt2Dbl(-0x1.8b0ba092a4fe9p-2, 0x1.dfb90ff65f617p-2)),
                      0x1.7d4f42d189f82p+6);
     EXPECT_SAME_BITS(Pnt2Dbl(1.0, 2.0).DistanceTo(Pnt2Dbl(4.0, 6.0)), 5.0);
-    // Right over the whole range of a double, where the squares overflow and underflow.
+    // Correct over the whole range of a double, although the squares overflow and underflow.
     EXPECT_SAME_BITS(Pnt2Dbl(0x3p+600, 0x4p+600).DistanceTo(Pnt2Dbl(0.0)), 0x5p+600);
     EXPECT_SAME_BITS(Pnt2Dbl(0x3p-600, 0x4p-600).DistanceTo(Pnt2Dbl(0.0)), 0x5p-600);
 }
@@ -161,7 +161,7 @@ TEST(Pnt2Dbl, IsEqualToWithTheGlobal)
 {
     Pnt2Dbl const p(0.0);
     Pnt2Dbl const q(1e-5, 0.0);
-    EXPECT_EQ(p.IsEqualTo(q), 0); // the global's single lies a little below 1e-10
+    EXPECT_EQ(p.IsEqualTo(q), 0); // the global's single is slightly below 1e-10
     EXPECT_EQ(p.IsEqualTo(q, -1e-300), 0);
     EXPECT_EQ(p.IsEqualTo(q, 1e-5), 1);
     EXPECT_EQ(p.IsEqualTo(Pnt2Dbl(0.0, 9.9e-6)), 1);

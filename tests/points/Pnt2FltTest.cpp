@@ -16,7 +16,7 @@ namespace {
 
 using vexor_test::nan; // and not the function of <cmath>
 
-// A component that is no single: rounded to one it is 2^-24.
+// A component that is not a single: it rounds to 2^-24.
 constexpr double halfUnitAndMore = 0x1p-24 + 0x1p-50;
 
 // ---- Construction ----------------------------------------------------------------------------------
@@ -33,7 +33,7 @@ TEST(Pnt2Flt, Constructors)
     ExpectBits(Pnt2Flt(Vec2Flt(1.0f, -0.0f)), 1.0f, -0.0f);
 }
 
-// Narrowing takes an assignment or Pnt2Dbl::ToPnt2Flt, so that it never happens unseen.
+// To narrow, assign or call Pnt2Dbl::ToPnt2Flt, so that narrowing is always visible.
 TEST(Pnt2Flt, NoConstructorNarrows)
 {
     static_assert(!std::is_constructible_v<Pnt2Flt, Pnt2Dbl>, "");
@@ -58,7 +58,7 @@ TEST(Pnt2Flt, Assignment)
 TEST(Pnt2Flt, AssignmentFromDoublesRoundsToNearest)
 {
     Pnt2Flt p(9.0f);
-    EXPECT_EQ(&(p = Pnt2Dbl(1.0 + 0x1p-24, 1.0 + 3 * 0x1p-24)), &p); // halfway goes to even
+    EXPECT_EQ(&(p = Pnt2Dbl(1.0 + 0x1p-24, 1.0 + 3 * 0x1p-24)), &p); // a tie rounds to even
     ExpectBits(p, 1.0f, 1.0f + 0x1p-22f);
     EXPECT_EQ(&(p = Vec2Dbl(1.0 + 0x1p-24 + 0x1p-52, -1e300)), &p);
     ExpectBits(p, 1.0f + 0x1p-23f, -infinityFlt);
@@ -136,7 +136,7 @@ TEST(Pnt2Flt, AddAssignRoundsTheDoubleFirst)
     Pnt2Flt q(-3e38f, -0.0f);
     q += Vec2Dbl(6e38, -0.0);
     ExpectBits(q, infinityFlt, -0.0f);
-    // Then the sum itself is rounded: 1 + 3·2^-24 is halfway and goes to the even single.
+    // Then the sum is rounded: 1 + 3·2^-24 is a tie and rounds to the even single.
     Pnt2Flt r(1.0f, 1.0f);
     r += Vec2Dbl(3 * 0x1p-24, 0x1p-25);
     ExpectBits(r, 1.0f + 0x1p-22f, 1.0f);
@@ -158,7 +158,7 @@ TEST(Pnt2Flt, MultiplyAssignByADoubleRoundsItFirst)
     Pnt2Flt p(9.0f, 13.0f);
     EXPECT_EQ(&(p *= Opaque(0.1)), &p);
     ExpectBits(p, 0x1.cccccep-1f, 0x1.4ccccep+0f);
-    Pnt2Flt q(0x1p-100f, 0.0f); // 1e40 rounds to an infinity, where the product would be a single
+    Pnt2Flt q(0x1p-100f, 0.0f); // 1e40 rounds to infinity; the product would be a single
     q *= Opaque(1e40);
     ExpectBits(q, infinityFlt, nanFlt);
 }
@@ -214,19 +214,19 @@ TEST(Pnt2Flt, IsEqualToTakesAPlainLength)
     EXPECT_EQ(p.IsEqualTo(p, 0.0), 1);
     EXPECT_EQ(p.IsEqualTo(p, nan), 0);
     EXPECT_EQ(p.IsEqualTo(Pnt2Flt(nanFlt), infinity), 0);
-    // The squared distance is a single, and 0 for a distance that is not.
+    // The squared distance is a single, and can be 0 for a distance that is not.
     EXPECT_EQ(Pnt2Flt(1e-30f, 0.0f).IsEqualTo(Pnt2Flt(0.0f), 0.0), 1);
     EXPECT_EQ(Pnt2Flt(1e-20f, 0.0f).IsEqualTo(Pnt2Flt(0.0f), 0.0), 0);
 }
 
 TEST(Pnt2Flt, IsEqualToKeepsTheSquaredToleranceInDouble)
 {
-    // The squared distance rounds up to a single above the square of the tolerance; Pnt3Flt, which
-    // rounds that square too, takes the two for equal.
+    // The squared distance rounds up to a single above the square of the tolerance; for Pnt3Flt, which
+    // rounds that square too, the two are equal.
     float const up = 0x1.30e23p+0f;
     EXPECT_EQ(Pnt2Flt(up, 0.0f).IsEqualTo(Pnt2Flt(0.0f), up), 0);
     EXPECT_EQ(Pnt3Flt(up, 0.0f, 0.0f).IsEqualTo(Pnt3Flt(0.0f), up), 1);
-    // The tolerance is not rounded to single first either: (1 + 2^-23 − 2^-46)² is below the squared
+    // The tolerance is not rounded to single first: (1 + 2^-23 − 2^-46)² is below the squared
     // distance 1 + 2^-22, and (1 + 2^-23)² is not.
     EXPECT_EQ(Pnt2Flt(1.0f + 0x1p-23f, 0.0f).IsEqualTo(Pnt2Flt(0.0f), 1.0 + 0x1p-23 - 0x1p-46), 0);
     EXPECT_EQ(Pnt2Flt(1.0f + 0x1p-23f, 0.0f).IsEqualTo(Pnt2Flt(0.0f), 1.0 + 0x1p-23), 1);

@@ -53,7 +53,7 @@ TEST(Pnt3Dbl, Vector)
 
 TEST(Pnt3Dbl, ToPnt3FltRoundsToNearest)
 {
-    // Halfway cases go to the even single; beyond the largest single by half a unit lies infinity.
+    // Ties round to the even single; half a unit beyond the largest single lies infinity.
     ExpectBits(Pnt3Dbl(1.0 + 0x1p-24, 1.0 + 3 * 0x1p-24, 1.0 + 0x1p-24 + 0x1p-52).ToPnt3Flt(), 1.0f,
                1.0f + 0x1p-22f, 1.0f + 0x1p-23f);
     ExpectBits(Pnt3Dbl(1e300, -1e-300, nan).ToPnt3Flt(), infinityFlt, -0.0f, nanFlt);
@@ -92,7 +92,7 @@ TEST(Pnt3Dbl, AddAssign)
     ExpectBits(p, 24.0, 4.0, 6.0);
 }
 
-// What a point minus a point yields is a vector, so no compound form takes a point.
+// The difference of two points is a vector, so no operator-= takes a point.
 TEST(Pnt3Dbl, SubtractAssign)
 {
     static_assert(subtractAssigns<Pnt3Dbl, Vec3Dbl> && !subtractAssigns<Pnt3Dbl, Pnt3Dbl>, "");
@@ -123,7 +123,7 @@ TEST(Pnt3Dbl, DistanceTo)
     Pnt3Dbl const q(-0x1.cd2092c070ffdp-4, -0x1.b850033c27ac6p-1, 0x1.8e835d1026588p-1);
     EXPECT_SAME_BITS(p.DistanceTo(q), 0x1.f2e7c9819ff41p+5);
     EXPECT_SAME_BITS(Pnt3Dbl(1.0, 2.0, 3.0).DistanceTo(Pnt3Dbl(3.0, 5.0, 9.0)), 7.0);
-    // Right over the whole range of a double, where the squares overflow and underflow.
+    // Correct over the whole range of a double, although the squares overflow and underflow.
     EXPECT_SAME_BITS(Pnt3Dbl(0x3p+600, 0x4p+600, 0.0).DistanceTo(Pnt3Dbl(0.0)), 0x5p+600);
     EXPECT_SAME_BITS(Pnt3Dbl(0x3p-600, 0x4p-600, 0.0).DistanceTo(Pnt3Dbl(0.0)), 0x5p-600);
 }
@@ -141,7 +141,7 @@ TEST(Pnt3Dbl, LessIsLexicographic)
     EXPECT_FALSE(Pnt3Dbl(1.0, 2.0, 4.0) < Pnt3Dbl(1.0, 2.0, 3.0));
     EXPECT_FALSE(Pnt3Dbl(1.0, 2.0, 3.0) < Pnt3Dbl(1.0, 2.0, 3.0));
     EXPECT_TRUE(Pnt3Dbl(0.0, -0.0, 1.0) < Pnt3Dbl(-0.0, 0.0, 2.0));
-    // A NaN at the first coordinate that is not equal decides for false, in both directions.
+    // A NaN in the first unequal coordinate gives false, in both directions.
     EXPECT_FALSE(Pnt3Dbl(nan, 1.0, 1.0) < Pnt3Dbl(1.0, 2.0, 2.0));
     EXPECT_FALSE(Pnt3Dbl(1.0, 1.0, 1.0) < Pnt3Dbl(1.0, nan, 2.0));
     EXPECT_FALSE(Pnt3Dbl(1.0, 1.0, nan) < Pnt3Dbl(1.0, 1.0, 2.0));
@@ -159,7 +159,7 @@ TEST(Pnt3Dbl, IsEqualToTakesAPlainLength)
     EXPECT_EQ(p.IsEqualTo(q, nan), 0);
     EXPECT_EQ(p.IsEqualTo(p, nan), 0);
     EXPECT_EQ(p.IsEqualTo(Pnt3Dbl(nan), infinity), 0);
-    // The distance counts, not each coordinate by itself.
+    // The distance decides, not each coordinate alone.
     EXPECT_EQ(Pnt3Dbl(0.0).IsEqualTo(Pnt3Dbl(0.9, 0.9, 0.0), 1.0), 0);
     // 1e-4 is a length of 1e-4 here; for a vector's predicate it would be one of 1e-2.
     EXPECT_EQ(Pnt3Dbl(0.0).IsEqualTo(Pnt3Dbl(0.99e-4, 0.0, 0.0), 1e-4), 1);
@@ -170,7 +170,7 @@ TEST(Pnt3Dbl, IsEqualToWithTheGlobal)
 {
     Pnt3Dbl const p(0.0);
     Pnt3Dbl const q(1e-5, 0.0, 0.0);
-    EXPECT_EQ(p.IsEqualTo(q), 0); // the global's single lies a little below 1e-10
+    EXPECT_EQ(p.IsEqualTo(q), 0); // the global's single is slightly below 1e-10
     EXPECT_EQ(p.IsEqualTo(q, -1.0), 0);
     EXPECT_EQ(p.IsEqualTo(q, -1e-300), 0);
     EXPECT_EQ(p.IsEqualTo(q, 1e-5), 1);

@@ -25,7 +25,7 @@ TEST(Pnt3Flt, Constructors)
     ExpectBits(Pnt3Flt(Vec3Flt(1.0f, -0.0f, 3.0f)), 1.0f, -0.0f, 3.0f);
 }
 
-// Narrowing takes an assignment or Pnt3Dbl::ToPnt3Flt, so that it never happens unseen.
+// To narrow, assign or call Pnt3Dbl::ToPnt3Flt, so that narrowing is always visible.
 TEST(Pnt3Flt, NoConstructorNarrows)
 {
     static_assert(!std::is_constructible_v<Pnt3Flt, Pnt3Dbl>, "");
@@ -122,7 +122,7 @@ TEST(Pnt3Flt, DistanceSqTo)
     EXPECT_SAME_BITS(Pnt3Flt(1.0f).DistanceSqTo(Pnt3Flt(1.0f, nanFlt, 1.0f)), nanFlt);
 }
 
-// The root of the rounded sum: here that of the sum in double would round to the next single.
+// The root of the rounded sum: here the root of the sum in double would round to the next single.
 TEST(Pnt3Flt, DistanceTo)
 {
     Pnt3Flt const p(-0x1.8c76b2p+5f, 0x1.3e72bep+5f, -0x1.45432ap+4f);
@@ -130,7 +130,7 @@ TEST(Pnt3Flt, DistanceTo)
     static_assert(std::is_same_v<decltype(p.DistanceTo(q)), float>, "");
     EXPECT_SAME_BITS(p.DistanceTo(q), 0x1.0a9b6ap+6f);
     EXPECT_SAME_BITS(Pnt3Flt(1.0f, 2.0f, 3.0f).DistanceTo(Pnt3Flt(3.0f, 5.0f, 9.0f)), 7.0f);
-    // Beyond the root of the largest single, though the distance itself is one.
+    // Beyond the root of the largest single, although the distance itself is a single.
     EXPECT_SAME_BITS(Pnt3Flt(1e20f).DistanceTo(Pnt3Flt(0.0f)), infinityFlt);
     EXPECT_SAME_BITS(Pnt3Flt(3e38f, 0.0f, 0.0f).DistanceTo(Pnt3Flt(-3e38f, 0.0f, 0.0f)), infinityFlt);
     EXPECT_SAME_BITS(Pnt3Flt(1e-30f).DistanceTo(Pnt3Flt(0.0f)), 0.0f);
@@ -164,14 +164,14 @@ TEST(Pnt3Flt, IsEqualToTakesAPlainLength)
 // The squared tolerance is rounded to single, unlike that of Pnt2Flt.
 TEST(Pnt3Flt, IsEqualToRoundsTheSquaredTolerance)
 {
-    // tolerance² rounds up to the single 0x1.6b19fap+0, which the squared distance is.
+    // tolerance² rounds up to the single 0x1.6b19fap+0, which equals the squared distance.
     float const up = 0x1.30e23p+0f;
     float const tiny = 0x1p-12f; // moves the squared distance by its square, 2^-24
     Pnt3Flt const origin(0.0f);
     EXPECT_SAME_BITS(Pnt3Flt(up, 0.0f, 0.0f).DistanceSqTo(origin), 0x1.6b19fap+0f);
     EXPECT_EQ(Pnt3Flt(up, 0.0f, 0.0f).IsEqualTo(origin, up), 1);
     EXPECT_EQ(Pnt3Flt(up, 2 * tiny, 0.0f).IsEqualTo(origin, up), 0);
-    // A square that overflows is infinite and takes everything but a NaN; one that underflows is 0.
+    // A square that overflows is infinite and accepts everything except a NaN; one that underflows is 0.
     EXPECT_EQ(Pnt3Flt(1e30f).IsEqualTo(origin, 2e19f), 1);
     EXPECT_EQ(Pnt3Flt(1e-22f, 0.0f, 0.0f).IsEqualTo(origin, 1e-30f), 0);
     EXPECT_EQ(Pnt3Flt(1e-30f, 0.0f, 0.0f).IsEqualTo(origin, 1e-31f), 1);

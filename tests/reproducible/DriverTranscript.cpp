@@ -1,5 +1,6 @@
-// Runs every LAPACK driver of the library over seeded matrices of sizes 1 to 40 and prints one hash a driver. With the
-// archives of scripts/reproducible-lapack the hashes are the same on every platform; hashes.txt holds them.
+// Runs every LAPACK driver of the library over seeded matrices of sizes 1 to 40 and prints one hash a driver.
+// With the archives of scripts/reproducible-lapack the hashes are the same on every platform; hashes.txt
+// holds them.
 //
 // Usage: driver_transcript
 
@@ -26,7 +27,7 @@ public:
         return mixed ^ (mixed >> 31);
     }
     int Below(int bound) { return static_cast<int>(Word() % static_cast<std::uint64_t>(bound)); }
-    /// In [−1, 1), all bits in use.
+    /// In [−1, 1), using all bits.
     double Unit() { return static_cast<double>(Word() >> 11) * 0x1p-52 - 1.0; }
 
 private:
@@ -103,9 +104,9 @@ void Reflect(Source& source, MatDbl& matrix)
     }
 }
 
-/// Well and badly conditioned matrices, one kind after the other: random; diagonally dominant; Hilbert's; rows of
-/// very different size; rank deficient but for rounding; a designed spectrum over twelve decades; one in clusters;
-/// one with a few distinct values.
+/// Well and badly conditioned matrices, one kind after the other: random; diagonally dominant; Hilbert's;
+/// rows of very different size; rank deficient up to rounding; a designed spectrum over twelve decades; one
+/// in clusters; one with a few distinct values.
 MatDbl Drawn(Source& source, int kind, int rows, int columns)
 {
     MatDbl matrix = Random(source, rows, columns);
@@ -155,7 +156,8 @@ MatDbl Drawn(Source& source, int kind, int rows, int columns)
     return matrix;
 }
 
-/// The same kinds, symmetric: the designed spectra by one reflection from both sides, else the upper triangle.
+/// The same kinds, symmetric: the designed spectra by one reflection from both sides, else the upper
+/// triangle.
 MatDbl DrawnSymmetric(Source& source, int kind, int n)
 {
     MatDbl matrix = Drawn(source, kind, n, n);
@@ -189,7 +191,7 @@ VecDbl RightSide(Source& source, int n)
     return vector;
 }
 
-/// Adds what the operation leaves, or its failure.
+/// Adds the operands after the operation, or its failure.
 template <class Operation>
 void Note(Hash& hash, Operation operation)
 {

@@ -189,8 +189,8 @@ void NoteConversions(char const* className)
 }
 
 // A line is a class, a form, a colon and the arguments. An argument without a mark is accepted. Marks compare
-// with the overloads of the interface alone: `+` accepted, but not by them; `-` refused, but accepted by them;
-// `?` depends on the compiler.
+// with the overloads of the interface alone: `+` accepted, but not by them; `-` refused, but accepted by
+// them; `?` depends on the compiler.
 int Compare(std::istream& file)
 {
     int differences = 0;
