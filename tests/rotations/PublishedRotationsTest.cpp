@@ -1,7 +1,7 @@
-// Rotations against figures that another project publishes. There a rotation turns the frame and leaves the
-// vector; here it moves the vector. So a matrix R there is the transpose of the matrix here, a turn by φ
-// there undoes a turn by φ here, and a product A·B there is, transposed, Bᵀ·Aᵀ here: read from the left in
-// the order in which the frame turns. The tolerances are the published ones.
+// Rotations compared with figures that another project publishes. There a rotation turns the frame and the
+// vector stays; here it turns the vector. So a matrix R there is the transpose of the matrix here, a turn by
+// φ there is the inverse of a turn by φ here, and the transpose of a product A·B there is Bᵀ·Aᵀ here: read
+// from the left in the order in which the frame turns. The tolerances are the published ones.
 //
 // Its function from a matrix to a rotation vector is not used: the matrix published there has the
 // determinant −1.
@@ -27,7 +27,7 @@ Mat3Dbl Matrix(double const (&m)[9])
     return Mat3Dbl(Vec3Dbl(m[0], m[1], m[2]), Vec3Dbl(m[3], m[4], m[5]), Vec3Dbl(m[6], m[7], m[8]));
 }
 
-/// A published matrix as one that moves the vector.
+/// A published matrix, converted to one that turns the vector.
 Mat3Dbl Active(double const (&m)[9])
 {
     return Matrix(m).GetTransposedCopy();
@@ -78,7 +78,7 @@ TEST(PublishedRotations, RotationVector)
         ExpectNear(q.GetRow(i), expected.GetRow(static_cast<unsigned>(i)), 1e-14);
         ExpectNear(q.GetCol(i), expected.GetCol(static_cast<unsigned>(i)), 1e-14);
     }
-    // And back: the matrix to the axis and the angle.
+    // The reverse: from the matrix to the axis and the angle.
     Quaternion const back(expected);
     ExpectNear(back.GetAxis(1) * back.GetAngle(), vector, 1e-14);
     EXPECT_NEAR(back.Distance(q), 0.0, 1e-14);
@@ -96,13 +96,13 @@ TEST(PublishedRotations, AboutTheAxes)
         {Quaternion(0.0, 0.0, 1.0, rz_angle, 0), Matrix(rz_before), Matrix(rz_after)},
     };
     for (auto const& c : cases) {
-        // The frame turns, so the columns are turned back.
+        // The frame turns, so the columns are turned by the inverse.
         Quaternion const back = c.turn.Inverse();
         ExpectNear(MatrixOf(back) * c.before, c.after, 1e-12);
         ExpectNear(MatrixOf(c.turn).GetTransposedCopy() * c.before, c.after, 1e-12);
         for (unsigned column = 0; column < 3; ++column) {
             ExpectNear(back.RotatePoint(c.before.GetCol(column)), c.after.GetCol(column), 1e-12);
-            // The other way round, and by the vector's own rotation.
+            // The reverse, and by the vector's own rotation.
             ExpectNear(c.turn.RotatePoint(c.after.GetCol(column)), c.before.GetCol(column), 1e-12);
             Vec3Dbl turned = c.before.GetCol(column);
             turned.Rotate(c.turn.GetAxis(1), -c.turn.GetAngle());
@@ -131,8 +131,8 @@ TEST(PublishedRotations, ProductsOfVectors)
 
 TEST(PublishedRotations, SphericalCoordinates)
 {
-    // A direction is X, raised by the latitude (a turn about Y, the other way round) and then turned about
-    // Z by the longitude: Euler angles with nothing about X.
+    // A direction is X, raised by the latitude (a turn about Y by the negative angle) and then turned about
+    // Z by the longitude: Euler angles with no turn about X.
     auto const direction = [](double longitude, double latitude) {
         Vec3Dbl angles(0.0, -latitude, longitude);
         return Quaternion().SetFromEulerAngles(angles).XAxis();
@@ -140,7 +140,7 @@ TEST(PublishedRotations, SphericalCoordinates)
     ExpectNear(direction(s2c_theta, s2c_phi), Vector(s2c_c), 1e-12);
     EXPECT_NEAR(direction(seps_al, seps_ap).GetAngleWith(direction(seps_bl, seps_bp)), seps_s, 1e-14);
 
-    // Back: any rotation with the direction as its first column has these angles about Y and Z.
+    // The reverse: any rotation with the direction as its first column has these angles about Y and Z.
     Vec3Dbl const x = Vector(c2s_p).GetNormalizedCopy();
     Vec3Dbl const y = x.GetPerpendicular();
     Quaternion const q(Mat3Dbl(x, y, x.Cross(y)).GetTransposedCopy());
@@ -151,7 +151,7 @@ TEST(PublishedRotations, SphericalCoordinates)
 
 TEST(PublishedRotations, EulerAngles)
 {
-    // Rx(−yp)·Ry(−xp)·Rz(sp) of the frame is, transposed, Rz(sp)·Ry(−xp)·Rx(−yp) here.
+    // The transpose of the frame's Rx(−yp)·Ry(−xp)·Rz(sp) is Rz(sp)·Ry(−xp)·Rx(−yp) here.
     Vec3Dbl angles(-pom00_yp, -pom00_xp, pom00_sp);
     Quaternion q;
     q.SetFromEulerAngles(angles);

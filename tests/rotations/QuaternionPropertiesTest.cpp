@@ -1,7 +1,7 @@
-// What holds for every rotation: round trips through the other forms, composition, the two values q and −q,
-// and the agreement of all ways to rotate. The operands are drawn from fixed seeds, the awkward ones (axes
-// along the basis, angles at and beside the quarter turns, tiny and repeated angles) more often than chance
-// would. Where a bound is not exact, the comment says what it is made of; ε is 2^-53.
+// Properties of every rotation: round trips through the other forms, composition, the two values q and −q,
+// and the agreement of all ways to rotate. The operands are drawn from fixed seeds. Difficult ones (axes
+// along the basis, angles at and near the quarter turns, tiny and repeated angles) come more often than by
+// chance. If a bound is not exact, the comment derives it; ε is 2^-53.
 
 #include <cmath>
 #include <cstddef>
@@ -19,7 +19,7 @@ namespace {
 constexpr double pi = 3.141592653589793;
 constexpr double epsilon = 0x1p-53;
 
-/// The same numbers on every platform: the engine is fixed by the standard, and nothing else is used.
+/// The same numbers on every platform: the standard fixes the engine, and nothing else is used.
 class Draw {
 public:
     explicit Draw(std::uint64_t seed) : engine_(seed) {}
@@ -37,7 +37,7 @@ public:
         case 0: // along the basis
             axis[Below(3)] = Below(2) == 0 ? 1.0 : -1.0;
             break;
-        case 1: // nearly so
+        case 1: // nearly along it
             axis = 1e-9 * Vector();
             axis[Below(3)] = 1.0;
             break;
@@ -56,7 +56,7 @@ public:
             return sign * (pi / 2.0) * Below(3);
         case 1:
             return sign * std::ldexp(1.0, -Below(60));
-        case 2: // beside a quarter turn or a half turn
+        case 2: // near a quarter turn or a half turn
             return sign * (pi / 2.0 * (1 + Below(2)) - std::ldexp(1.0, -10 - Below(40)));
         default:
             return pi * Number();
@@ -117,7 +117,7 @@ double Difference(Mat3Dbl const& a, Mat3Dbl const& b)
     return largest;
 }
 
-/// The difference of two components, the largest one, of q and the nearer of r and −r.
+/// The largest difference of two components, of q and the nearer of r and −r.
 double DifferenceUpToSign(Quaternion const& q, Quaternion const& r)
 {
     double same = 0.0;
@@ -140,7 +140,7 @@ TEST(QuaternionProperties, NormalizeGivesUnitLength)
         q.Normalize();
         // A sum, a root, a reciprocal and a product: 8ε in the squared norm, and 4ε in summing it here.
         ASSERT_NEAR(SquaredNorm(q), 1.0, 12.0 * epsilon);
-        // The direction stays.
+        // The direction does not change.
         double const norm = std::sqrt(SquaredNorm(before));
         for (int k = 0; k < 4; ++k)
             ASSERT_NEAR(q[k] * norm, before[k], 8.0 * epsilon * norm);
@@ -167,7 +167,7 @@ TEST(QuaternionProperties, AllWaysToRotateAgree)
             ASSERT_LE(Difference(q.GetRow(static_cast<int>(k)), m.GetRow(k)), bound);
         }
 
-        // q·p·q̄ by two products of quaternions: its vector part, and no scalar part.
+        // q·p·q̄ by two products of quaternions: its vector part is the result, its scalar part 0.
         Quaternion middle;
         middle.SetValue(p.x, p.y, p.z, 0.0, 0);
         Quaternion product = q * middle * q.Inverse();
@@ -187,7 +187,7 @@ TEST(QuaternionProperties, RotationKeepsLengthsAnglesAndHandedness)
         ASSERT_NEAR(q.RotatePoint(a).Dot(q.RotatePoint(b)), a.Dot(b), bound);
         ASSERT_LE(Difference(q.RotatePoint(a).Cross(q.RotatePoint(b)), q.RotatePoint(a.Cross(b))), bound);
         ASSERT_LE(Difference(q.Inverse().RotatePoint(q.RotatePoint(a)), a), bound);
-        // The axis stays where it is.
+        // The axis is not moved.
         ASSERT_LE(Difference(q.RotatePoint(q.GetAxis(0)), q.GetAxis(0)), bound);
     }
 }
@@ -212,7 +212,7 @@ TEST(QuaternionProperties, MinusIsTheSameRotation)
         Quaternion const other = draw.Any();
         Quaternion const minus = Minus(q);
         Vec3Dbl const p = draw.Vector();
-        // Exactly: every product has the same two signs or none.
+        // Exact: every product has the same two signs or none.
         ASSERT_TRUE(q.RotatePoint(p) == minus.RotatePoint(p));
         ASSERT_TRUE(MatrixOf(q) == MatrixOf(minus));
         ASSERT_TRUE(q.GetEulerAngles() == minus.GetEulerAngles());
@@ -253,7 +253,7 @@ TEST(QuaternionProperties, Composition)
         ASSERT_NEAR(SquaredNorm(d * e), SquaredNorm(d) * SquaredNorm(e),
                     bound * SquaredNorm(d) * SquaredNorm(e));
         Quaternion const norm = d * d.Inverse();
-        ASSERT_TRUE(norm.IsIdentity()); // exactly no vector part
+        ASSERT_TRUE(norm.IsIdentity()); // the vector part is exactly 0
         ASSERT_NEAR(norm.s, SquaredNorm(d), bound * SquaredNorm(d));
     }
 }
@@ -271,17 +271,17 @@ TEST(QuaternionProperties, AxisAngleRoundTrip)
             ASSERT_EQ(q.GetAngle(), 0.0);
             continue;
         }
-        // A negative angle comes back as a positive one about the opposite axis.
+        // A negative angle is returned as a positive one about the opposite axis.
         Vec3Dbl const expected = angle > 0.0 ? axis : -axis;
         ASSERT_LE(Difference(q.GetAxis(1), expected), 8.0 * epsilon);
-        // The arc cosine knows an angle near 0 only as well as its cosine does: an error of ε/2 in s is one of
-        // ε/sin(a/2) in the angle, and never more than the angle of the cosine 1 − ε, 2·√(2ε).
+        // Near 0 the arc cosine is only as accurate as its cosine: an error of ε/2 in s is one of
+        // ε/sin(a/2) in the angle, and at most the angle of the cosine 1 − ε, 2·√(2ε).
         double const sine = std::fabs(std::sin(angle / 2.0));
         double const bound = std::fmin(2.0 * epsilon / sine, 4.0 * std::sqrt(epsilon)) + 4.0 * epsilon;
         ASSERT_NEAR(q.GetAngle(), std::fabs(angle), bound);
         ASSERT_NEAR(q.GetAbsoluteAngle(), std::fabs(angle), bound);
 
-        // Turned on by a full turn: the other of the two values. sin and cos see an angle of up to 3π/2 + π,
+        // A further full turn: the other of the two values. The angle of sin and cos is up to 3π/2 + π,
         // rounded to 4ε.
         ASSERT_LE(DifferenceUpToSign(Quaternion(axis, angle + 2.0 * pi, 1), q), 8.0 * epsilon);
         ASSERT_LT(Quaternion(axis, angle + 2.0 * pi, 1).s, 1e-15);
@@ -322,7 +322,7 @@ TEST(QuaternionProperties, MatrixRoundTrip)
         ASSERT_LE(Difference(MatrixOf(back), m), 32.0 * epsilon);
         ASSERT_LE(back.Distance(q), 1e-7); // the angle of a cosine within some ε of 1
 
-        // The chosen component is positive and no smaller than the others by more than rounding.
+        // The chosen component is positive and not smaller than the others by more than rounding.
         double const keys[4] = {m(0, 0), m(1, 1), m(2, 2), m(0, 0) + m(1, 1) + m(2, 2)};
         int chosen = 3;
         for (int k = 0; k < 3; ++k)
@@ -340,12 +340,12 @@ TEST(QuaternionProperties, EulerAnglesRoundTrip)
 {
     Draw draw(10);
     for (int i = 0; i < rounds; ++i) {
-        // As near to gimbal lock as a cosine of y of 1e-3.
+        // As close to gimbal lock as a cosine of y of 1e-3.
         Vec3Dbl angles(draw.Angle(), 1.5697 * draw.Number(), draw.Angle());
         Quaternion q;
         q.SetFromEulerAngles(angles);
         Vec3Dbl const back = q.GetEulerAngles();
-        // The elements that give x and z are cos(y) times a sine or a cosine, with some ε of error.
+        // The elements that determine x and z are cos(y) times a sine or a cosine, with an error of a few ε.
         double const bound = 16.0 * epsilon / std::cos(angles.y);
         ASSERT_LE(std::fabs(std::remainder(back.x - angles.x, 2.0 * pi)), bound);
         ASSERT_NEAR(back.y, angles.y, bound);
@@ -380,7 +380,7 @@ TEST(QuaternionProperties, EulerAnglesOnBothSidesOfGimbalLock)
         double const inwards = pole > 0.0 ? -1.0 : 1.0;
         for (double const away : {0.0, 1e-11, -1e-11, 9e-11, -9e-11, 1.1e-10, -1.1e-10, 1e-9, -1e-9, 1e-6}) {
             for (int i = 0; i < 500; ++i) {
-                // With `away` below 0, y lies beyond the pole, and the rotation before it.
+                // With `away` below 0, y is beyond the pole, otherwise the rotation is before it.
                 Vec3Dbl angles(draw.Angle(), pole + inwards * away, draw.Angle());
                 Quaternion q;
                 q.SetFromEulerAngles(angles);
@@ -391,15 +391,15 @@ TEST(QuaternionProperties, EulerAnglesOnBothSidesOfGimbalLock)
                 double const cosine = std::fabs(away);
                 ASSERT_NEAR(std::fabs(back.y), pi / 2.0 - cosine, 2e-15) << away;
                 if (cosine < 1e-10) {
-                    // Locked: z is given up exactly, x holds x − z (above) or x + z (below), and the
-                    // rotation is kept but for the cosine of y.
+                    // Locked: z is exactly 0, x is x − z (above) or x + z (below), and the
+                    // rotation is right up to the cosine of y.
                     ASSERT_EQ(back.z, 0.0) << away;
                     double const shared = pole > 0.0 ? angles.x - angles.z : angles.x + angles.z;
                     ASSERT_LE(std::fabs(std::remainder(back.x - shared, 2.0 * pi)), 2.0 * cosine + 1e-14);
                     ASSERT_LE(Difference(MatrixOf(again), MatrixOf(q)), 2.0 * cosine + 1e-14) << away;
                 } else {
                     // Not locked: x and z come from elements as small as the cosine, each with an error of
-                    // some ε, so both are good to some ε/cosine.
+                    // a few ε, so both have an error of a few ε/cosine.
                     double const bound = 16.0 * epsilon / cosine;
                     double const turned = away > 0.0 ? 0.0 : pi;
                     ASSERT_LE(std::fabs(std::remainder(back.x - angles.x - turned, 2.0 * pi)), bound) << away;
@@ -418,7 +418,7 @@ TEST(QuaternionProperties, DistanceIsAMetricOfRotations)
         Quaternion const a = draw.Unit();
         Quaternion const b = draw.Unit();
         Quaternion const c = draw.Unit();
-        // Near 0 the arc cosine is good to 2·√(2ε) only.
+        // Near 0 the arc cosine has an error of up to 2·√(2ε).
         double const bound = 8.0 * std::sqrt(epsilon);
         ASSERT_EQ(a.Distance(a), 0.0);
         ASSERT_TRUE(std::signbit(a.Distance(a)));
@@ -430,7 +430,7 @@ TEST(QuaternionProperties, DistanceIsAMetricOfRotations)
         ASSERT_NEAR((a * c).Distance(b * c), a.Distance(b), bound);
         ASSERT_NEAR(Quaternion().Distance(a), a.GetAbsoluteAngle(), bound);
 
-        // Turned by an angle, it is that angle away; the length of the operands does not count.
+        // A rotation and its turn by an angle are that angle apart, for operands of any length.
         Vec3Dbl const axis = draw.Axis();
         double const angle = draw.Angle();
         Quaternion const turned = Quaternion(axis, angle, 1) * draw.Any();
@@ -441,7 +441,7 @@ TEST(QuaternionProperties, DistanceIsAMetricOfRotations)
 
 TEST(QuaternionProperties, OrderIsTotalOnComponentsFreeOfNan)
 {
-    // All combinations of few values, so that every prefix ties often.
+    // All combinations of a few values, so that prefixes are often equal.
     std::vector<Quaternion> all;
     double const values[] = {-1.0, 0.0, 0.5};
     for (double const u : values)
@@ -449,7 +449,7 @@ TEST(QuaternionProperties, OrderIsTotalOnComponentsFreeOfNan)
             for (double const w : values)
                 for (double const s : values)
                     all.push_back(Quaternion().SetValue(u, v, w, s, 0));
-    // Made in ascending order: so index order is the order of the values.
+    // Made in ascending order: the index order is the order of the values.
     for (std::size_t i = 0; i < all.size(); ++i)
         for (std::size_t k = 0; k < all.size(); ++k) {
             ASSERT_EQ(all[i] < all[k], i < k);

@@ -93,7 +93,7 @@ template <class... Arguments>
 constexpr bool isMade = std::is_constructible_v<Quaternion, Arguments...>;
 static_assert(isMade<> && isMade<double, double, double, double, int> && isMade<Vec3Dbl, double, int>);
 static_assert(std::is_convertible_v<Mat3Dbl const&, Quaternion>);
-// The normalisation flag is always given.
+// The normalisation flag has no default.
 static_assert(!isMade<double, double, double, double> && !isMade<Vec3Dbl, double> && !isMade<Vec3Dbl>);
 
 // The exact type of each member: results, references and const.
@@ -213,7 +213,7 @@ TEST(Quaternion, IndexOperator)
         EXPECT_EQ(&q[i], fields[i]);
         EXPECT_EQ(&constant[i], fields[i]);
     }
-    // Every index above is the scalar too.
+    // Every index above 3 is the scalar too.
     for (int const i : {4, 5, 1000, INT_MAX}) {
         EXPECT_EQ(&q[i], &q.s);
         EXPECT_EQ(&constant[i], &q.s);
@@ -263,7 +263,7 @@ TEST(Quaternion, LessOperator)
     EXPECT_FALSE(Components(1, 1, 2, 0) < Components(1, 1, 1, 9));
     EXPECT_FALSE(Components(-0.0, 0, 0, 0) < Components(0.0, 0, 0, 0));
     EXPECT_TRUE(Components(-0.0, 0, 0, 0) < Components(0.0, 0, 0, 1));
-    // A NaN ends the comparison, unless an earlier component has decided.
+    // A NaN ends the comparison, unless an earlier component has decided it.
     EXPECT_FALSE(Components(nan, 0, 0, 0) < Components(1, 1, 1, 1));
     EXPECT_FALSE(Components(0, 0, 0, 0) < Components(nan, 1, 1, 1));
     EXPECT_FALSE(Components(1, 1, nan, 0) < Components(1, 1, nan, 1));
@@ -298,7 +298,7 @@ TEST(Quaternion, Identity)
 
 TEST(Quaternion, IsIdentity)
 {
-    // The vector part alone is looked at.
+    // Only the vector part is used.
     for (double const scalar : {1.0, -1.0, 0.0, 7.0, nan, infinity})
         EXPECT_EQ(Components(0.0, -0.0, 0.0, scalar).IsIdentity(), 1) << scalar;
     for (double const part : {denormal, -1.0, nan}) {
@@ -317,7 +317,7 @@ TEST(Quaternion, SetValue)
     EXPECT_EQ(&q.SetValue(0.0, 0.0, 0.0, 0.0, 1), &q);
     EXPECT_TRUE(HasBits(q, 0.0, 0.0, 0.0, 1.0));
     EXPECT_TRUE(HasBits(q.SetValue(1.0, 1.0, 1.0, 1.0, 1), 0.5, 0.5, 0.5, 0.5));
-    // Any flag but 0 normalises.
+    // Any flag other than 0 normalises.
     for (int const flag : {2, -1, INT_MIN, 1 << 16})
         EXPECT_TRUE(HasBits(q.SetValue(2.0, 2.0, -2.0, 2.0, flag), 0.5, 0.5, -0.5, 0.5)) << flag;
     // The arguments may be components of the object.
@@ -350,7 +350,8 @@ TEST(Quaternion, NormalizeKeepsSigns)
 
 TEST(Quaternion, NormalizeByThePlainSum)
 {
-    // Scaling all components by a power of two changes nothing while the sum of squares keeps its digits.
+    // Scaling all components by a power of two changes nothing as long as the sum of squares keeps its
+    // digits.
     for (auto const& figure : exact_figures::normalizeCases)
         for (int const exponent : {-400, -100, 3, 100, 400}) {
             auto const scaled = [&](int i) { return std::ldexp(figure.q[i], exponent); };
@@ -358,7 +359,7 @@ TEST(Quaternion, NormalizeByThePlainSum)
                 HasBits(Components(scaled(0), scaled(1), scaled(2), scaled(3)).Normalize(), figure.result))
                 << exponent;
         }
-    // Beyond, the sum vanishes and its root has an infinite reciprocal, or it overflows.
+    // Outside of that range the sum underflows and its root has an infinite reciprocal, or the sum overflows.
     double const tiny = 0x1p-600;
     EXPECT_TRUE(HasBits(Components(tiny, -tiny, tiny, tiny).Normalize(), infinity, -infinity, infinity, 1.0));
     EXPECT_TRUE(HasBits(Components(tiny, tiny, tiny, -tiny).Normalize(), infinity, infinity, infinity, -1.0));
@@ -369,8 +370,8 @@ TEST(Quaternion, NormalizeByThePlainSum)
 
 TEST(Quaternion, NormalizeClampsTheScalar)
 {
-    // The square of 1.5 · 2^-537 is 2.25 denormal units and rounds to 2: the norm comes out as
-    // 1.414 · 2^-537, and the scalar's quotient as 1.06.
+    // The square of 1.5 · 2^-537 is 2.25 denormal units and rounds to 2: the norm becomes
+    // 1.414 · 2^-537, and the scalar's quotient 1.06.
     EXPECT_SAME_BITS(Components(denormal, 0.0, 0.0, 0x1.8p-537).Normalize().s, 1.0);
     EXPECT_SAME_BITS(Components(denormal, 0.0, 0.0, -0x1.8p-537).Normalize().s, -1.0);
 }
@@ -390,7 +391,7 @@ TEST(Quaternion, Invert)
 {
     Quaternion q = Components(1.0, -2.0, 0.0, 4.0);
     EXPECT_EQ(&q.Invert(), &q);
-    EXPECT_TRUE(HasBits(q, -1.0, 2.0, -0.0, 4.0)); // no division by the squared norm
+    EXPECT_TRUE(HasBits(q, -1.0, 2.0, -0.0, 4.0)); // not divided by the squared norm
     q.Invert();
     EXPECT_TRUE(HasBits(q, 1.0, -2.0, 0.0, 4.0));
 }
@@ -413,7 +414,7 @@ TEST(Quaternion, Inverse)
 
 TEST(Quaternion, MultiplicationOperator)
 {
-    // i·j = k, j·k = i, k·i = j, and the other way round negative.
+    // i·j = k, j·k = i, k·i = j, and with exchanged factors the negatives.
     Quaternion const i = Components(1.0, 0.0, 0.0, 0.0);
     Quaternion const j = Components(0.0, 1.0, 0.0, 0.0);
     Quaternion const k = Components(0.0, 0.0, 1.0, 0.0);
@@ -445,7 +446,7 @@ TEST(Quaternion, MultiplicationOperatorOrderOfTerms)
 
 TEST(Quaternion, MultiplicationOperatorAppliesTheRightOperandFirst)
 {
-    // X by a quarter about Z is Y; Y by a quarter about X is Z.
+    // X turned a quarter about Z is Y; Y turned a quarter about X is Z.
     double const half = std::sqrt(0.5);
     Quaternion const quarterAboutX = Components(half, 0.0, 0.0, half);
     Quaternion const quarterAboutZ = Components(0.0, 0.0, half, half);
@@ -504,13 +505,13 @@ TEST(Quaternion, GetAngle)
     EXPECT_SAME_BITS(angle(-0.0), pi);
     EXPECT_SAME_BITS(angle(nan), nan);
     EXPECT_NEAR(angle(0.5), 2.0943951023931953, 1e-15);
-    // A negative scalar: the other way about the stored axis.
+    // A negative scalar: the reverse turn about the stored axis.
     EXPECT_NEAR(angle(-0.5), -2.0943951023931953, 1e-15);
     EXPECT_NEAR(angle(-std::sqrt(0.5)), -pi / 2.0, 1e-15);
     EXPECT_NEAR(angle(-0x1p-52), -pi, 1e-15);
     EXPECT_GT(angle(-0x1p-52), -pi);
-    EXPECT_EQ(Components(nan, nan, nan, 1.0).GetAngle(), 0.0); // the axis is not looked at
-    // 2·acos of the largest double below 1: √(8·2^-53), in the first order.
+    EXPECT_EQ(Components(nan, nan, nan, 1.0).GetAngle(), 0.0); // the axis is not used
+    // 2·acos of the largest double below 1: √(8·2^-53), to first order.
     EXPECT_NEAR(angle(std::nextafter(1.0, 0.0)), std::sqrt(0x1p-50), 1e-17);
 }
 
@@ -542,7 +543,7 @@ TEST(Quaternion, Distance)
     EXPECT_NEAR(quarter.Distance(eighth), pi / 4.0, 1e-15);
     EXPECT_NEAR(eighth.Distance(quarter), pi / 4.0, 1e-15);
     EXPECT_TRUE(HasBits(quarter, vexor::Sin(Opaque(pi / 4.0)), 0.0, 0.0,
-                        vexor::Cos(Opaque(pi / 4.0)))); // both stay as they are
+                        vexor::Cos(Opaque(pi / 4.0)))); // neither changes
     // Half turns about different axes are a half turn apart; |s| = 0.
     EXPECT_SAME_BITS(Components(1.0, 0.0, 0.0, 0.0).Distance(Components(0.0, 1.0, 0.0, 0.0)), pi);
 }
@@ -560,7 +561,7 @@ TEST(Quaternion, DistanceOfTheSameRotation)
         EXPECT_SAME_BITS(q.Distance(q), -0.0);
         EXPECT_SAME_BITS(q.Distance(minus), -0.0);
     }
-    // The relative rotation of the zero quaternion to any other has a null vector part, the identity.
+    // The relative rotation of the zero quaternion to any other has a null vector part, like the identity.
     EXPECT_SAME_BITS(Components(0.0, 0.0, 0.0, 0.0).Distance(Components(1.0, 0.0, 0.0, 0.0)), -0.0);
     EXPECT_SAME_BITS(one.Distance(Components(nan, 0.0, 0.0, 1.0)), nan);
 }
@@ -604,14 +605,14 @@ TEST(Quaternion, SetAxisAngleOfANullAxis)
 {
     Quaternion q = Components(1.0, 2.0, 3.0, 4.0);
     EXPECT_THROW(q.SetAxisAngle(0.0, -0.0, 0.0, 1.0, 1), VexorNullVector);
-    EXPECT_TRUE(HasBits(q, 0.0, -0.0, 0.0, 4.0)); // the axis as given, and the scalar as it was
+    EXPECT_TRUE(HasBits(q, 0.0, -0.0, 0.0, 4.0)); // the axis as given, and the scalar unchanged
     q = Components(1.0, 2.0, 3.0, 4.0);
     EXPECT_THROW(q.SetAxisAngle(Vec3Dbl(-0.0, 0.0, -0.0), -1.0, 2), VexorNullVector);
     EXPECT_TRUE(HasBits(q, -0.0, 0.0, -0.0, 4.0));
 
     q.SetAxisAngle(0.0, 0.0, 0.0, 1.0, 0);
     EXPECT_TRUE(HasBits(q, 0.0, 0.0, 0.0, vexor::Cos(Opaque(0.5))));
-    // However short, another axis is normalised.
+    // Any other axis is normalised, however short.
     q.SetAxisAngle(denormal, 0.0, 0.0, 1.0, 1);
     EXPECT_TRUE(HasBits(q, vexor::Sin(Opaque(0.5)), 0.0, 0.0, vexor::Cos(Opaque(0.5))));
     EXPECT_NO_THROW(q.SetAxisAngle(nan, 0.0, 0.0, 1.0, 1));
@@ -667,7 +668,7 @@ TEST(Quaternion, GetAxis)
     EXPECT_TRUE(HasBits(q.GetAxis(1), 0.0, -0.0, -1.0));
     EXPECT_TRUE(HasBits(q.GetAxis(-1), 0.0, -0.0, -1.0));
     EXPECT_TRUE(HasBits(q, 0.0, -0.0, -4.0, 1.0));
-    // True divisions; the scalar does not count.
+    // True divisions; the scalar is not used.
     for (auto const& figure : exact_figures::unitAxisCases) {
         double const(&axis)[3] = figure.axis;
         Vec3Dbl const unit = Components(axis[0], axis[1], axis[2], 9.0).GetAxis(1);
@@ -692,7 +693,7 @@ TEST(Quaternion, SetFromMatrix)
     double const cycleElements[] = {0, 0, 1, 1, 0, 0, 0, 1, 0};
     Mat3Dbl const cycle = Matrix(cycleElements);
     EXPECT_TRUE(HasBits(q.SetFromMatrix(cycle), 0.5, 0.5, 0.5, 0.5));
-    // The other way round it is the scalar that stays positive.
+    // In the reverse case the scalar stays positive.
     EXPECT_TRUE(HasBits(q.SetFromMatrix(cycle.GetTransposedCopy()), -0.5, -0.5, -0.5, 0.5));
 
     for (auto const& figure : exact_figures::setFromMatrixCases)
@@ -701,7 +702,7 @@ TEST(Quaternion, SetFromMatrix)
 
 TEST(Quaternion, SetFromMatrixTies)
 {
-    // Diagonal matrices: the candidate's component alone is not 0, so it shows which was chosen.
+    // Diagonal matrices: only the candidate's component is not 0, so it shows which one was chosen.
     struct {
         double a, b, c;
         int chosen;
@@ -712,8 +713,8 @@ TEST(Quaternion, SetFromMatrixTies)
         {1.0, 1.0, -2.0, 0},   // 0 before 1
         {1.0, -2.0, 1.0, 0},   // 0 before 2
         {-2.0, 1.0, 1.0, 1},   // 1 before 2
-        {-1.0, -1.0, -1.0, 0}, // the trace is the least
-        {0.25, 0.5, -0.75, 1}, // 1 passes both the trace and 0
+        {-1.0, -1.0, -1.0, 0}, // the trace is the smallest
+        {0.25, 0.5, -0.75, 1}, // 1 exceeds both the trace and 0
         {0.25, 0.5, -0.875, 1},  {-0.875, 0.25, 0.5, 2},
         {0.25, -0.375, -0.5, 0}, // the trace, −0.625, is compared without the 1 that the formula adds
     };
@@ -727,7 +728,7 @@ TEST(Quaternion, SetFromMatrixTies)
 
 TEST(Quaternion, SetFromMatrixSigns)
 {
-    // A component's branch makes that component positive and lets s take either sign. −q and q are one
+    // The branch of a component makes that component positive, and s can have either sign. −q and q are one
     // rotation, so both of these read the same matrix.
     double const unit[4] = {-0.8, 0.2, 0.4, std::sqrt(0.16)};
     Mat3Dbl m;
@@ -742,7 +743,7 @@ TEST(Quaternion, SetFromMatrixSigns)
 TEST(Quaternion, SetFromMatrixOfNans)
 {
     EXPECT_TRUE(HasBits(Quaternion(Diagonal(nan, 1.0, 1.0)), nan, nan, nan, nan));
-    // Off the diagonal the NaN meets one component, and then the norm.
+    // Off the diagonal the NaN affects one component, and then the norm.
     double const elements[] = {1, 0, nan, 0, 1, 0, 0, 0, 1};
     EXPECT_TRUE(HasBits(Quaternion(Matrix(elements)), nan, nan, nan, nan));
 }
@@ -772,7 +773,7 @@ TEST(Quaternion, GetRotationMatrix)
 
 TEST(Quaternion, GetCol)
 {
-    // The columns of the matrix above, exact in whole numbers.
+    // The columns of the matrix above, exact integers.
     Quaternion const q = Components(1.0, 2.0, 3.0, 4.0);
     EXPECT_TRUE(HasBits(q.GetCol(0), 4.0, 28.0, -10.0));
     EXPECT_TRUE(HasBits(q.GetCol(1), -20.0, 10.0, 20.0));
@@ -834,11 +835,11 @@ TEST(Quaternion, GetEulerAngles)
         EXPECT_TRUE(HasBits(angles, vexor::Atan2(Opaque(m[7]), Opaque(m[8])), vexor::Atan2(-Opaque(m[6]), d),
                             vexor::Atan2(Opaque(m[3]), Opaque(m[0]))));
     }
-    // Of the identity, m(2,0) is 0, and its negative −0.
+    // For the identity m(2,0) is 0, and its negative −0.
     EXPECT_TRUE(HasBits(Quaternion().GetEulerAngles(), 0.0, -0.0, 0.0));
     // A half turn about Z: m(1,0) is 0 and m(0,0) is −1.
     ExpectNear(Components(0.0, 0.0, 1.0, 0.0).GetEulerAngles(), 0.0, 0.0, pi, 0.0);
-    // A single turn is read back in the field of its axis.
+    // A single turn is returned in the field of its axis.
     ExpectNear(Quaternion(1.0, 0.0, 0.0, 0.3, 1).GetEulerAngles(), 0.3, 0.0, 0.0, 1e-15);
     ExpectNear(Quaternion(0.0, 1.0, 0.0, 0.3, 1).GetEulerAngles(), 0.0, 0.3, 0.0, 1e-15);
     ExpectNear(Quaternion(0.0, 0.0, 1.0, 0.3, 1).GetEulerAngles(), 0.0, 0.0, 0.3, 1e-15);
@@ -851,7 +852,7 @@ TEST(Quaternion, GetEulerAnglesAtGimbalLock)
     EXPECT_NEAR(angles.y, pi / 2.0, 1e-15);
     EXPECT_NEAR(angles.x, 0.0, 1e-15);
 
-    // x takes up both turns about the axis that X and Z share: x − z for y = π/2, x + z for −π/2.
+    // x gets both turns about the common axis of X and Z: x − z for y = π/2, x + z for −π/2.
     Vec3Dbl up(0.7, pi / 2.0, 0.5);
     angles = Quaternion().SetFromEulerAngles(up).GetEulerAngles();
     EXPECT_SAME_BITS(angles.z, 0.0);
@@ -861,7 +862,7 @@ TEST(Quaternion, GetEulerAnglesAtGimbalLock)
     EXPECT_SAME_BITS(angles.z, 0.0);
     ExpectNear(angles, 1.2, -pi / 2.0, 0.0, 1e-15);
 
-    // A NaN goes this way as well.
+    // A NaN takes this branch too.
     EXPECT_TRUE(HasBits(Components(nan, 0.0, 0.0, 1.0).GetEulerAngles(), nan, nan, 0.0));
 }
 
@@ -894,7 +895,7 @@ TEST(Quaternion, SetFromEulerAngles)
 
 TEST(Quaternion, SetFromEulerAnglesGrouping)
 {
-    // The bits of qz·(qy·qx), normalised. (qz·qy)·qx and the bare product give others somewhere.
+    // The bits of qz·(qy·qx), normalised. (qz·qy)·qx and the product before normalising differ in some bits.
     int otherGrouping = 0;
     int notNormalized = 0;
     for (int i = 1; i <= 50; ++i) {

@@ -1,5 +1,5 @@
-// Vectors without a direction in every test of direction, with FE_INVALID and FE_DIVBYZERO trapping where the
-// platform can do that: a client that traps them must not be stopped by an answer of 0. The oracle, with
+// Vectors without a direction in every direction test, with FE_INVALID and FE_DIVBYZERO trapping if the
+// platform supports that: a predicate that returns 0 must not stop a client that traps them. The oracle, with
 // --traps, calls every other operation in the same way.
 
 #include <vexor/vexor.h>
@@ -36,7 +36,7 @@ protected:
 template <class Vector>
 void ExpectNoDirection(Vector const& zero, Vector const& other)
 {
-    for (int swapped = 0; swapped < 3; ++swapped) { // the third time the null vector with itself
+    for (int swapped = 0; swapped < 3; ++swapped) { // the third pair is the null vector with itself
         Vector const& left = swapped == 1 ? other : zero;
         Vector const& right = swapped == 0 ? other : zero;
         EXPECT_EQ(left.IsParallelTo(right), 0);

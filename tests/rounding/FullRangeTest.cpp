@@ -1,8 +1,8 @@
 // Lengths, angles, areas, projections and distances of the double vectors over the whole range of a double.
-// Length and Normalize are held against MPFR with the precision of a double and an exponent without limits:
-// (x² + y²) + z² with a rounding at each step, its root, and the quotients, which at last are narrowed to a
-// double. The oracle does the same with the other operations; here a scale by a power of two must change an
-// angle not at all, and all else by that power.
+// Length and Normalize are compared with MPFR with the precision of a double and an unlimited exponent:
+// (x² + y²) + z² with a rounding at each step, its root, and the quotients, which are finally rounded to
+// double. The oracle does the same for the other operations. Here scaling by a power of two must leave an
+// angle unchanged, and scale every other result by that power.
 
 #include <vexor/vexor.h>
 
@@ -19,7 +19,7 @@ using vexor_test::infinity;
 
 namespace {
 
-/// A number of 53 bits whose exponent has no limits in practice.
+/// A number of 53 bits whose exponent is practically unlimited.
 class Wide {
 public:
     Wide() { mpfr_init2(value_, 53); }
@@ -48,12 +48,12 @@ public:
     }
     double ToDouble() const { return mpfr_get_d(value_, MPFR_RNDN); }
 
-    /// The quotient as a double division gives it: rounded once, also where it is denormal.
+    /// The result of a double division: rounded once, also if it is denormal.
     double QuotientBy(Wide const& divisor) const
     {
         mpfr_exp_t const leastExponent = mpfr_get_emin();
         Wide result;
-        mpfr_set_emin(-1073); // of the smallest denormal double, in MPFR's way of counting
+        mpfr_set_emin(-1073); // the exponent of the smallest denormal double, as MPFR counts
         int inexact = mpfr_div(result.value_, value_, divisor.value_, MPFR_RNDN);
         inexact = mpfr_subnormalize(result.value_, inexact, MPFR_RNDN);
         double const quotient = mpfr_get_d(result.value_, MPFR_RNDN);
@@ -156,7 +156,7 @@ TEST(FullRange, EdgesOfTheRange)
 }
 
 // The squares of y, below the range of normal doubles, decide a tie in the sum of the first two, and
-// that sum a tie in the whole: the longest reach that a lost digit can have.
+// that sum decides a tie in the total: the farthest effect that a lost digit can have.
 TEST(FullRange, AnUnderflowThatDecidesTwoTies)
 {
     for (double z : {0x1.a184840f05a79p-480, 0x1.c49a735ff795dp-480, 0x1.6c036ba83eabfp-480}) {
@@ -175,9 +175,9 @@ TEST(FullRange, KnownLengths)
     double const largest = 0x1.fffffffffffffp+1023;
     EXPECT_SAME_BITS(Vec2Dbl(largest, largest).Length(), infinity);
     EXPECT_SAME_BITS(Vec3Dbl(largest, 0.0, -0.0).Length(), largest);
-    // x² + y² rounds to 2^1024 − 2^971, and z² makes a tie of it: only in this order does the sum overflow.
+    // x² + y² rounds to 2^1024 − 2^971, and adding z² makes a tie: the sum overflows only in this order.
     EXPECT_SAME_BITS(Vec3Dbl(0x1.fffffffffffffp+511, 0x1.0000000000001p+485, 0x1p+485).Length(), 0x1p+512);
-    Vec3Dbl const cube = Vec3Dbl(largest).GetNormalizedCopy(); // though its length is beyond a double
+    Vec3Dbl const cube = Vec3Dbl(largest).GetNormalizedCopy(); // although its length is beyond a double
     EXPECT_SAME_BITS(cube.x, Vec3Dbl(1.0).GetNormalizedCopy().x);
 }
 
@@ -193,7 +193,7 @@ constexpr double right = 1.5707963267948966; // π/2
 // Powers of two from the smallest denormal to the largest double.
 TEST(FullRange, AnglesDoNotDependOnTheLengths)
 {
-    gVexorTolerance.SetLength(0.0); // so that the angle with a sense looks at vectors of any length
+    gVexorTolerance.SetLength(0.0); // so that the counter-clockwise angle accepts vectors of any length
     Vec3Dbl const up(0, 0, 1);
     for (int i = -1074; i <= 1023; ++i)
         for (int j : {-1074, -1022, -600, -300, 0, 300, 600, 1023}) {
@@ -216,7 +216,7 @@ TEST(FullRange, AnglesDoNotDependOnTheLengths)
 
 TEST(FullRange, AreasDistancesAndProjectionsFollowTheScale)
 {
-    // The legs 3 and 4: a hypotenuse of 5, an area of 6, and on (1, 0) a projection of 3.
+    // The legs 3 and 4: a hypotenuse of 5, an area of 6, and a projection of 3 on (1, 0).
     for (int i = -1070; i <= 1020; ++i) {
         double const s = std::ldexp(1.0, i);
         Vec3Dbl const v(3 * s, 4 * s, 0);

@@ -1,8 +1,8 @@
-// Every member that stores or returns a double rounded to single, in the shape in which an optimiser
-// may lose the rounding: the results of a run of operands stored beside each other, in fields of
-// doubles wherever the member's result can be widened into some. The same file is built at four
+// Every member that stores or returns a double rounded to single, in a form in which an optimiser
+// may drop the rounding: the results for a run of operands are stored side by side, in fields of
+// doubles if the member's result can be widened to one. The same file is built at four
 // optimisation levels. Expected values come from the rule of each member, with a rounding that goes
-// through memory and that no optimiser can drop.
+// through memory, which no optimiser can drop.
 
 #include <vexor/elementary.h>
 #include <vexor/vexor.h>
@@ -135,7 +135,7 @@ double Row(Mat2Dbl const& m, int row, double x, double y)
 
 TEST_F(Rounding, NeighbouringFields)
 {
-    // The bare pattern: two roundings stored side by side in double fields.
+    // The plain pattern: two roundings stored side by side in double fields.
     for (std::size_t i = 0; i < count; ++i) {
         out2[i].x = vexor::detail::RoundToSingle(a[i].x);
         out2[i].y = vexor::detail::RoundToSingle(a[i].y);
@@ -496,7 +496,7 @@ TEST_F(Rounding, Vec3FltAngleAndArea)
     }
 }
 
-// At the value that the rule gives a direction predicate answers 1, and one unit below it 0.
+// With the value of the rule as tolerance a direction predicate returns 1, and with one unit less 0.
 TEST_F(Rounding, Vec3FltPredicates)
 {
     for (std::size_t i = 0; i < count; ++i) {
@@ -732,7 +732,7 @@ TEST_F(Rounding, Pnt2FltDistance)
     for (std::size_t i = 0; i < count; ++i) {
         float const squared = SquaredDistance(f2[i], g2[i]);
         Expect2(i, squared, Single(std::sqrt(double(squared))));
-        // The limit of the toleranced comparison stays in double.
+        // The limit of the comparison with a tolerance stays in double.
         double tolerance = std::sqrt(double(squared));
         EXPECT_EQ(Pnt2Flt(f2[i]).IsEqualTo(Pnt2Flt(g2[i]), tolerance), tolerance * tolerance >= squared);
         tolerance = Below(tolerance);

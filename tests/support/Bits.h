@@ -5,7 +5,7 @@
 
 #include <gtest/gtest.h>
 
-// Comparison by bits: tells 0 from −0, and takes any NaN for any other.
+// Comparison by bits: distinguishes 0 from −0, and treats all NaNs as equal.
 
 namespace vexor_test {
 
@@ -38,7 +38,7 @@ struct HaveSameBits {
     }
 };
 
-/// Keeps a value from the optimiser, so that it is computed at run time.
+/// Hides a value from the optimiser, so that it is computed at run time.
 template <class Number>
 Number Opaque(Number value)
 {

@@ -7,8 +7,8 @@
 #include <type_traits>
 #include <utility>
 
-// The rules that the vectors and points of two and three components share, of singles and of doubles. Each folder
-// instantiates them for its classes. What two classes do differently is tested in the file of each class.
+// The rules that the vectors and points of two and three components share, single and double. Each folder
+// instantiates them for its classes. Differences between classes are tested in the file of each class.
 
 namespace vexor_test {
 
@@ -43,11 +43,11 @@ public:
     static constexpr Number notANumber = std::numeric_limits<Number>::quiet_NaN();
     static constexpr Number infinite = std::numeric_limits<Number>::infinity();
     static constexpr bool isDouble = std::is_same_v<Number, double>;
-    /// A number whose square lies halfway between two, and the even one of them.
+    /// A number whose square is a tie between two numbers, and the even one of them.
     static constexpr Number nearOne = isDouble ? Number(1 + 0x1p-27) : Number(1 + 0x1p-12);
     static constexpr Number itsSquare = isDouble ? Number(1 + 0x1p-26) : Number(1 + 0x1p-11);
 
-    /// Of the first two numbers, or of all three.
+    /// The first two numbers, or all three.
     static Class Make(Triple const& numbers)
     {
         if constexpr (count == 3)
@@ -65,13 +65,13 @@ public:
         }
     }
 
-    /// Turned round, so that each number comes to stand in each component, also where there are two.
+    /// Rotated, so that each number is once in each component, also with two components.
     static Triple Turned(Triple const& numbers, std::size_t turn)
     {
         return {numbers[turn], numbers[(turn + 1) % 3], numbers[(turn + 2) % 3]};
     }
 
-    /// The operation makes the second numbers of the first ones, in whatever component each stands.
+    /// The operation turns the first numbers into the second ones, in each component.
     template <class Operation>
     static void ExpectEach(Triple const& from, Triple const& to, Operation operation)
     {
@@ -87,7 +87,7 @@ public:
             ExpectBits(operation(Make(Turned(left, turn)), Make(Turned(right, turn))), Turned(to, turn));
     }
 
-    /// 7/3, 20/3 and 17/3, rounded. Of each, the product with the rounded 1/3 is the neighbour given below.
+    /// 7/3, 20/3 and 17/3, rounded. For each, the product with the rounded 1/3 is the neighbour given below.
     static constexpr Triple quotients =
         isDouble
             ? Triple{Number(0x1.2aaaaaaaaaaabp+1), Number(0x1.aaaaaaaaaaaabp+2), Number(0x1.6aaaaaaaaaaabp+2)}
@@ -188,7 +188,7 @@ TYPED_TEST_P(ComponentRules, SetValue)
     }
 }
 
-// The form with references is const in the vectors alone.
+// The form with references is const only in the vectors.
 TYPED_TEST_P(ComponentRules, GetValue)
 {
     COMPONENT_RULES_TYPES;
@@ -207,7 +207,7 @@ TYPED_TEST_P(ComponentRules, GetValue)
         object.GetValue(x, y, z);
         F::ExpectBits(C(x, y, z), {-0.0, nan, 1});
         object = F::Make({1, 2, 3});
-        object.GetValue(object.z, object.x, object.y); // each reference gets what the object held before
+        object.GetValue(object.z, object.x, object.y); // each reference gets the value that the object held before
         F::ExpectBits(object, {2, 3, 1});
     } else {
         static_assert(vexor_test::givesTwo<C&, N>, "");
@@ -279,7 +279,7 @@ TYPED_TEST_P(ComponentRules, DivideAssignTrulyDivides)
     EXPECT_EQ(&(object /= N(3)), &object);
     F::ExpectEach({7, 20, 17}, F::quotients, [](C v) { return v /= Opaque(N(3)); });
     F::ExpectEach({0, 1, -1}, {nan, infinity, -infinity}, [](C v) { return v /= Opaque(N(0)); });
-    // 1/s would overflow where the quotient does not.
+    // 1/s would overflow, but the quotient does not.
     N const tiny = F::isDouble ? N(0x1p-1050) : N(0x1p-140);
     F::ExpectEach({tiny, 0, -tiny}, {1, 0, -1}, [tiny](C v) { return v /= Opaque(tiny); });
     C self = F::Make({2, 4, 6});
@@ -292,7 +292,7 @@ TYPED_TEST_P(ComponentRules, DivideByScalarMultipliesByTheReciprocal)
     COMPONENT_RULES_TYPES;
     F::ExpectEach({7, 20, 17}, F::products, [](C const& v) { return v / Opaque(N(3)); });
     F::ExpectEach({0, 1, -1}, {nan, infinity, -infinity}, [](C const& v) { return v / Opaque(N(0)); });
-    // 1/s overflows where the quotient would not.
+    // 1/s overflows, but the quotient would not.
     N const tiny = F::isDouble ? N(0x1p-1050) : N(0x1p-140);
     F::ExpectEach({tiny, 0, -tiny}, {infinity, nan, -infinity},
                   [tiny](C const& v) { return v / Opaque(tiny); });
@@ -353,7 +353,7 @@ TYPED_TEST_P(ComponentRules, IsLessThanAndIsGreaterThanAreNotStrict)
                       | other.IsGreaterThan(object),
                   0);
     }
-    // Zeros of either sign are equal.
+    // Zeros are equal, whatever their signs.
     EXPECT_EQ(C(N(0)).IsLessThan(C(N(-0.0))), 1);
     EXPECT_EQ(C(N(-0.0)).IsGreaterThan(C(N(0))), 1);
 }

@@ -8,7 +8,7 @@
 
 namespace vexor_test {
 
-/// Puts the global tolerance back as it was, so that tests may set it.
+/// Restores the global tolerance, so that tests may set it.
 class RestoreTolerance {
 public:
     RestoreTolerance() : saved_(gVexorTolerance) {}
@@ -20,7 +20,7 @@ private:
     VexorTolerance saved_;
 };
 
-/// Fills memory with a pattern, default-constructs a Value on it with parentheses, and tells whether
+/// Fills memory with a pattern, default-constructs a Value in it with parentheses, and returns whether
 /// the pattern is still there.
 template <class Value>
 bool DefaultConstructorWritesNothing()

@@ -2,7 +2,7 @@
 
 #include <cstdio>
 
-// Prints a closing line after everything else has passed, if at least one test has run; the runner demands it.
+// Prints a closing line after all tests have passed, if at least one test has run; the runner requires it.
 int main(int argumentCount, char** arguments)
 {
     testing::InitGoogleTest(&argumentCount, arguments);

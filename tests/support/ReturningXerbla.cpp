@@ -1,5 +1,6 @@
-// The parameter-error routine of a test program that links LAPACK's archives by itself. The one in the reference
-// archive ends the process with exit status 0. This one says who called it and returns, as the library's own does.
+// The parameter-error routine of a test program that links LAPACK's archives itself. The one in the reference
+// archive ends the process with exit status 0. This one prints its caller and returns, like the library's
+// own.
 #include <cstddef>
 #include <cstdio>
 

@@ -1,15 +1,16 @@
 #pragma once
 #include <initializer_list>
 
-// The sizes at which the tests call what has a run-time size. Blocked or vectorised code goes wrong at its own
-// thresholds: at remainders of a register or of an unrolled loop, and at sizes beyond which it changes its method.
+// The sizes at which the tests call operations of run-time size. Blocked or vectorised code fails at its own
+// thresholds: at remainders of a register or of an unrolled loop, and at sizes beyond which it changes its
+// method.
 
 namespace sizes {
 
-/// All sizes from 1 on up to this one.
+/// All sizes from 1 to this one.
 constexpr int allUpTo = 40;
 
-/// Further ones, each with its two neighbours.
+/// Further sizes, each with its two neighbours.
 constexpr int larger[] = {64, 100, 128, 256, 1000, 4096};
 
 template <class Visit>
@@ -29,7 +30,7 @@ struct Shape {
 /// Single large matrices: long and narrow, and with more than 4096 elements.
 constexpr Shape largeMatrices[] = {{4097, 1}, {1, 4097}, {1000, 5}, {3, 1001}, {65, 65}, {129, 33}, {33, 129}};
 
-/// Up to this many rows and columns all shapes are met.
+/// All shapes up to this many rows and columns occur.
 constexpr int matricesUpTo = 40;
 
 } // namespace sizes

@@ -1,6 +1,6 @@
-// Distinct objects in many threads: nothing in the library is shared but the tolerances, which all of them read. Each
-// operation runs in several threads at once, with operands of each thread's own, and must give there what it gives
-// alone. ThreadSanitizer also sees shared state that does not change a result.
+// Distinct objects in many threads: the library shares only the tolerances, which all threads read. Each
+// operation runs in several threads at once, with operands of each thread's own, and must give the same
+// result as alone. ThreadSanitizer also detects shared state that does not change a result.
 
 #include "../transcript/Operations.h"
 
@@ -39,7 +39,7 @@ MatDbl PlainMatDbl(Source& source, int rows, int columns)
     return matrix;
 }
 
-/// A square system. The matrix is symmetric, and singular now and then.
+/// A square system. The matrix is symmetric, and sometimes singular.
 struct System {
     explicit System(Source& source) : n(1 + source.Below(20)), a(n, n), b(n), several(n, 3)
     {
@@ -179,7 +179,7 @@ TEST(Threads, DistinctObjectsAreIndependent)
         for (int i = 0; i < threads; ++i)
             running.emplace_back([&, i] {
                 --waiting;
-                while (waiting > 0) // all begin together
+                while (waiting > 0) // all start together
                     std::this_thread::yield();
                 results[static_cast<std::size_t>(i)] = HashOf(operation, i);
             });

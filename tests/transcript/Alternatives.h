@@ -1,6 +1,6 @@
-// Put before a source by the compiler's option -include: makes the library take what it offers to compilers
-// without GNU extensions, Microsoft's above all, while clang++ compiles it. The standard headers come first,
-// and then what tells clang++ from others is taken away.
+// Included before a source by the compiler's option -include: the library then compiles its code for
+// compilers without GNU extensions, above all Microsoft's, although clang++ compiles it. The standard headers
+// come first; then the macros that identify clang++ are undefined.
 
 #include <algorithm>
 #include <cmath>

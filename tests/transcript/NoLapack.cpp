@@ -1,4 +1,4 @@
-// Stands in for LAPACK where the transcript runs on a platform that has none: it calls no driver.
+// Replaces LAPACK on a platform that has none: the transcript calls no driver.
 
 #include <cstdio>
 #include <cstdlib>

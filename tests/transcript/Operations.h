@@ -1,7 +1,7 @@
 #pragma once
 
-// Seeded operations over the whole interface, except what rests on LAPACK, each class with a function that hashes the
-// results of one round.
+// Seeded operations over the whole interface, except those that depend on LAPACK, each class with a function
+// that hashes the results of one round.
 
 #include "../support/Sizes.h"
 
@@ -21,8 +21,8 @@ namespace {
 
 // No two operands are drawn within one call: compilers evaluate arguments in different orders.
 //
-// Floating-point flags apply to this source too, and must not change what it does: numbers that a single cannot
-// hold stand as bits (-fsingle-precision-constant), and so does the test for NaN (-ffinite-math-only).
+// Floating-point flags apply to this source too, and must not change it: numbers that a single cannot
+// hold are given as bits (-fsingle-precision-constant), and so is the test for NaN (-ffinite-math-only).
 
 constexpr std::uint64_t signBit = 0x8000000000000000U;
 constexpr std::uint64_t infinity = 0x7ff0000000000000U;
@@ -52,7 +52,7 @@ public:
 
     int Below(int bound) { return static_cast<int>(Word() % static_cast<std::uint64_t>(bound)); }
 
-    /// Mostly ordinary numbers; small integers, which tie; every eighth time a value that decides.
+    /// Mostly ordinary numbers; small integers, which tie; every eighth time a value at a limit.
     double Double()
     {
         static std::uint64_t const special[] = {
@@ -84,7 +84,7 @@ public:
         }
     }
 
-    /// In [−1, 1), scaled by a modest power of two, with all bits in use.
+    /// In [−1, 1), scaled by a moderate power of two, using all bits.
     double Plain()
     {
         double const unit = static_cast<double>(Word() >> 11) * 0x1p-52 - 1.0;
@@ -123,7 +123,7 @@ private:
 
 // ---- The hash ----------------------------------------------------------------------------------------
 
-/// FNV-1a over bits. All NaNs count as one: their sign and payload are the processor's.
+/// FNV-1a over bits. All NaNs count as one, since their sign and payload depend on the processor.
 class Transcript {
 public:
     void Bits(std::uint64_t bits)
@@ -181,7 +181,7 @@ public:
                 Add(m(i, j));
     }
 
-    /// What an operation gives, or which of the family it raises.
+    /// The result of an operation, or which exception of the family it raises.
     template <class Operation>
     void Try(Operation operation)
     {
@@ -226,7 +226,8 @@ Vec2Dbl AnyVec2Dbl(Source& source)
     return Vec2Dbl(x, y);
 }
 
-/// The second operand: any, or the first one scaled or nudged, so that direction tests come out both ways.
+/// The second operand: any, or the first one scaled or slightly changed, so that direction tests give both
+/// results.
 template <class Vector>
 Vector Companion(Source& source, Vector const& first, Vector const& any)
 {
@@ -288,7 +289,7 @@ MatDbl AnyMatDbl(Source& source, int rows, int columns)
 
 // ---- What many classes share -------------------------------------------------------------------------
 
-/// Arithmetic, products, comparisons and direction tests that every floating vector class has.
+/// Arithmetic, products, comparisons and direction tests of every floating-point vector class.
 template <class Vector, class Number>
 void SharedByVectors(Transcript& out, Vector const& a, Vector const& b, Number scalar, Number angular,
                      Number length)
@@ -371,7 +372,7 @@ void SharedByMatrices(Transcript& out, Matrix a, Matrix b, double scalar)
     out.Add(a != b);
 }
 
-/// Toleranced and exact comparison and the scalar arithmetic that every point class has.
+/// Comparison with and without a tolerance, and the scalar arithmetic of every point class.
 template <class Point, class Number, class Tolerance>
 void SharedByPoints(Transcript& out, Point const& a, Point const& b, Number scalar, Tolerance length)
 {
@@ -929,8 +930,9 @@ VecDbl PlainVecDbl(Source& source, int size)
     return result;
 }
 
-/// Visits all sizes, with two vectors of a size. The second is any, a multiple of the first, or the first with
-/// one of its last elements changed at times; one of the last elements of the first is its largest at times.
+/// Visits all sizes, with two vectors of a size. The second is any, a multiple of the first, or the first
+/// with sometimes one of its last elements changed; sometimes one of the last elements of the first is its
+/// largest.
 template <class Vector, class Number>
 void RunSizes(Transcript& out, Source& source)
 {

@@ -1,6 +1,6 @@
-// Performs millions of seeded operations over the whole interface, except what rests on LAPACK, and
-// prints one hash for each class, and one for each group of members that turn or measure angles. The hashes are the same on
-// every platform and in every build; the expected ones are in hashes.txt.
+// Runs millions of seeded operations over the whole interface, except those that depend on LAPACK, and prints
+// one hash for each class, and one for each group of members that turn or measure angles. The hashes are the
+// same on every platform and in every build; the expected ones are in hashes.txt.
 //
 // Usage: transcript [ROUNDS]
 

@@ -64,7 +64,7 @@ TEST(Vec2Dbl, Assignment)
 
 TEST(Vec2Dbl, ToVec2FltRoundsToNearest)
 {
-    Vec2Flt const a = Vec2Dbl(1.0 + 0x1p-24, 1.0 + 3 * 0x1p-24).ToVec2Flt(); // halfway goes to even
+    Vec2Flt const a = Vec2Dbl(1.0 + 0x1p-24, 1.0 + 3 * 0x1p-24).ToVec2Flt(); // a tie rounds to even
     EXPECT_SAME_BITS(a.x, 1.0f);
     EXPECT_SAME_BITS(a.y, 1.0f + 0x1p-22f);
     Vec2Flt const b = Vec2Dbl(1.0 + 0x1p-24 + 0x1p-52, -1e300).ToVec2Flt();
@@ -84,7 +84,7 @@ TEST(Vec2Dbl, Dot)
     double const e = Opaque(0x1p-30);
     EXPECT_SAME_BITS(Vec2Dbl(1.0 + e, -1.0).Dot(Vec2Dbl(1.0 - e, 1.0)), 0.0);
     EXPECT_SAME_BITS(Vec2Dbl(-1.0, 1.0 + e).Dot(Vec2Dbl(1.0, 1.0 - e)), 0.0);
-    // The sum starts from the first product: two products of −0 make −0.
+    // The sum starts with the first product: two products of −0 make −0.
     EXPECT_SAME_BITS(Vec2Dbl(-0.0, 0.0).Dot(Vec2Dbl(1.0, -1.0)), -0.0);
 }
 
@@ -92,12 +92,12 @@ TEST(Vec2Dbl, CrossIsAScalar)
 {
     static_assert(std::is_same_v<decltype(Vec2Dbl().Cross(Vec2Dbl())), double>, "");
     EXPECT_EQ(Vec2Dbl(2.0, 3.0).Cross(Vec2Dbl(7.0, 11.0)), 22.0 - 21.0);
-    EXPECT_EQ(Vec2Dbl(1.0, 0.0).Cross(Vec2Dbl(0.0, 1.0)), 1.0); // counter-clockwise is above 0
+    EXPECT_EQ(Vec2Dbl(1.0, 0.0).Cross(Vec2Dbl(0.0, 1.0)), 1.0); // above 0 for counter-clockwise
     EXPECT_EQ(Vec2Dbl(0.0, 1.0).Cross(Vec2Dbl(1.0, 0.0)), -1.0);
     double const e = Opaque(0x1p-30); // products rounded before the difference
     EXPECT_SAME_BITS(Vec2Dbl(1.0 + e, 1.0).Cross(Vec2Dbl(1.0, 1.0 - e)), 0.0);
     EXPECT_SAME_BITS(Vec2Dbl(1.0, 1.0 + e).Cross(Vec2Dbl(1.0 - e, 1.0)), 0.0);
-    // x·oy is the minuend: (−0) − (+0) = −0, while the other way round it would be +0.
+    // x·oy is the minuend: (−0) − (+0) = −0; in the reverse order it would be +0.
     EXPECT_SAME_BITS(Vec2Dbl(1.0, 1.0).Cross(Vec2Dbl(0.0, -0.0)), -0.0);
 }
 
@@ -108,8 +108,8 @@ TEST(Vec2Dbl, LengthSquared)
     EXPECT_EQ(Vec2Dbl(3.0, -4.0).LengthSquared(), 25.0);
     EXPECT_SAME_BITS(Vec2Dbl(1e200, 0.0).LengthSquared(), infinity);
     EXPECT_SAME_BITS(Vec2Dbl(1e-200, 0.0).LengthSquared(), 0.0);
-    // (1 + 2^-27)² loses 2^-54 when it is rounded; with it, which a fused multiply-add would keep, the
-    // other square would take the sum to the next double.
+    // (1 + 2^-27)² loses 2^-54 when it is rounded. If a fused multiply-add kept it, the
+    // other square would raise the sum to the next double.
     double const e = Opaque(0x1p-27);
     EXPECT_SAME_BITS(Vec2Dbl(1.0 + e, 1.375 * e).LengthSquared(), 1.0 + 0x1p-26);
     EXPECT_SAME_BITS(Vec2Dbl(1.375 * e, 1.0 + e).LengthSquared(), 1.0 + 0x1p-26);
@@ -126,8 +126,8 @@ TEST(Vec2Dbl, Length)
     EXPECT_SAME_BITS(Vec2Dbl(-0x1.a599beef316dcp+2, 0x1.03a09d4a24cd1p+1).Length(), 0x1.b9222390eb37fp+2);
 }
 
-// Scaling by a power of two is exact, and so must be that of the length, wherever the scaled numbers
-// are normal: the middle of the range, where no square leaves it, tells what to expect at the ends.
+// Scaling by a power of two is exact, and so must be the scaling of the length, as long as the scaled numbers
+// are normal: the middle of the range, where no square overflows or underflows, gives the expected value.
 TEST(Vec2Dbl, LengthOverTheWholeRange)
 {
     for (Vec2Dbl const& v : {Vec2Dbl(-0x1.a599beef316dcp+0, 0x1.03a09d4a24cd1p-1),
@@ -138,7 +138,7 @@ TEST(Vec2Dbl, LengthOverTheWholeRange)
             EXPECT_SAME_BITS((scale * v).Length(), scale * length);
         }
     }
-    // Worked with an unlimited exponent and rounded to what a double holds.
+    // Computed with an unlimited exponent and rounded to double.
     EXPECT_SAME_BITS(Vec2Dbl(3 * 0x1p-1074, 4 * 0x1p-1074).Length(), 5 * 0x1p-1074);
     EXPECT_SAME_BITS(Vec2Dbl(0x1p-1074, 0.0).Length(), 0x1p-1074);
     EXPECT_SAME_BITS(Vec2Dbl(largest, 0.0).Length(), largest);
@@ -148,7 +148,7 @@ TEST(Vec2Dbl, LengthOverTheWholeRange)
 
 TEST(Vec2Dbl, NormalizeDividesByTheLength)
 {
-    // By exact arithmetic, and different from what a multiplication by 1/L gives.
+    // By exact arithmetic; a multiplication by 1/L gives other bits.
     Vec2Dbl v(-0x1.a599beef316dcp+2, 0x1.03a09d4a24cd1p+1);
     EXPECT_EQ(&v.Normalize(), &v);
     ExpectBits(v, -0x1.e9544f5900177p-1, 0x1.2d55f0804c50fp-2);
@@ -202,7 +202,7 @@ TEST(Vec2Dbl, GetNormalizedCopy)
 
 // ---- Extremes --------------------------------------------------------------------------------------
 
-// Start from x and let an equal y take over, for maximum and minimum alike.
+// Start with x and let an equal y take over, for maximum and minimum alike.
 TEST(Vec2Dbl, ExtremesGoToYOnATie)
 {
     for (Vec2Dbl const& v : SmallVectors()) {
@@ -257,7 +257,7 @@ TEST(Vec2Dbl, IsZeroLength)
     EXPECT_EQ(Vec2Dbl(1e-5, 0.0).IsZeroLength(), 0);
     EXPECT_EQ(Vec2Dbl(0.0, 0.9e-5).IsZeroLength(), 1);
     EXPECT_EQ(Vec2Dbl(0.9e-5, 0.0).IsZeroLength(-1e-300), 1);
-    EXPECT_EQ(Vec2Dbl(0.9e-5, 0.0).IsZeroLength(-0.0), 0); // −0 is no negative argument
+    EXPECT_EQ(Vec2Dbl(0.9e-5, 0.0).IsZeroLength(-0.0), 0); // −0 is not a negative argument
     EXPECT_EQ(Vec2Dbl(3.0, 4.0).IsZeroLength(25.0), 1);
     EXPECT_EQ(Vec2Dbl(3.0, 4.0).IsZeroLength(Below(25.0)), 0);
     EXPECT_EQ(Vec2Dbl(0.0).IsZeroLength(0.0), 1);
@@ -286,7 +286,7 @@ TEST(Vec2Dbl, IsEqualTo)
     Vec2Dbl const x(1.0, 0.0);
     EXPECT_EQ(x.IsEqualTo(x), 1);
     EXPECT_EQ(x.IsEqualTo(-x, 10.0, 10.0), 0);
-    EXPECT_EQ(x.IsEqualTo(Vec2Dbl(1.0, 1e-6)), 0); // near enough, but at an angle
+    EXPECT_EQ(x.IsEqualTo(Vec2Dbl(1.0, 1e-6)), 0); // close enough, but at an angle
     EXPECT_EQ(x.IsEqualTo(Vec2Dbl(1.000001, 0.0)), 1);
     EXPECT_EQ(Vec2Dbl(nan).IsEqualTo(Vec2Dbl(nan)), 0);
 }
@@ -301,7 +301,7 @@ TEST(Vec2Dbl, IsEqualToOfNullAndShortVectors)
     EXPECT_EQ(null.IsEqualTo(tiny, 10.0, 10.0), 0);
     EXPECT_EQ(tiny.IsEqualTo(tiny), 0);
     EXPECT_EQ(tiny.IsEqualTo(tiny, 10.0, 10.0), 0);
-    EXPECT_EQ(tiny.IsEqualTo(tiny, 0.0, 0.0), 0); // the caller's length does not reach the first test
+    EXPECT_EQ(tiny.IsEqualTo(tiny, 0.0, 0.0), 0); // the caller's length is not used in the first test
     RestoreTolerance const restore;
     gVexorTolerance.SetLength(1e-7);
     EXPECT_EQ(tiny.IsEqualTo(tiny), 1);
@@ -315,7 +315,7 @@ TEST(Vec2Dbl, IsEqualToAtTheBoundaries)
     EXPECT_EQ(a.IsEqualTo(b, 0.0, Below(4.0)), 0);
     EXPECT_EQ(a.IsEqualTo(b, 0.0, nan), 0);
     EXPECT_EQ(a.IsEqualTo(b, nan, 4.0), 0);
-    // The caller's length tolerance covers both vectors, and they are equal all the same.
+    // The caller's length tolerance covers both vectors, and they are equal nevertheless.
     EXPECT_EQ(a.IsEqualTo(b, 0.0, 100.0), 1);
     Vec2Dbl const c(1.0, 1.0); // at 45°, the squared sine is 0.5
     EXPECT_EQ(a.IsEqualTo(c, 0.5, 1.0), 1);
@@ -395,7 +395,7 @@ TEST(Vec2Dbl, IsParallelToAtTheAngularBoundary)
 
 TEST(Vec2Dbl, IsParallelToPassesWhenRoundingTakesTheCosineAbove1)
 {
-    // Q is 1 + 2^-52 here: 1 − Q is negative, no magnitude is taken, and it is within a tolerance of 0.
+    // Q is 1 + 2^-52 here: 1 − Q is negative, its magnitude is not taken, and it is within a tolerance of 0.
     for (Vec2Dbl const& v : {Vec2Dbl(0x1.f3c6f11af6264p+2, 0x1.3ee03c5ea78eap+2),
                              Vec2Dbl(0x1.0eda379ad0a8ap+2, 0x1.39216ab7771d8p+2)}) {
         EXPECT_EQ(v.IsParallelTo(3.0 * v, 0.0), 1);
@@ -429,7 +429,7 @@ TEST(Vec2Dbl, IsPerpendicularToAtTheAngularBoundary)
         EXPECT_EQ(each.a.IsPerpendicularTo(each.b, each.value), 1);
         EXPECT_EQ(each.a.IsPerpendicularTo(each.b, Below(each.value)), 0);
     }
-    // Here the other orders round up to the next double.
+    // In the other orders it rounds up to the next double.
     Vec2Dbl const a(0x1.eab35711c24cp+2, -0x1.567346eecd37fp+2);
     Vec2Dbl const b(-0x1.467b6e6cb7c8dp+2, -0x1.afd0959e2118cp+3);
     EXPECT_EQ(a.IsPerpendicularTo(b, 0x1.ed19ff2a39334p-5), 1);
@@ -456,12 +456,12 @@ TEST(Vec2Dbl, IsUnitParallelTo)
 {
     Vec2Dbl const x(1.0, 0.0);
     EXPECT_EQ(x.IsUnitParallelTo(-x), 1);
-    EXPECT_EQ((2.0 * x).IsUnitParallelTo(x), 0); // |1 − 4|: too long is as wrong as too short
+    EXPECT_EQ((2.0 * x).IsUnitParallelTo(x), 0); // |1 − 4|: too long fails like too short
     EXPECT_EQ((2.0 * x).IsUnitParallelTo(x, 3.0), 1);
     EXPECT_EQ((2.0 * x).IsUnitParallelTo(x, Below(3.0)), 0);
     EXPECT_EQ(x.IsUnitParallelTo(-0.5 * x, 0.75), 1);
     EXPECT_EQ(x.IsUnitParallelTo(-0.5 * x, Below(0.75)), 0);
-    EXPECT_EQ(Vec2Dbl(0.0).IsUnitParallelTo(x, 1.0), 1); // no length is tested
+    EXPECT_EQ(Vec2Dbl(0.0).IsUnitParallelTo(x, 1.0), 1); // the length is not tested
     EXPECT_EQ(x.IsUnitParallelTo(x, nan), 0);
     EXPECT_EQ(x.IsUnitParallelTo(Vec2Dbl(nan), 1.0), 0);
 }
@@ -484,7 +484,7 @@ TEST(Vec2Dbl, IsUnitPerpendicularTo)
     EXPECT_EQ(x.IsUnitPerpendicularTo(x), 0);
     EXPECT_EQ(x.IsUnitPerpendicularTo(-0.5 * x, 0.25), 1);
     EXPECT_EQ(x.IsUnitPerpendicularTo(-0.5 * x, Below(0.25)), 0);
-    EXPECT_EQ(Vec2Dbl(0.0).IsUnitPerpendicularTo(x, 0.0), 1); // no length is tested
+    EXPECT_EQ(Vec2Dbl(0.0).IsUnitPerpendicularTo(x, 0.0), 1); // the length is not tested
 }
 
 // ---- Angles and area -------------------------------------------------------------------------------
@@ -501,7 +501,7 @@ TEST(Vec2Dbl, GetAngleWith)
     EXPECT_NEAR(Vec2Dbl(0x1.429f8d89f85bcp+1, -0x1.8f6778e6e4a76p+1)
                     .GetAngleWith(Vec2Dbl(-0x1.139b59596febp+2, 0x1.273efd12c0ef4p+2)),
                 0x1.88f7104ba1612p+1, 0x1p-51);
-    // Whatever the lengths: neither the dot product nor the squared lengths overflow or underflow.
+    // For any lengths: neither the dot product nor the squared lengths overflow or underflow.
     EXPECT_NEAR(Vec2Dbl(1e-200, 0.0).GetAngleWith(Vec2Dbl(-1e200, 1e200)), 3 * pi / 4, 1e-15);
     EXPECT_SAME_BITS(Vec2Dbl(1e-200, 0.0).GetAngleWith(Vec2Dbl(1e-200, 0.0)), 0.0);
     EXPECT_NEAR(Vec2Dbl(-1e200, 0.0).GetAngleWith(Vec2Dbl(1e200, 1e200)), 3 * pi / 4, 1e-15);
@@ -574,7 +574,7 @@ TEST(Vec2Dbl, GetAreaFormedByTriangleWithIsSigned)
     EXPECT_EQ(a.GetAreaFormedByTriangleWith(b), 6.0);
     EXPECT_EQ(b.GetAreaFormedByTriangleWith(a), -6.0);
     EXPECT_SAME_BITS(b.GetAreaFormedByTriangleWith(b), 0.0); // never NaN for parallel vectors
-    // Half of the rounded cross product, and no root of A·B − d·d, which would lose these digits.
+    // Half of the rounded cross product, without a root of A·B − d·d, which would lose these digits.
     EXPECT_SAME_BITS(Vec2Dbl(1.0, 1.0).GetAreaFormedByTriangleWith(Vec2Dbl(1.0, 1.0 + 0x1p-40)), 0x1p-41);
     EXPECT_SAME_BITS(Vec2Dbl(0x1p-1074, 0.0).GetAreaFormedByTriangleWith(Vec2Dbl(0.0, 1.0)), 0.0);
 }

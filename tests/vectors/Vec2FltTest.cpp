@@ -19,7 +19,7 @@ constexpr float pi = 0x1.921fb6p+1f; // the single nearest π
 
 // ---- Construction ----------------------------------------------------------------------------------
 
-// Narrowing takes an assignment or Vec2Dbl::ToVec2Flt, so that it never happens unseen.
+// To narrow, assign or call Vec2Dbl::ToVec2Flt, so that narrowing is always visible.
 TEST(Vec2Flt, NoConstructorNarrows)
 {
     static_assert(!std::is_constructible_v<Vec2Flt, Vec2Dbl>, "");
@@ -52,7 +52,7 @@ TEST(Vec2Flt, AssignmentFromVec2DblRoundsToNearest)
     Vec2Flt v(9.0f);
     EXPECT_EQ(&(v = Vec2Dbl(1e-50, 1e40)), &v);
     ExpectBits(v, 0.0f, infinityFlt);
-    v = Vec2Dbl(1.0 + 0x1p-24, 1.0 + 3 * 0x1p-24); // halfway goes to even
+    v = Vec2Dbl(1.0 + 0x1p-24, 1.0 + 3 * 0x1p-24); // a tie rounds to even
     ExpectBits(v, 1.0f, 1.0f + 0x1p-22f);
     v = Vec2Dbl(1.0 + 0x1p-24 + 0x1p-52, nan);
     ExpectBits(v, 1.0f + 0x1p-23f, nanFlt);
@@ -60,7 +60,7 @@ TEST(Vec2Flt, AssignmentFromVec2DblRoundsToNearest)
 
 // ---- Products: rounded once ------------------------------------------------------------------------
 
-// By exact arithmetic; products that are rounded by themselves give a neighbouring single.
+// By exact arithmetic; products rounded separately give a neighbouring single.
 TEST(Vec2Flt, Dot)
 {
     Vec2Flt const a(0x1.f2b86cp+1f, -0x1.523fdap+2f);
@@ -96,7 +96,7 @@ TEST(Vec2Flt, Length)
     EXPECT_SAME_BITS(Vec2Flt(-0x1.9a1a78p+1f, 0x1.75a098p+2f).Length(), 0x1.aa3258p+2f);
     EXPECT_SAME_BITS(Vec2Flt(0x1.16db34p+2f, 0x1.11b00ep+2f).Length(), 0x1.86b986p+2f);
     EXPECT_SAME_BITS(Vec2Flt(3.0f, -4.0f).Length(), 5.0f);
-    // Unlike that of a double vector it has the range of the rounded square alone.
+    // Unlike that of a double vector, its range is limited by the rounded square.
     EXPECT_SAME_BITS(Vec2Flt(1e20f, 0.0f).Length(), infinityFlt);
     EXPECT_SAME_BITS(Vec2Flt(1e-30f, 0.0f).Length(), 0.0f);
     EXPECT_SAME_BITS(Vec2Flt(nanFlt, 0.0f).Length(), nanFlt);
@@ -111,7 +111,7 @@ TEST(Vec2Flt, Normalize)
     Vec2Flt null(0.0f, -0.0f);
     EXPECT_THROW(null.Normalize(), VexorNullVector);
     ExpectBits(null, 0.0f, -0.0f);
-    Vec2Flt tiny(1e-30f, 0.0f); // not null: no raise, and a division by a length that rounds to 0
+    Vec2Flt tiny(1e-30f, 0.0f); // not null: does not raise, but divides by a length that rounds to 0
     tiny.Normalize();
     ExpectBits(tiny, infinityFlt, nanFlt);
     Vec2Flt big(1e30f, -1.0f);
@@ -141,7 +141,7 @@ TEST(Vec2Flt, ExtremesGoToYOnATieAndForNan)
             EXPECT_SAME_BITS(v.MinValue(), isXLess ? x : y);
             EXPECT_EQ(v.MaxValueIdx(), isXGreater ? 0 : 1);
             EXPECT_EQ(v.MinValueIdx(), isXLess ? 0 : 1);
-            // A magnitude has the sign of the value flipped where that is not above 0.
+            // A magnitude is the value with its sign flipped unless the value is above 0.
             float const a = x > 0.0f ? x : -x;
             float const b = y > 0.0f ? y : -y;
             EXPECT_SAME_BITS(v.MaxAbsValue(), std::fabs(x) > std::fabs(y) ? a : b);
@@ -164,12 +164,12 @@ TEST(Vec2Flt, IsZeroLength)
     EXPECT_EQ(Vec2Flt(1e-5f, 0.0f).IsZeroLength(-0.0f), 0);
     EXPECT_EQ(Vec2Flt(3.0f, 4.0f).IsZeroLength(25.0f), 1);
     EXPECT_EQ(Vec2Flt(3.0f, 4.0f).IsZeroLength(Below(25.0f)), 0);
-    // The squared length rounds to 0 where the vector is not null.
+    // The squared length rounds to 0 although the vector is not null.
     EXPECT_EQ(Vec2Flt(1e-30f, 0.0f).IsZeroLength(0.0f), 1);
     EXPECT_EQ(Vec2Flt(1e-30f, 0.0f).IsNull(), 0);
     EXPECT_EQ(Vec2Flt(0.0f).IsZeroLength(nanFlt), 0);
-    // It is the rounded square that is compared: 0x1.58e896p+5 here, a little below the exact one,
-    // for which the tolerance named would be too small.
+    // The rounded square is compared: 0x1.58e896p+5 here, slightly below the exact one,
+    // for which the given tolerance would be too small.
     EXPECT_EQ(Vec2Flt(0x1.f2b86cp+1f, -0x1.523fdap+2f).IsZeroLength(0x1.58e896p+5f), 1);
     EXPECT_EQ(Vec2Flt(0x1.f2b86cp+1f, -0x1.523fdap+2f).IsZeroLength(Below(0x1.58e896p+5f)), 0);
 }
@@ -196,9 +196,9 @@ TEST(Vec2Flt, IsEqualTo)
     EXPECT_EQ(x.IsEqualTo(Vec2Flt(1.0f, 1.0f), Below(0.5f), 1.0f), 0);
 }
 
-// By exact arithmetic: the squared length of the rounded difference rounds to the tolerance named. The
+// By exact arithmetic: the squared length of the rounded difference rounds to the given tolerance. The
 // unrounded difference, and rounded squares, give the next single above; the sum left in double would
-// lie above the tolerance.
+// be above the tolerance.
 TEST(Vec2Flt, IsEqualToRoundsTheDifferenceAndItsSquare)
 {
     Vec2Flt const a(0x1.f884dp+5f, 0x1.d7de0cp+5f);
@@ -237,9 +237,9 @@ TEST(Vec2Flt, DirectionTestsOfAZeroLengthOperandGive0)
     EXPECT_EQ(five.IsParallelTo(ten, 0.0f, nanFlt), 1);
 }
 
-// By exact arithmetic with d, A and B rounded, Q in double and 1 − Q rounded: one unit below it the test
-// fails. With d, A and B left in double, with d·d or Q rounded, the value is another; 1 − Q left in
-// double lies above the tolerance.
+// By exact arithmetic with d, A and B rounded, Q in double and 1 − Q rounded: with one unit less the test
+// fails. With d, A and B left in double, or with d·d or Q rounded, the value differs; 1 − Q left in
+// double is above the tolerance.
 TEST(Vec2Flt, IsParallelToAtTheAngularBoundary)
 {
     struct Case {
@@ -260,7 +260,7 @@ TEST(Vec2Flt, IsParallelToAtTheAngularBoundary)
     }
 }
 
-// The same for Q: the first rounds down, so that Q left in double lies above the tolerance.
+// The same for Q: the first one rounds down, so Q left in double is above the tolerance.
 TEST(Vec2Flt, IsPerpendicularToAtTheAngularBoundary)
 {
     Vec2Flt const a(-0x1.5397dep+1f, -0x1.27fc8ep+2f);
@@ -281,7 +281,7 @@ TEST(Vec2Flt, IsUnitParallelTo)
     EXPECT_EQ((2.0f * x).IsUnitParallelTo(x, 3.0f), 1);
     EXPECT_EQ((2.0f * x).IsUnitParallelTo(x, Below(3.0f)), 0);
     EXPECT_EQ(x.IsUnitParallelTo(x, nanFlt), 0);
-    // d and 1 − d² are rounded, d² is not; 1 − d² left in double lies above the tolerance.
+    // d and 1 − d² are rounded, d² is not; 1 − d² left in double is above the tolerance.
     Vec2Flt const a(0x1.8cfc8ep-1f, -0x1.0d09e2p-1f);
     Vec2Flt const b(0x1.82c508p-1f, -0x1.934636p-1f);
     EXPECT_EQ(a.IsUnitParallelTo(b, 0x1.a52a56p-11f), 1);
@@ -311,7 +311,7 @@ TEST(Vec2Flt, IsUnitPerpendicularTo)
     Vec2Flt const x(1.0f, 0.0f);
     EXPECT_EQ(x.IsUnitPerpendicularTo(Vec2Flt(0.0f, 1.0f)), 1);
     EXPECT_EQ(x.IsUnitPerpendicularTo(x), 0);
-    // d rounded, then d² rounded: d² left in double lies above the tolerance, and that of the unrounded
+    // d rounded, then d² rounded: d² left in double is above the tolerance, and that of the unrounded
     // d rounds to the next single.
     Vec2Flt const a(-0x1.229de4p-1f, -0x1.95aba8p-1f);
     Vec2Flt const b(-0x1.68edd4p-1f, -0x1.55704p-1f);

@@ -87,7 +87,7 @@ TEST(Vec2Int, GetValue)
     ExpectIs(Vec2Int(values), 1, 2);
     EXPECT_EQ(values[2], 9);
     Vec2Int w(1, 2);
-    w.GetValue(w.y, w.x); // what each reference gets is what the vector held before
+    w.GetValue(w.y, w.x); // each reference gets the value that the vector held before
     ExpectIs(w, 2, 1);
 }
 
@@ -227,7 +227,7 @@ TEST(Vec2Int, IsNullAndIsZeroLengthAreOne)
     EXPECT_EQ(Vec2Int(0).IsNull(), 1);
     EXPECT_EQ(Vec2Int(0).IsZeroLength(), 1);
     for (Vec2Int const& v : {Vec2Int(1, 0), Vec2Int(0, 1), Vec2Int(1, -1), Vec2Int(INT_MIN)}) {
-        EXPECT_EQ(v.IsNull(), 0); // of the last, the length wraps to 0
+        EXPECT_EQ(v.IsNull(), 0); // of the last one, the length wraps to 0
         EXPECT_EQ(v.IsZeroLength(), 0);
     }
 }

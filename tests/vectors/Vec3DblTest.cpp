@@ -75,7 +75,7 @@ TEST(Vec3Dbl, AssignmentFromVec3FltWidensExactly)
 
 TEST(Vec3Dbl, ToVec3FltRoundsToNearest)
 {
-    // Halfway cases go to the even single; beyond the largest single by half a unit lies infinity.
+    // Ties round to the even single; half a unit beyond the largest single lies infinity.
     ExpectBits(Vec3Dbl(1.0 + 0x1p-24, 1.0 + 3 * 0x1p-24, 1.0 + 0x1p-24 + 0x1p-52).ToVec3Flt(), 1.0f,
                1.0f + 0x1p-22f, 1.0f + 0x1p-23f);
     ExpectBits(Vec3Dbl(1e300, -1e300, 0x1.ffffffp+127).ToVec3Flt(), infinityFlt, -infinityFlt, infinityFlt);
@@ -94,7 +94,7 @@ TEST(Vec3Dbl, Dot)
 
 TEST(Vec3Dbl, DotAddsXAndYFirst)
 {
-    // 1e16 + 1 is halfway between doubles and goes back to 1e16, so that only this order gives 0.
+    // 1e16 + 1 is a tie and rounds to 1e16, so only this order gives 0.
     EXPECT_SAME_BITS(Vec3Dbl(1e16, Opaque(1.0), -1e16).Dot(Vec3Dbl(1.0)), 0.0);
     EXPECT_SAME_BITS(Vec3Dbl(1e16, -1e16, Opaque(1.0)).Dot(Vec3Dbl(1.0)), 1.0);
     EXPECT_SAME_BITS(Vec3Dbl(Opaque(1.0), 1e16, -1e16).Dot(Vec3Dbl(1.0)), 0.0);
@@ -119,8 +119,8 @@ TEST(Vec3Dbl, Cross)
 
 TEST(Vec3Dbl, CrossSubtractsInTheStatedOrder)
 {
-    // With 0 and −0 the sign of a vanishing difference tells which product is the minuend:
-    // y·oz − oy·z = (−0) − (+0) = −0, while the other way round it would be +0.
+    // With 0 and −0 the sign of a zero difference shows which product is the minuend:
+    // y·oz − oy·z = (−0) − (+0) = −0; in the reverse order it would be +0.
     EXPECT_SAME_BITS(Vec3Dbl(5.0, -1.0, 1.0).Cross(Vec3Dbl(5.0, 0.0, 0.0)).x, -0.0);
     EXPECT_SAME_BITS(Vec3Dbl(1.0, 5.0, -1.0).Cross(Vec3Dbl(0.0, 5.0, 0.0)).y, -0.0);
     EXPECT_SAME_BITS(Vec3Dbl(1.0, 1.0, 5.0).Cross(Vec3Dbl(0.0, -0.0, 5.0)).z, -0.0);
@@ -234,8 +234,8 @@ TEST(Vec3Dbl, MinAbsValue)
     EXPECT_SAME_BITS(Vec3Dbl(-0.0, 1.0, 2.0).MinAbsValue(), 0.0);
 }
 
-// The later of equal candidates wins, for maximum and minimum alike: scan from the front and let an
-// equal one take over.
+// On a tie the later index wins, for maximum and minimum alike: scan from the front and let an equal
+// component take over.
 TEST(Vec3Dbl, IndicesOfExtremesGoToTheLaterOfEqualOnes)
 {
     for (Vec3Dbl const& v : SmallVectors()) {
@@ -366,7 +366,7 @@ TEST(Vec3Dbl, LessWithNan)
     EXPECT_EQ(Vec3Dbl(1.0, 1.0, 0.0) < Vec3Dbl(1.0, nan, 1.0), 0);
     EXPECT_EQ(Vec3Dbl(1.0, 1.0, nan) < Vec3Dbl(1.0, 1.0, 1.0), 0);
     EXPECT_EQ(Vec3Dbl(1.0, 1.0, 0.0) < Vec3Dbl(1.0, 1.0, nan), 0);
-    // A NaN behind the deciding component is never looked at.
+    // A NaN after the deciding component is not read.
     EXPECT_EQ(Vec3Dbl(0.0, nan, nan) < Vec3Dbl(1.0, 1.0, 1.0), 1);
     EXPECT_EQ(Vec3Dbl(1.0, 0.0, nan) < Vec3Dbl(1.0, 1.0, nan), 1);
 }
@@ -377,9 +377,9 @@ TEST(Vec3Dbl, IsEqualTo)
 {
     Vec3Dbl const x(1.0, 0.0, 0.0);
     EXPECT_EQ(x.IsEqualTo(x), 1);
-    EXPECT_EQ(x.IsEqualTo(Vec3Dbl(1.0, 1e-6, 0.0)), 0); // near enough, but the angle fails
+    EXPECT_EQ(x.IsEqualTo(Vec3Dbl(1.0, 1e-6, 0.0)), 0); // close enough, but the angle fails
     EXPECT_EQ(x.IsEqualTo(Vec3Dbl(1.000001, 0.0, 0.0)), 1);
-    EXPECT_EQ(x.IsEqualTo(Vec3Dbl(1.00002, 0.0, 0.0)), 0); // the direction is the same, but too far
+    EXPECT_EQ(x.IsEqualTo(Vec3Dbl(1.00002, 0.0, 0.0)), 0); // the same direction, but too far
     EXPECT_EQ(x.IsEqualTo(-x, 1.0, 100.0), 0);
     EXPECT_EQ(x.IsEqualTo(Vec3Dbl(nan, 0.0, 0.0), 1.0, 100.0), 0);
 }
@@ -400,7 +400,7 @@ TEST(Vec3Dbl, IsEqualToOfAShortVectorIsFalseEvenForItself)
     Vec3Dbl const tiny(1e-6, 0.0, 0.0);
     EXPECT_EQ(tiny.IsEqualTo(tiny), 0);
     EXPECT_EQ(tiny.IsEqualTo(tiny, -1.0, 1.0), 0);
-    EXPECT_EQ(tiny.IsEqualTo(tiny, 10.0, 0.0), 0); // a length of 0 is not handed on to the direction test
+    EXPECT_EQ(tiny.IsEqualTo(tiny, 10.0, 0.0), 0); // a length of 0 is not passed on to the direction test
     RestoreTolerance const restore;
     gVexorTolerance.SetLength(1e-7);
     EXPECT_EQ(tiny.IsEqualTo(tiny), 1);
@@ -408,7 +408,7 @@ TEST(Vec3Dbl, IsEqualToOfAShortVectorIsFalseEvenForItself)
 
 TEST(Vec3Dbl, IsEqualToTestsTheDirectionWithTheGlobalLength)
 {
-    // The caller's length tolerance covers both vectors, and they are equal all the same.
+    // The caller's length tolerance covers both vectors, and they are equal nevertheless.
     EXPECT_EQ(Vec3Dbl(2.0, 0.0, 0.0).IsEqualTo(Vec3Dbl(3.0, 0.0, 0.0), -1.0, 100.0), 1);
 }
 
@@ -474,7 +474,7 @@ TEST(Vec3Dbl, DirectionTestsAtTheLengthBoundary)
     }
 }
 
-// At the tolerance named, the test passes, and one unit in the last place below it does not. The value
+// With the given tolerance the test passes, and with one a unit in the last place below it fails. The value
 // is that of 1 − ((d·d) / A) / B in this order, worked in exact arithmetic with a rounding at each
 // step; the quotient by A·B, the other order of the divisions, and the squared cosine through lengths
 // give another.
@@ -523,7 +523,7 @@ TEST(Vec3Dbl, IsParallelToDividesByATinySquaredLengthAsItStands)
     Vec3Dbl const other(9, 1, 7);
     double const sineSquared = 0x1.63b0baf938258p-3;
     EXPECT_EQ(tiny.IsParallelTo(other, sineSquared, 0.0), 1);
-    EXPECT_EQ(other.IsParallelTo(tiny, 0x1.63b0baf93825cp-3, 0.0), 1); // B and A change places
+    EXPECT_EQ(other.IsParallelTo(tiny, 0x1.63b0baf93825cp-3, 0.0), 1); // B and A exchanged
     EXPECT_EQ(other.IsParallelTo(tiny, 0x1.63b0baf93825bp-3, 0.0), 0);
     EXPECT_EQ(tiny.IsParallelTo(other, 0x1.63b0baf938257p-3, 0.0), 0);
     EXPECT_EQ(tiny.IsParallelTo(other, sineSquared), 0); // shorter than the global's tolerance
@@ -586,7 +586,7 @@ TEST(Vec3Dbl, IsUnitParallelTo)
     EXPECT_EQ(x.IsUnitParallelTo(x), 1);
     EXPECT_EQ(x.IsUnitParallelTo(-x), 1);
     EXPECT_EQ(x.IsUnitParallelTo(Vec3Dbl(0.0, 1.0, 0.0)), 0);
-    EXPECT_EQ((2.0 * x).IsUnitParallelTo(2.0 * x), 0); // |1 − 16|: too long is as wrong as too short
+    EXPECT_EQ((2.0 * x).IsUnitParallelTo(2.0 * x), 0); // |1 − 16|: too long fails like too short
     EXPECT_EQ((2.0 * x).IsParallelTo(2.0 * x), 1);
     for (double d : {0.5, -0.5}) { // 1 − d² is 0.75
         EXPECT_EQ(x.IsUnitParallelTo(d * x, 0.75), 1);
@@ -594,7 +594,7 @@ TEST(Vec3Dbl, IsUnitParallelTo)
     }
     EXPECT_EQ(x.IsUnitParallelTo(2.0 * x, 3.0), 1); // |1 − 4|
     EXPECT_EQ(x.IsUnitParallelTo(2.0 * x, Below(3.0)), 0);
-    EXPECT_EQ(Vec3Dbl(0.0).IsUnitParallelTo(x, 1.0), 1); // no length is tested
+    EXPECT_EQ(Vec3Dbl(0.0).IsUnitParallelTo(x, 1.0), 1); // the length is not tested
     EXPECT_EQ(x.IsUnitParallelTo(x, nan), 0);
     EXPECT_EQ(x.IsUnitParallelTo(Vec3Dbl(nan), 1.0), 0);
 }
@@ -619,7 +619,7 @@ TEST(Vec3Dbl, IsUnitPerpendicularTo)
     EXPECT_EQ(x.IsUnitPerpendicularTo(x), 0);
     EXPECT_EQ(x.IsUnitPerpendicularTo(-0.5 * x, 0.25), 1);
     EXPECT_EQ(x.IsUnitPerpendicularTo(-0.5 * x, Below(0.25)), 0);
-    EXPECT_EQ(Vec3Dbl(0.0).IsUnitPerpendicularTo(x, 0.0), 1); // no length is tested
+    EXPECT_EQ(Vec3Dbl(0.0).IsUnitPerpendicularTo(x, 0.0), 1); // the length is not tested
     EXPECT_EQ(x.IsUnitPerpendicularTo(x, nan), 0);
 }
 
@@ -649,7 +649,7 @@ TEST(Vec3Dbl, GetAngleWithNeverLeavesTheDomainOfTheArcCosine)
     }
 }
 
-// Whatever the lengths: neither the dot product nor the squared lengths overflow or underflow.
+// For any lengths: neither the dot product nor the squared lengths overflow or underflow.
 TEST(Vec3Dbl, GetAngleWithHasTheRangeOfADouble)
 {
     EXPECT_SAME_BITS(Vec3Dbl(1e-200, 0.0, 0.0).GetAngleWith(Vec3Dbl(1e-200, 0.0, 0.0)), 0.0);
@@ -678,10 +678,10 @@ TEST(Vec3Dbl, GetCCWAngleWith)
     EXPECT_SAME_BITS(y.GetCCWAngleWith(x, up), 6.283185307179586 - pi / 2);
     EXPECT_NEAR(x.GetCCWAngleWith(Vec3Dbl(1.0, 1.0, 0.0), up), pi / 4, 1e-15);
     EXPECT_NEAR(x.GetCCWAngleWith(Vec3Dbl(-1.0, -1.0, 0.0), up), 5 * pi / 4, 2e-15);
-    // Only the side of the normal counts, not its length or its slope.
+    // Only the side of the normal matters, not its length or its slope.
     EXPECT_SAME_BITS(x.GetCCWAngleWith(y, Vec3Dbl(100.0, -50.0, 1e-3)), pi / 2);
     EXPECT_SAME_BITS(x.GetCCWAngleWith(y, Vec3Dbl(0.0, 0.0, -1e-300)), 6.283185307179586 - pi / 2);
-    // Without a side, the angle itself.
+    // Without a side the result is the angle itself.
     EXPECT_SAME_BITS(x.GetCCWAngleWith(y, Vec3Dbl(0.0)), pi / 2);
     EXPECT_SAME_BITS(x.GetCCWAngleWith(y, x), pi / 2);
     EXPECT_SAME_BITS(x.GetCCWAngleWith(y, Vec3Dbl(nan)), pi / 2);
@@ -710,7 +710,7 @@ TEST(Vec3Dbl, GetCCWAngleWithOfParallelVectors)
 
 TEST(Vec3Dbl, GetCCWAngleWithFollowsTheGlobal)
 {
-    // 41° apart, and as far from opposite: within both tolerances that counts as equal and as opposite.
+    // 41° apart, and as far from opposite: within both tolerances this counts as equal and as opposite.
     RestoreTolerance const restore;
     gVexorTolerance.sin2Angle = 0.5f;
     gVexorTolerance.lengthSquared = 0.9f;
@@ -719,9 +719,9 @@ TEST(Vec3Dbl, GetCCWAngleWithFollowsTheGlobal)
     EXPECT_SAME_BITS(x.GetCCWAngleWith(Vec3Dbl(-0.75, 0.65, 0.0), Vec3Dbl(0.0, 0.0, 1.0)), pi);
 }
 
-// Two unit vectors that differ by no more than the length tolerance have a cross product within it too,
-// but for rounding. Here the rounded difference is within the tolerance named and the rounded cross
-// product is not, so that the test for equal and for opposite vectors alone keeps an angle out of it.
+// Two unit vectors that differ by at most the length tolerance also have a cross product within it, up to
+// rounding. Here the rounded difference is within the given tolerance and the rounded cross
+// product is not, so only the test for equal and for opposite vectors excludes an angle.
 TEST(Vec3Dbl, GetCCWAngleWithTestsEqualAndOppositeVectorsFirst)
 {
     RestoreTolerance const restore;
@@ -761,7 +761,7 @@ TEST(Vec3Dbl, GetAreaFormedByTriangleWith)
     EXPECT_EQ(Vec3Dbl(3.0, 0.0, 0.0).GetAreaFormedByTriangleWith(Vec3Dbl(5.0, 4.0, 0.0)), 6.0);
     EXPECT_EQ(Vec3Dbl(5.0, 4.0, 0.0).GetAreaFormedByTriangleWith(Vec3Dbl(3.0, 0.0, 0.0)), 6.0);
     EXPECT_EQ(Vec3Dbl(1.0, 2.0, 3.0).GetAreaFormedByTriangleWith(Vec3Dbl(0.0)), 0.0);
-    // The root of A·B − d·d, which here differs from half the length of the cross product.
+    // The root of A·B − d·d, which differs here from half the length of the cross product.
     Vec3Dbl const a(-0x1.35274d6608139p+0, -0x1.72e315a1e9e8p+1, -0x1.b6b5e7df20339p-1);
     Vec3Dbl const b(-0x1.1c4e46a3f8f5bp+2, -0x1.fb183a02ef9bap+2, -0x1.f05f9445093c3p+2);
     EXPECT_SAME_BITS(a.GetAreaFormedByTriangleWith(b), 0x1.0f6fb9a65ffp+3);
@@ -770,7 +770,7 @@ TEST(Vec3Dbl, GetAreaFormedByTriangleWith)
 TEST(Vec3Dbl, GetAreaFormedByTriangleWithAParallelVectorCanBeNan)
 {
     Vec3Dbl const v(-0x1.d7a07ee206d4ep-3, -0x1.bc8d1f948e3a2p+1, 0x1.26f1335450f8fp+3);
-    EXPECT_SAME_BITS(v.GetAreaFormedByTriangleWith(3.0 * v), nan); // the difference comes to −2^-36
+    EXPECT_SAME_BITS(v.GetAreaFormedByTriangleWith(3.0 * v), nan); // the difference is −2^-36
 }
 
 // ---- Projection, perpendiculars, rotation ------------------------------------------------------------------
@@ -803,7 +803,7 @@ TEST(Vec3Dbl, GetPerpendicular)
     ExpectBits(Vec3Dbl(3.0, 3.5, 4.0).GetPerpendicular(), -4.0 / 5.0, 0.0, 3.0 / 5.0);
     ExpectBits(Vec3Dbl(-4.0, 3.5, 3.0).GetPerpendicular(), 3.0 / 5.0, 0.0, 4.0 / 5.0);
     ExpectBits(Vec3Dbl(3.5, -3.0, 4.0).GetPerpendicular(), 0.0, -4.0 / 5.0, -3.0 / 5.0);
-    // All alike: the smallest is x and the largest z.
+    // All equal: the smallest is x and the largest z.
     double const half = std::sqrt(0.5);
     ExpectNear(Vec3Dbl(2.0).GetPerpendicular(), -half, 0.0, half, 1e-15);
 }
@@ -838,7 +838,7 @@ TEST(Vec3Dbl, GetPerpendicularNearestTo)
 
 TEST(Vec3Dbl, GetPerpendicularNearestToDependsOnTheScale)
 {
-    // The part of the reference across the vector counts times the vector's squared length.
+    // Only the part of the reference perpendicular to the vector matters, times the vector's squared length.
     Vec3Dbl const reference(0.0, 1e-3, 0.0);
     ExpectBits(Vec3Dbl(1.0, 0.0, 0.0).GetPerpendicularNearestTo(reference), 0.0, 1.0, 0.0);
     ExpectBits(Vec3Dbl(1e-2, 0.0, 0.0).GetPerpendicularNearestTo(reference), 0.0, -1.0, 0.0);
@@ -885,8 +885,8 @@ TEST(Vec3Dbl, RotateAboutAnAxisThatIsNotUnit)
 #if defined(VEXOR_CHECKED)
     GTEST_SKIP() << "a checked build stops on an axis that is not unit";
 #endif
-    // The axis (0, 0, 2) has p = (−1, 0, 0) and q = axis × p = (0, −2, 0): across the axis the
-    // components come back times 1 and 4, along it times 4.
+    // The axis (0, 0, 2) has p = (−1, 0, 0) and q = axis × p = (0, −2, 0): the components perpendicular
+    // to the axis are multiplied by 1 and 4, the one along it by 4.
     Vec3Dbl const axis(0.0, 0.0, 2.0);
     Vec3Dbl v(1.0, 1.0, 1.0);
     v.Rotate(axis, 0.0);
@@ -895,7 +895,7 @@ TEST(Vec3Dbl, RotateAboutAnAxisThatIsNotUnit)
 
 TEST(Vec3Dbl, RotateAboutANullAxis)
 {
-    // It has p = (1, 0, 0) and q = 0: x is left, times the cosine.
+    // This axis has p = (1, 0, 0) and q = 0: only x is left, times the cosine.
     Vec3Dbl w(2.0, 3.0, 4.0);
     w.Rotate(Vec3Dbl(0.0), Opaque(1.0));
     ExpectNear(w, 2.0 * 0.54030230586813972, 0.0, 0.0, 1e-15);

@@ -10,9 +10,9 @@
 
 using namespace vexor_test;
 
-// Where a case gives operands and a result as hexadecimal constants, the result is worked outside the
-// library in exact arithmetic with a rounding at each step that the class names, and another place of
-// any of these roundings gives other bits.
+// If a case has hexadecimal operands and results, the result was worked outside the library
+// in exact arithmetic with a rounding at each step that the class names. Rounding at any other place
+// gives other bits.
 
 namespace {
 
@@ -36,7 +36,7 @@ std::vector<Vec3Flt> SmallVectors()
 TEST(Vec3Flt, AssignmentFromVec3DblRoundsToNearest)
 {
     Vec3Flt v(9.0f);
-    // Halfway cases go to the even single.
+    // Ties round to the even single.
     EXPECT_EQ(&(v = Vec3Dbl(1.0 + 0x1p-24, 1.0 + 3 * 0x1p-24, 1.0 + 0x1p-24 + 0x1p-52)), &v);
     ExpectBits(v, 1.0f, 1.0f + 0x1p-22f, 1.0f + 0x1p-23f);
     v = Vec3Dbl(1e300, -1e-300, nan);
@@ -49,7 +49,7 @@ TEST(Vec3Flt, AssignmentFromVec3DblRoundsToNearest)
 
 TEST(Vec3Flt, DivideAssignTrulyDivides)
 {
-    Vec3Flt v(356.0f, 478.0f, 496.0f); // of each, the product with 1/3 lies one unit above
+    Vec3Flt v(356.0f, 478.0f, 496.0f); // for each, the product with 1/3 is one unit higher
     EXPECT_EQ(&(v /= Opaque(3.0f)), &v);
     ExpectBits(v, 0x1.daaaaap+6f, 0x1.3eaaaap+7f, 0x1.4aaaaap+7f);
     Vec3Flt zero(0.0f, 1.0f, -1.0f);
@@ -64,7 +64,7 @@ TEST(Vec3Flt, DivideByScalarMultipliesByTheRoundedReciprocal)
 {
     ExpectBits(Vec3Flt(356.0f, 478.0f, 496.0f) / Opaque(3.0f), 0x1.daaaacp+6f, 0x1.3eaaacp+7f,
                0x1.4aaaacp+7f);
-    // Of each, a reciprocal left in double would give what the division gives.
+    // For each, a reciprocal left in double would give the result of the division.
     struct Case {
         float component, scalar, quotient;
     };
@@ -84,7 +84,7 @@ TEST(Vec3Flt, DivideByScalarMultipliesByTheRoundedReciprocal)
 TEST(Vec3Flt, DotRoundsTheWholeSumOnce)
 {
     EXPECT_EQ(Vec3Flt(1.0f, 2.0f, 3.0f).Dot(Vec3Flt(4.0f, -5.0f, 6.0f)), 12.0f);
-    // (1 + 2^-12)² − 1 keeps its 2^-24, which the square rounded by itself would lose.
+    // (1 + 2^-12)² − 1 keeps its 2^-24, which would be lost if the square were rounded alone.
     EXPECT_SAME_BITS(Vec3Flt(1.0f + 0x1p-12f, 1.0f, 0.0f).Dot(Vec3Flt(1.0f + 0x1p-12f, -1.0f, 0.0f)),
                      0x1p-11f + 0x1p-24f);
     EXPECT_SAME_BITS(Vec3Flt(-0x1.42f15cp+2f, 0x1.d3d05ap+2f, 0x1.21648cp+3f)
@@ -97,7 +97,7 @@ TEST(Vec3Flt, DotRoundsTheWholeSumOnce)
 
 TEST(Vec3Flt, DotAddsXAndYFirstInDouble)
 {
-    // 2^60 + 1 is 2^60 in double, so that the place of the 1 in the sum decides.
+    // 2^60 + 1 is 2^60 in double, so the position of the 1 in the sum decides.
     float const big = 0x1p+30f;
     EXPECT_SAME_BITS(Vec3Flt(big, 1.0f, big).Dot(Vec3Flt(big, 1.0f, -big)), 0.0f);
     EXPECT_SAME_BITS(Vec3Flt(1.0f, big, big).Dot(Vec3Flt(1.0f, big, -big)), 0.0f);
@@ -120,7 +120,7 @@ TEST(Vec3Flt, CrossRoundsEachDifferenceOnce)
 
 TEST(Vec3Flt, CrossSubtractsInTheStatedOrder)
 {
-    // (−0) − (+0) is −0, and the other way round +0.
+    // (−0) − (+0) is −0, and in the reverse order +0.
     EXPECT_SAME_BITS(Vec3Flt(5.0f, -1.0f, 1.0f).Cross(Vec3Flt(5.0f, 0.0f, 0.0f)).x, -0.0f);
     EXPECT_SAME_BITS(Vec3Flt(1.0f, 5.0f, -1.0f).Cross(Vec3Flt(0.0f, 5.0f, 0.0f)).y, -0.0f);
     EXPECT_SAME_BITS(Vec3Flt(1.0f, 1.0f, 5.0f).Cross(Vec3Flt(0.0f, -0.0f, 5.0f)).z, -0.0f);
@@ -131,7 +131,7 @@ TEST(Vec3Flt, CrossSubtractsInTheStatedOrder)
 TEST(Vec3Flt, LengthSquaredRoundsTheWholeSumOnce)
 {
     EXPECT_EQ(Vec3Flt(2.0f, -3.0f, 6.0f).LengthSquared(), 49.0f);
-    // (1 + 2^-12)² is a tie, which the 2^-26 behind it decides.
+    // (1 + 2^-12)² is a tie, which the following 2^-26 decides.
     EXPECT_SAME_BITS(Vec3Flt(1.0f + 0x1p-12f, 0x1p-13f, 0.0f).LengthSquared(), 1.0f + 0x1p-11f + 0x1p-23f);
     EXPECT_SAME_BITS(Vec3Flt(0x1.2f7bd6p+3f, 0x1.a2d504p+2f, -0x1.076134p+3f).LengthSquared(),
                      0x1.91072ap+7f);
@@ -149,7 +149,7 @@ TEST(Vec3Flt, LengthRoundsTheSumAndThenTheRoot)
     EXPECT_SAME_BITS(Vec3Flt(0x1.2ddebcp+0f, 0x1.88f552p+2f, -0x1.39babap+2f).Length(), 0x1.fc774cp+2f);
     EXPECT_SAME_BITS(Vec3Flt(-0.0f).Length(), 0.0f);
     EXPECT_SAME_BITS(Vec3Flt(nanFlt, 1.0f, infinityFlt).Length(), nanFlt);
-    // The rounded sum has the range of a single, however large the root would be.
+    // The rounded sum has the range of a single, for any size of the root.
     EXPECT_SAME_BITS(Vec3Flt(1e20f, 0.0f, 0.0f).Length(), infinityFlt);
     EXPECT_SAME_BITS(Vec3Flt(1e-30f, 0.0f, 0.0f).Length(), 0.0f);
 }
@@ -169,7 +169,7 @@ TEST(Vec3Flt, NormalizeRaisesForAnExactlyNullVectorOnly)
     Vec3Flt null(0.0f, -0.0f, 0.0f);
     EXPECT_THROW(null.Normalize(), VexorNullVector);
     ExpectBits(null, 0.0f, -0.0f, 0.0f);
-    // The rounded squared length vanishes, the vector is not null: the division by 0 goes its way.
+    // The rounded squared length underflows, but the vector is not null: the division by 0 is carried out.
     Vec3Flt tiny(1e-30f, 0.0f, -1e-30f);
     tiny.Normalize();
     ExpectBits(tiny, infinityFlt, nanFlt, -infinityFlt);
@@ -204,7 +204,7 @@ TEST(Vec3Flt, ValuesOfExtremes)
     EXPECT_SAME_BITS(Vec3Flt(-0.0f).MinAbsValue(), 0.0f);
 }
 
-// The later of equal candidates wins, for maximum and minimum alike.
+// On a tie the later index wins, for maximum and minimum alike.
 TEST(Vec3Flt, IndicesOfExtremesGoToTheLaterOfEqualOnes)
 {
     for (Vec3Flt const& v : SmallVectors()) {
@@ -267,8 +267,8 @@ TEST(Vec3Flt, IsZeroLength)
     EXPECT_EQ(Vec3Flt(2.0f, 3.0f, 6.0f).IsZeroLength(Below(49.0f)), 0);
     EXPECT_EQ(Vec3Flt(0.0f).IsZeroLength(nanFlt), 0);
     EXPECT_EQ(Vec3Flt(nanFlt).IsZeroLength(), 0);
-    // The length of the global is a single as well: the single 1e-5 lies just at it, where the double
-    // 1e-5 lies above.
+    // The length of the global is a single too: the single 1e-5 is exactly at it, the double 1e-5
+    // is above.
     EXPECT_EQ(Vec3Flt(1e-5f, 0.0f, 0.0f).IsZeroLength(), 1);
 }
 
@@ -288,7 +288,7 @@ TEST(Vec3Flt, IsEqualTo)
 {
     Vec3Flt const x(1.0f, 0.0f, 0.0f);
     EXPECT_EQ(x.IsEqualTo(x), 1);
-    EXPECT_EQ(x.IsEqualTo(Vec3Flt(1.0f, 1e-3f, 0.0f), -1.0f, 1.0f), 0); // near enough, but the angle fails
+    EXPECT_EQ(x.IsEqualTo(Vec3Flt(1.0f, 1e-3f, 0.0f), -1.0f, 1.0f), 0); // close enough, but the angle fails
     EXPECT_EQ(x.IsEqualTo(Vec3Flt(1.000001f, 0.0f, 0.0f)), 1);
     EXPECT_EQ(x.IsEqualTo(Vec3Flt(1.0001f, 0.0f, 0.0f)), 0);
     EXPECT_EQ(x.IsEqualTo(-x, 1.0f, 100.0f), 0);
@@ -323,7 +323,7 @@ TEST(Vec3Flt, IsEqualToRoundsTheDifferenceAndItsSquaredLength)
         {{1.0f, 0.0f, 0.0f}, {3.0f, 0.0f, 0.0f}, 4.0f},
     };
     for (Case const& each : cases) {
-        // With an angle tolerance of 1, a dot product above 0 is enough of a direction.
+        // With an angle tolerance of 1, a dot product above 0 suffices.
         EXPECT_EQ(each.a.IsEqualTo(each.b, 1.0f, each.value), 1);
         EXPECT_EQ(each.a.IsEqualTo(each.b, 1.0f, Below(each.value)), 0);
     }
@@ -358,7 +358,7 @@ TEST(Vec3Flt, DirectionTestsOfAZeroLengthOperandGive0)
 
 TEST(Vec3Flt, DirectionTestsAtTheLengthBoundary)
 {
-    // The squared length 1 + 2^-11 + 2^-24 rounds down to 1 + 2^-11, and counts as that.
+    // The squared length 1 + 2^-11 + 2^-24 rounds down to 1 + 2^-11, and the rounded value is compared.
     Vec3Flt const unit(1.0f + 0x1p-12f, 0.0f, 0.0f);
     Vec3Flt const twice(2.0f, 0.0f, 0.0f);
     Vec3Flt const across(0.0f, 2.0f, 0.0f);
@@ -446,7 +446,7 @@ TEST(Vec3Flt, IsUnitParallelToRoundsTheDotProductAndTheDifference)
          {-0x1.e84324p-1f, -0x1.a335dep-4f, 0x1.21d06ep-2f},
          0x1.7ffffep-22f},
         {{1.0f, 0.0f, 0.0f}, {0.5f, 0.0f, 0.0f}, 0.75f},
-        {{1.0f, 0.0f, 0.0f}, {2.0f, 0.0f, 0.0f}, 3.0f}, // |1 − 4|: too long is as wrong as too short
+        {{1.0f, 0.0f, 0.0f}, {2.0f, 0.0f, 0.0f}, 3.0f}, // |1 − 4|: too long fails like too short
     };
     for (Case const& each : cases) {
         EXPECT_EQ(each.a.IsUnitParallelTo(each.b, each.value), 1);
@@ -511,13 +511,13 @@ TEST(Vec3Flt, GetAngleWith)
     EXPECT_SAME_BITS(x.GetAngleWith(Vec3Flt(0.0f)), 0.0f);
     EXPECT_SAME_BITS(Vec3Flt(0.0f).GetAngleWith(x), 0.0f);
     EXPECT_SAME_BITS(x.GetAngleWith(Vec3Flt(nanFlt)), nanFlt);
-    // Not null, but its rounded length is 0, which is what is tested.
+    // Not null, but its rounded length is 0, and the rounded length is tested.
     EXPECT_SAME_BITS(x.GetAngleWith(Vec3Flt(0.0f, 1e-30f, 0.0f)), 0.0f);
 }
 
 TEST(Vec3Flt, GetAngleWithKeepsTheCosineInDouble)
 {
-    // So near to 1, a cosine rounded to single would give angles about a tenth off.
+    // A cosine this close to 1, rounded to single, would give angles about a tenth off.
     EXPECT_SAME_BITS(Vec3Flt(-0x1.c8ed6cp+2f, 0x1.1498fep+3f, 0x1.0e752ep+3f)
                          .GetAngleWith(Vec3Flt(-0x1.44823ep+2f, 0x1.8898f4p+2f, 0x1.805358p+2f)),
                      0x1.528194p-11f);
@@ -537,7 +537,7 @@ TEST(Vec3Flt, GetAreaFormedByTriangleWith)
         Vec3Flt(0x1.12ebd4p+3f, 0x1.512aa8p+2f, 0x1.6fffbep+2f)
             .GetAreaFormedByTriangleWith(Vec3Flt(-0x1.80fb1ep-1f, 0x1.525cf6p+2f, -0x1.04dec8p+3f)),
         0x1.b8ab78p+5f);
-    // Of parallel vectors rounding can leave a little, or make the difference negative.
+    // For parallel vectors rounding can leave a small difference, or make it negative.
     Vec3Flt const v(0x1.dfc99ep-4f, -0x1.1d1828p+3f, -0x1.577c56p+2f);
     EXPECT_SAME_BITS(v.GetAreaFormedByTriangleWith(3.0f * v), nanFlt);
     // The difference is rounded before its root is taken: 1e-48 is 0 as a single.
@@ -588,7 +588,7 @@ TEST(Vec3Flt, GetPerpendicularSwitchesAtOneSixtyFourth)
 
 TEST(Vec3Flt, GetPerpendicularOfAShortVector)
 {
-    // (z, 0, −x) within the global's length tolerance gives way to (−y, x, 0) after all.
+    // (z, 0, −x) within the global's length tolerance is replaced by (−y, x, 0).
     ExpectBits(Vec3Flt(1e-6f, 0.0f, 0.0f).GetPerpendicular(), -0.0f, 1.0f, 0.0f);
     ExpectBits(Vec3Flt(0.0f, 1e-2f, 1e-6f).GetPerpendicular(), -1.0f, 0.0f, 0.0f);
     ExpectBits(Vec3Flt(0.0f, 1e-2f, 1e-4f).GetPerpendicular(), 1.0f, 0.0f, -0.0f);
@@ -603,7 +603,7 @@ TEST(Vec3Flt, GetPerpendicularOfAShortVector)
 
 TEST(Vec3Flt, GetPerpendicularOfNan)
 {
-    // |NaN| is not at least 1/64, and a NaN is no zero length.
+    // |NaN| is not at least 1/64, and a NaN does not count as zero length.
     ExpectBits(Vec3Flt(nanFlt, 0.0f, 1.0f).GetPerpendicular(), nanFlt, nanFlt, nanFlt);
     ExpectBits(Vec3Flt(0.0f, nanFlt, 1.0f).GetPerpendicular(), 1.0f, 0.0f, -0.0f);
 }

@@ -10,7 +10,7 @@ namespace {
 using VectorClasses = testing::Types<Vec3Dbl, Vec3Flt, Vec2Dbl, Vec2Flt>;
 INSTANTIATE_TYPED_TEST_SUITE_P(Vectors, ComponentRules, VectorClasses, );
 
-/// What the vectors share beyond what they share with the points.
+/// Rules that the vectors share, but not with the points.
 template <class Class>
 class VectorComponents : public ComponentRules<Class> {};
 TYPED_TEST_SUITE(VectorComponents, VectorClasses, );
