@@ -6,32 +6,40 @@
 #include <fstream>
 #include <iterator>
 #include <string>
+#include <vector>
 
 #include "Pictures.h"
 
 namespace {
 
 struct Picture {
-    char const* name;
-    std::string (*draw)();
+    std::string name;
+    std::string text;
 };
 
-Picture const pictures[] = {
-    {"active-rotation", ActiveRotation},
-    {"product-order", ProductOrder},
-    {"rows-and-columns", RowsAndColumns},
-    {"euler-order", EulerOrder},
-    {"axis-and-angle", AxisAndAngle},
-    {"rotation-about-a-line", RotationAboutALine},
-    {"points-and-vectors", PointsAndVectors},
-    {"recipe-plane", RecipePlane},
-    {"recipe-frame", RecipeFrame},
-    {"recipe-solve", RecipeSolve},
-    {"recipe-align", RecipeAlign},
-    {"recipe-drift", RecipeDrift},
-    {"example-regression", ExampleRegression},
-    {"example-turning-body", ExampleTurningBody},
-};
+std::vector<Picture> Pictures()
+{
+    std::vector<Picture> pictures = {
+        {"recipe-plane", RecipePlane()},
+        {"recipe-frame", RecipeFrame()},
+        {"recipe-solve", RecipeSolve()},
+        {"recipe-align", RecipeAlign()},
+        {"recipe-drift", RecipeDrift()},
+        {"example-regression", ExampleRegression()},
+        {"example-turning-body", ExampleTurningBody()},
+    };
+    for (Format const format : {Format::Wide, Format::Narrow}) {
+        std::string const suffix = format == Format::Narrow ? "-narrow" : "";
+        pictures.push_back({"active-rotation" + suffix, ActiveRotation(format)});
+        pictures.push_back({"product-order" + suffix, ProductOrder(format)});
+        pictures.push_back({"rows-and-columns" + suffix, RowsAndColumns(format)});
+        pictures.push_back({"euler-order" + suffix, EulerOrder(format)});
+        pictures.push_back({"axis-and-angle" + suffix, AxisAndAngle(format)});
+        pictures.push_back({"rotation-about-a-line" + suffix, RotationAboutALine(format)});
+        pictures.push_back({"points-and-vectors" + suffix, PointsAndVectors(format)});
+    }
+    return pictures;
+}
 
 bool IsCurrent(std::string const& path, std::string const& text)
 {
@@ -58,9 +66,9 @@ int main(int argc, char** argv)
     }
 
     bool good = true;
-    for (Picture const& picture : pictures) {
+    for (Picture const& picture : Pictures()) {
         std::string const path = std::string(argv[argc - 1]) + "/" + picture.name + ".svg";
-        if (compare ? IsCurrent(path, picture.draw()) : Write(path, picture.draw()))
+        if (compare ? IsCurrent(path, picture.text) : Write(path, picture.text))
             continue;
         std::fprintf(stderr, compare ? "%s is not what the library draws now\n" : "cannot write %s\n",
                      path.c_str());

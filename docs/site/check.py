@@ -38,17 +38,18 @@ const report = [];
 // The smallest lettering of a picture, as it is displayed.
 const sizes = {};
 async function lettering(image) {
-    if (!image.src.endsWith(".svg"))
+    const source = image.currentSrc;
+    if (!source.endsWith(".svg"))
         return Infinity;
-    if (!(image.src in sizes)) {
+    if (!(source in sizes)) {
         const box = document.createElement("div");
-        box.innerHTML = await (await fetch(image.src)).text();
+        box.innerHTML = await (await fetch(source)).text();
         document.body.append(box);
-        sizes[image.src] = Math.min(Infinity, ...[...box.querySelectorAll("text, tspan")].map(text =>
-            parseFloat(getComputedStyle(text).fontSize))) / image.naturalWidth;
+        sizes[source] = Math.min(Infinity, ...[...box.querySelectorAll("text, tspan")].map(text =>
+            parseFloat(getComputedStyle(text).fontSize))) / box.querySelector("svg").viewBox.baseVal.width;
         box.remove();
     }
-    return sizes[image.src] * image.width;
+    return sizes[source] * image.width;
 }
 
 // Punctuation that stands on the line below the code that it belongs to.
@@ -118,7 +119,7 @@ async function look(page) {
     report.push({page, hasMain: !!inside.querySelector("main"),
         width: inside.documentElement.scrollWidth,
         missing: images.filter(image => !image.naturalWidth).map(image => image.src),
-        lettering: images.map((image, i) => [image.src.replace(/.*\\//, ""), letterings[i]])
+        lettering: images.map((image, i) => [image.currentSrc.replace(/.*\\//, ""), letterings[i]])
             .filter(([, size]) => size < SMALLEST_LETTERING),
         torn: [...inside.querySelectorAll("main code")].filter(isTorn).map(code => code.textContent),
         faint: colours,
@@ -168,7 +169,7 @@ class Page(html.parser.HTMLParser):
 
     def handle_starttag(self, tag, attributes):
         attributes = dict(attributes)
-        for key in ("href", "src", "data"):
+        for key in ("href", "src", "srcset", "data"):
             if attributes.get(key):
                 self.links.append(attributes[key])
         for key in ("id", "name"):
@@ -222,8 +223,9 @@ def broken_links():
 def report_of(chromium, address):
     """What the page at an address leaves in its element `report`."""
     with tempfile.TemporaryDirectory() as profile:
+        # A phone's scroll bars take no room.
         dom = subprocess.run(
-            [chromium, "--headless", "--no-sandbox", "--disable-gpu", "--no-first-run",
+            [chromium, "--headless", "--no-sandbox", "--disable-gpu", "--no-first-run", "--hide-scrollbars",
              "--disable-background-networking", "--disable-component-update", "--disable-sync", "--disable-quic",
              "--virtual-time-budget=600000", "--user-data-dir=" + profile, "--dump-dom", address],
             capture_output=True, text=True, timeout=300).stdout

@@ -141,14 +141,23 @@ def descriptions_of_pictures():
     return found
 
 
-def shown_picture(name, description):
-    """A picture, which scrolls by itself on a screen where its lettering would be too small."""
+def size_of(name):
+    """The width of a picture, and the least width at which its lettering can be read."""
     text = (site / name).read_text()
     width = float(re.search(r'viewBox="0 0 ([\d.]+) ', text).group(1))
     smallest = min(map(float, re.findall(r'font-size[:=]"?\s*([\d.]+)', text)), default=SMALLEST_LETTERING)
-    least = math.ceil(SMALLEST_LETTERING / smallest * width)
-    return ('<span class="picture"><img src="%s" alt="%s" width="%d" style="min-width:%dpx"/></span>' %
-            (name, html.escape(description), width, least))
+    return width, math.ceil(SMALLEST_LETTERING / smallest * width)
+
+
+def shown_picture(name, description):
+    """A picture, in its narrow form on a phone; if it has none, it scrolls where its lettering would be too small."""
+    width, least = size_of(name)
+    narrow = name.replace(".svg", "-narrow.svg")
+    if not (site / narrow).exists():
+        return ('<span class="picture"><img src="%s" alt="%s" width="%d" style="min-width:%dpx"/></span>' %
+                (name, html.escape(description), width, least))
+    return ('<span class="picture"><picture><source media="(max-width: 800px)" srcset="%s" width="%d"/>'
+            '<img src="%s" alt="%s"/></picture></span>' % (narrow, size_of(narrow)[0], name, html.escape(description)))
 
 
 def finished(page, text):
