@@ -88,10 +88,9 @@ VEXOR_ALWAYS_INLINE Mask ArcCosine(Doubles const& x, Doubles& result)
 
     // The nearest point of the expansion, of ties the even one. So the distance from it is exact.
     Doubles const place = Select(isBelowHalf, magnitude, t);
-    Doubles const shifted =
-        MultiplyAdd(place, Select(isBelowHalf, All(128.0), All(64.0)), All(wholePlaces));
-    Doubles const d = MultiplyAdd(-(shifted - All(wholePlaces)),
-                                  Select(isBelowHalf, All(0x1p-7), All(0x1p-6)), place);
+    Doubles const shifted = MultiplyAdd(place, Select(isBelowHalf, All(128.0), All(64.0)), All(wholePlaces));
+    Doubles const d =
+        MultiplyAdd(-(shifted - All(wholePlaces)), Select(isBelowHalf, All(0x1p-7), All(0x1p-6)), place);
     std::uint64_t indices[width];
     StoreIndices(indices, shifted);
     double const* rows[width];
@@ -125,15 +124,14 @@ VEXOR_ALWAYS_INLINE Mask ArcCosine(Doubles const& x, Doubles& result)
     Sum const product = MultiplyExactly(root, factor.high);
     Doubles const low = MultiplyAdd(root, factor.low, MultiplyAdd(rest, factor.high, product.low));
 
-    Doubles const sign = Select(isBelowHalf, Select(isNegative, All(1.0), All(-1.0)),
-                                Select(isNegative, All(-1.0), All(1.0)));
+    Doubles const sign =
+        Select(isBelowHalf, Select(isNegative, All(1.0), All(-1.0)), Select(isNegative, All(-1.0), All(1.0)));
     Doubles const originHigh = Select(isBelowHalf, All(0x1.921fb54442d18p+0),
                                       Select(isNegative, All(0x1.921fb54442d18p+1), Doubles{}));
     Doubles const originLow = Select(isBelowHalf, All(0x1.1a62633145c07p-54),
                                      Select(isNegative, All(0x1.1a62633145c07p-53), Doubles{}));
     Sum const angle = AddSmaller(originHigh, sign * product.high);
-    Doubles const error =
-        Select(Or(isBelowHalf, isNegative), All(0x1.4p-67), product.high * All(0x1p-67));
+    Doubles const error = Select(Or(isBelowHalf, isNegative), All(0x1.4p-67), product.high * All(0x1p-67));
     return IsDecided({angle.high, angle.low + MultiplyAdd(sign, low, originLow)}, error, result);
 }
 
@@ -161,8 +159,7 @@ VEXOR_ALWAYS_INLINE Mask SineAndCosine(Doubles const& x, Doubles& sine, Doubles&
     Doubles const reduced = MultiplyAdd(-count, All(0x1.921fb54442d18p-7), x);
     Sum const middle = MultiplyExactly(count, All(0x1.1a62633145c07p-61));
     Sum const rough = AddSmaller(reduced, -middle.high);
-    Sum const rest = {rough.high,
-                      rough.low - MultiplyAdd(count, All(-0x1.f1976b7ed8fbcp-117), middle.low)};
+    Sum const rest = {rough.high, rough.low - MultiplyAdd(count, All(-0x1.f1976b7ed8fbcp-117), middle.low)};
 
     std::uint64_t indices[width];
     StoreIndices(indices, shifted);

@@ -49,9 +49,17 @@ template <class Left, class Right, class Result, class Element, class Member>
 void Pair(Operand<Element> const& left, Operand<Element> const& right, Element* results, Size count,
           Member const& member)
 {
+    auto* const to = reinterpret_cast<Result*>(results);
+    // A loop over two arrays alone can be vectorised.
+    if (!left.isOne && !right.isOne) {
+        auto const* const a = reinterpret_cast<Left const*>(left.data);
+        auto const* const b = reinterpret_cast<Right const*>(right.data);
+        for (Size i = 0; i < count; ++i)
+            to[i] = member(a[i], b[i]);
+        return;
+    }
     Values<Left, Element> const a(left);
     Values<Right, Element> const b(right);
-    auto* const to = reinterpret_cast<Result*>(results);
     for (Size i = 0; i < count; ++i)
         to[i] = member(a[i], b[i]);
 }
@@ -143,6 +151,13 @@ void TestKernelOf(Operand<Element> left, Operand<Element> right, Limits<Element>
         if constexpr (operation == Operation::IsPointEqualTo)
             return x.IsEqualTo(y, limits.distance);
     };
+    if (!left.isOne && !right.isOne) {
+        auto const* const x = reinterpret_cast<Value const*>(left.data);
+        auto const* const y = reinterpret_cast<Value const*>(right.data);
+        for (Size i = 0; i < count; ++i)
+            results[i] = static_cast<unsigned char>(test(x[i], y[i]));
+        return;
+    }
     for (Size i = 0; i < count; ++i)
         results[i] = static_cast<unsigned char>(test(a[i], b[i]));
 }
