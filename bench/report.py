@@ -150,11 +150,59 @@ def arrays(results, size):
         for name in sets:
             cells += [f"{times[name] / int(size):.2f} ns", f"{times['loop'] / times[name]:.2f}"]
         last = times[sets[-1]]
-        rows.append([operation] + cells + [f"{best / last:.2f}" if best else "–"])
+        moving = times.get("moving alone")
+        rows.append([operation] + cells + [f"{best / last:.2f}" if best else "–"]
+                    + ([f"{moving / int(size):.2f} ns", f"{moving / last:.2f}"] if moving else ["–", "–"]))
     head = ["operation", "loop", "fastest peer"]
     for name in sets:
         head += [name, "× loop"]
-    return table(head + ["× peer"], rows)
+    return table(head + ["× peer", "moving alone", "share"], rows)
+
+
+# What array functions should reach at 1,000 elements, as multiples of a loop, with AVX2 and with AVX-512.
+GOALS = [("Normalize", "peer", 3, 4), ("Affine map x point", "peer", 1.5, 2.5), ("RotatePoint", "peer", 1.5, 2.5),
+         ("IsParallelTo", "peer", 1.5, 2), ("Cross", "peer", 1, 1.5), ("Solve 3x3", "Eigen", 3, 5),
+         ("Solve 3x3", "loop", 2, 3), ("Invert 3x3", "Eigen", 3, 5), ("Invert 3x3", "loop", 2, 3),
+         ("EigenSym 3x3", "loop", 2, 2), ("Sum", "loop", 4, 4)]
+
+
+def goals(results):
+    """The goals beside what is reached, and for those not reached the multiples that parts of the work alone allow."""
+    rows = []
+    for operation, reference, *factors in GOALS:
+        times = results.at(operation, "1000")
+        for name, factor in zip(("AVX2", "AVX-512"), factors):
+            if name not in times:
+                continue
+            whole = times[reference] if reference in times else min(times[p] for p in PEERS if p in times)
+            reached = whole / times[name]
+            alone = [f"{what} {whole / times[key]:.1f}" for what, key in (
+                ("divisions and roots", "divisions " + name), ("loads, stores and shuffles", "shuffles " + name),
+                ("moving the bytes", "moving alone")) if key in times]
+            rows.append([operation, name, reference, f"{factor:g}", f"{reached:.2f}",
+                         "" if reached >= factor else "; ".join(alone)])
+    return table(["operation", "set", "× the loop of", "goal", "reached", "allowed by parts of the work alone"], rows)
+
+
+def members(results_of_clients):
+    """The lowest ratio of each array function to the loop over its member, over all sizes, and that size."""
+    sets = [(client, name) for client in results_of_clients for name in ("baseline", "AVX2", "AVX-512")
+            # A CPU that runs the second client's loops does not run the baseline.
+            if (client == "-O3" or name != "baseline")]
+    first = next(iter(results_of_clients.values()))
+    rows, low, count = [], 0, 0
+    for operation in first.operations:
+        cells = []
+        for client, name in sets:
+            results = results_of_clients[client]
+            ratios = [(times["own loop"] / times[name], size) for size in results.sizes[operation]
+                      for times in [results.at(operation, size)] if name in times]
+            count += len(ratios)
+            low += sum(each < 0.97 for each, _ in ratios)
+            cells.append("{:.2f} ({:,})".format(min(ratios)[0], int(min(ratios)[1])) if ratios else "–")
+        rows.append([operation] + cells)
+    head = ["operation"] + [name + (", v3 client" if client != "-O3" else "") for client, name in sets]
+    return f"{low} of {count} ratios are below 0.97.\n\n" + table(head, rows)
 
 
 def guard(results, name):
@@ -278,6 +326,10 @@ def main():
             if any(results.at(operation, size) for operation in results.operations):
                 over_arrays.append(f"### {int(size):,} elements, loops by g++ {flags}\n\n" + arrays(results, size))
 
+    by_client = {flags: Results(folder / f"g++-bench_members_{variant}.json") for variant, flags in VARIANTS
+                 if (folder / f"g++-bench_members_{variant}.json").exists()}
+    plain_client = folder / "g++-bench_arrays_O3.json"
+
     libraries = ", ".join(f"{name} {version(package)}" for name, package in (
         ("OpenBLAS", "libopenblas-dev"), ("Eigen", "libeigen3-dev"), ("GLM", "libglm-dev"), ("Imath", "libimath-dev")))
     values = {
@@ -297,6 +349,8 @@ def main():
         "FIXED": "\n".join(sections),
         "OTHERS": "\n".join(others),
         "ARRAYS": "\n".join(over_arrays),
+        "ARRAY_GOALS": goals(Results(plain_client)) if plain_client.exists() else "",
+        "ARRAY_MEMBERS": members(by_client) if by_client else "",
         "GUARD": table(["flags", "arrays of 1,000", "a single call"], guards),
         "GROWTH": growth(dynamic),
     }

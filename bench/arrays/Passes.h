@@ -1,29 +1,41 @@
 #pragma once
 #include <support/Elementwise.h>
 
+#include <map>
+#include <utility>
+
 // One operation over a whole array: a loop over a member, a peer's loop, or a function of vexor::arrays.
 
 namespace bench {
 
 namespace {
 
+constexpr std::size_t arraySizes[] = {200, 1000, 100000, 1000000};
+
+/// The largest array's operands. All benchmarks with operands of a kind share them.
+template <class Value>
+std::vector<Value> const& OperandsOf(Value (*make)(double const*), unsigned seed)
+{
+    static std::map<std::pair<Value (*)(double const*), unsigned>, std::vector<Value>> made;
+    std::vector<Value>& values = made[{make, seed}];
+    constexpr std::size_t count = std::end(arraySizes)[-1];
+    for (std::size_t i = values.size(); i < count; ++i) {
+        values.reserve(count);
+        values.push_back(make(NumbersOf(i, seed)));
+    }
+    return values;
+}
+
 /// Times `pass(left, right, results, count)` over arrays that every library fills with the same numbers.
 template <class Result, class MakeLeft, class MakeRight, class Pass>
 void OverArrays(std::string const& name, std::string const& library, MakeLeft makeLeft, MakeRight makeRight,
                 Pass pass)
 {
-    using Left = decltype(makeLeft(nullptr));
-    using Right = decltype(makeRight(nullptr));
-    for (std::size_t size :
-         {std::size_t(200), std::size_t(1000), std::size_t(100000), std::size_t(1000000)}) {
+    for (std::size_t size : arraySizes) {
         Register(name, library.c_str(), std::to_string(size), [=](benchmark::State& state) {
-            std::vector<Left> left;
-            std::vector<Right> right;
-            for (std::size_t i = 0; i < size; ++i) {
-                left.push_back(makeLeft(NumbersOf(i, 0)));
-                right.push_back(makeRight(NumbersOf(i, 1)));
-            }
-            std::vector<Result> results(size);
+            auto const& left = OperandsOf(+makeLeft, 0);
+            auto const& right = OperandsOf(+makeRight, 1);
+            static std::vector<Result> results(std::end(arraySizes)[-1]);
             auto const run = [&] {
                 pass(left.data(), right.data(), results.data(), size);
                 benchmark::DoNotOptimize(results.data());
@@ -46,6 +58,36 @@ void OverElements(std::string const& name, std::string const& library, MakeLeft 
                            for (std::size_t i = 0; i < count; ++i)
                                results[i] = operation(left[i], right[i]);
                        });
+}
+
+#if defined(__x86_64__)
+#    define BENCH_WIDE __attribute__((target("avx2")))
+#else
+#    define BENCH_WIDE
+#endif
+
+/// Reads the bytes of two arrays and writes those of the results, and computes next to nothing.
+template <class Left, class Right, class Result>
+BENCH_WIDE void MoveAlone(Left const* left, Right const* right, Result* results, std::size_t count)
+{
+    typedef long long Line __attribute__((vector_size(32)));
+    constexpr std::size_t block = sizeof(Line); // elements, so that a block is whole lines of each array
+    Line sum = {};
+    auto const read = [&sum](auto const* from) BENCH_WIDE {
+        if constexpr (!std::is_empty_v<std::decay_t<decltype(*from)>>) {
+            for (std::size_t k = 0; k < sizeof *from; ++k) {
+                Line line;
+                std::memcpy(&line, reinterpret_cast<char const*>(from) + k * sizeof line, sizeof line);
+                sum ^= line;
+            }
+        }
+    };
+    for (std::size_t i = 0; i + block <= count; i += block) {
+        read(left + i);
+        read(right + i);
+        for (std::size_t k = 0; k < sizeof *results; ++k)
+            std::memcpy(reinterpret_cast<char*>(results + i) + k * sizeof sum, &sum, sizeof sum);
+    }
 }
 
 /// A matrix that needs no luck to be solved: its diagonal is raised.

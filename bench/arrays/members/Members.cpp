@@ -1,0 +1,207 @@
+#include "../Passes.h"
+
+#include <vexor/arrays/Arrays.h>
+#include <vexor/arrays/private/KernelSet.h>
+
+// Every array function beside the loop over its member, for each class and instruction set.
+
+namespace {
+
+using namespace bench;
+using vexor::arrays::detail::KernelSet;
+
+/// Values of a class from numbers. The second operand's lengths are about 1.
+template <class Value>
+Value Make(double const* n)
+{
+    using Element = std::decay_t<decltype(Value()[0])>;
+    Value value;
+    for (int k = 0; k < int(sizeof(Value) / sizeof(Element)); ++k)
+        value[k] = static_cast<Element>(n[k]);
+    return value;
+}
+
+template <class Element>
+Element MakeNumber(double const* n)
+{
+    return static_cast<Element>(n[0]);
+}
+
+Quaternion MakeTurn(double const* n)
+{
+    return Quaternion(Vec3Dbl(n[0], n[1], n[2]), n[3], 1);
+}
+
+Mat3Dbl MakeRegular(double const* n)
+{
+    Mat3Dbl matrix;
+    for (int i = 0; i < 3; ++i) {
+        for (int k = 0; k < 3; ++k)
+            matrix(i, k) = Regular(n, i, k);
+    }
+    return matrix;
+}
+
+Mat3Dbl MakeSymmetric(double const* n)
+{
+    Mat3Dbl matrix;
+    for (int i = 0; i < 3; ++i) {
+        for (int k = 0; k < 3; ++k)
+            matrix(i, k) = Symmetrical(n, i, k);
+    }
+    return matrix;
+}
+
+/// Registers the loop over an operation and the array function in each instruction set.
+template <class Result, class MakeLeft, class MakeRight, class Operation, class Function>
+void Compare(std::string const& name, MakeLeft makeLeft, MakeRight makeRight, Operation operation,
+             Function function)
+{
+    OverElements<Result>(name, "own loop", makeLeft, makeRight, operation);
+    for (int i = 1; KernelSet const* set = vexor::arrays::detail::RunnableSet(i); ++i) {
+        OverArrays<Result>(name, set->name, makeLeft, makeRight,
+                           [=](auto const* left, auto const* right, Result* results, std::size_t count) {
+                               vexor::arrays::detail::chosen = set;
+                               function(left, right, results, count);
+                           });
+    }
+}
+
+#define PAIR(function)                                                                                       \
+    [](auto const* a, auto const* b, auto* r, std::size_t n) { vexor::arrays::function(a, b, r, n); }
+#define SINGLE(function)                                                                                     \
+    [](auto const* a, auto const*, auto* r, std::size_t n) { vexor::arrays::function(a, r, n); }
+#define MEMBER(name) [](auto const& a, auto const& b) { return a.name(b); }
+#define OWN(name) [](auto const& a, Nothing) { return a.name(); }
+#define TEST(name) [](auto const& a, auto const& b) { return static_cast<unsigned char>(a.name(b)); }
+
+template <class Vector>
+void CompareVectors(std::string const& of)
+{
+    using Element = decltype(Vector().x);
+    using Cross = decltype(Vector().Cross(Vector()));
+    auto const make = Make<Vector>;
+    Compare<Vector>(
+        "Add" + of, make, make, [](auto const& a, auto const& b) { return a + b; }, PAIR(Add));
+    Compare<Vector>(
+        "Subtract" + of, make, make, [](auto const& a, auto const& b) { return a - b; }, PAIR(Subtract));
+    Compare<Vector>("ElemMult" + of, make, make, MEMBER(ElemMult), PAIR(ElemMult));
+    Compare<Vector>(
+        "Scale" + of, make, MakeNumber<Element>, [](auto const& a, Element b) { return a * b; }, PAIR(Scale));
+    Compare<Vector>(
+        "Scale by one number" + of, make, MakeNothing, [](auto const& a, Nothing) { return a * Element(3); },
+        [](auto const* a, auto const*, auto* r, std::size_t n) {
+            vexor::arrays::Scale(a, Element(3), r, n);
+        });
+    Compare<Vector>(
+        "Negate" + of, make, MakeNothing, [](auto const& a, Nothing) { return -a; }, SINGLE(Negate));
+    Compare<Element>("Dot" + of, make, make, MEMBER(Dot), PAIR(Dot));
+    Compare<Cross>("Cross" + of, make, make, MEMBER(Cross), PAIR(Cross));
+    Compare<Element>("LengthSquared" + of, make, MakeNothing, OWN(LengthSquared), SINGLE(LengthSquared));
+    Compare<Element>("Length" + of, make, MakeNothing, OWN(Length), SINGLE(Length));
+    Compare<Vector>("Normalize" + of, make, MakeNothing, OWN(GetNormalizedCopy), SINGLE(Normalize));
+    Compare<Element>("GetAngleWith" + of, make, make, MEMBER(GetAngleWith), PAIR(GetAngleWith));
+    Compare<unsigned char>("IsParallelTo" + of, make, make, TEST(IsParallelTo), PAIR(IsParallelTo));
+    Compare<unsigned char>("IsCodirectionalTo" + of, make, make, TEST(IsCodirectionalTo),
+                           PAIR(IsCodirectionalTo));
+    Compare<unsigned char>("IsPerpendicularTo" + of, make, make, TEST(IsPerpendicularTo),
+                           PAIR(IsPerpendicularTo));
+    Compare<unsigned char>("IsUnitParallelTo" + of, make, make, TEST(IsUnitParallelTo),
+                           PAIR(IsUnitParallelTo));
+    Compare<unsigned char>("IsUnitCodirectionalTo" + of, make, make, TEST(IsUnitCodirectionalTo),
+                           PAIR(IsUnitCodirectionalTo));
+    Compare<unsigned char>("IsUnitPerpendicularTo" + of, make, make, TEST(IsUnitPerpendicularTo),
+                           PAIR(IsUnitPerpendicularTo));
+    Compare<unsigned char>("IsEqualTo" + of, make, make, TEST(IsEqualTo), PAIR(IsEqualTo));
+}
+
+template <class Point, class Map>
+void ComparePoints(std::string const& of, Map const& map)
+{
+    using Element = decltype(Point().x);
+    auto const make = Make<Point>;
+    Compare<Element>("DistanceSqTo" + of, make, make, MEMBER(DistanceSqTo), PAIR(DistanceSqTo));
+    Compare<Element>("DistanceTo" + of, make, make, MEMBER(DistanceTo), PAIR(DistanceTo));
+    Compare<unsigned char>("IsEqualTo" + of, make, make, TEST(IsEqualTo), PAIR(IsEqualTo));
+    Compare<Point>(
+        "Affine map x" + of, make, MakeNothing, [&map](auto const& a, Nothing) { return map * a; },
+        [&map](auto const* a, auto const*, auto* r, std::size_t n) {
+            vexor::arrays::Multiply(map, a, r, n);
+        });
+}
+
+Mat3Dbl const linear(Vec3Dbl(0.36, 0.48, -0.8), Vec3Dbl(-0.8, 0.6, 0.0), Vec3Dbl(0.48, 0.64, 0.6));
+AffMat3Dbl const map(linear, Vec3Dbl(1.5, -2.5, 0.25));
+AffMat2Dbl const planeMap(Mat2Dbl(Vec2Dbl(0.6, 0.8), Vec2Dbl(-0.8, 0.6)), Vec2Dbl(1.5, -2.5));
+
+[[maybe_unused]] bool const registered = [] {
+    CompareVectors<Vec3Dbl>(", Vec3Dbl");
+    CompareVectors<Vec3Flt>(", Vec3Flt");
+    CompareVectors<Vec2Dbl>(", Vec2Dbl");
+    CompareVectors<Vec2Flt>(", Vec2Flt");
+    ComparePoints<Pnt3Dbl>(", Pnt3Dbl", map);
+    ComparePoints<Pnt3Flt>(", Pnt3Flt", map);
+    ComparePoints<Pnt2Dbl>(", Pnt2Dbl", planeMap);
+    ComparePoints<Pnt2Flt>(", Pnt2Flt", planeMap);
+    Compare<Vec3Flt>("Convert, Vec3Dbl to Vec3Flt", Make<Vec3Dbl>, MakeNothing, OWN(ToVec3Flt),
+                     SINGLE(Convert));
+    Compare<Vec3Dbl>(
+        "Convert, Vec3Flt to Vec3Dbl", Make<Vec3Flt>, MakeNothing,
+        [](Vec3Flt const& a, Nothing) { return Vec3Dbl(a); }, SINGLE(Convert));
+    Compare<Vec3Dbl>(
+        "Mat3Dbl x, Vec3Dbl", Make<Vec3Dbl>, MakeNothing, [](auto const& a, Nothing) { return linear * a; },
+        [](auto const* a, auto const*, auto* r, std::size_t n) { vexor::arrays::Multiply(linear, a, r, n); });
+    Compare<Vec3Dbl>(
+        "Mat3Dbl x Vec3Dbl, arrays of both", MakeRegular, Make<Vec3Dbl>,
+        [](auto const& a, auto const& b) { return a * b; }, PAIR(Multiply));
+    Compare<Mat3Dbl>(
+        "Mat3Dbl x Mat3Dbl", MakeRegular, MakeRegular, [](auto const& a, auto const& b) { return a * b; },
+        PAIR(Multiply));
+    Compare<Mat3Dbl>("Invert, Mat3Dbl", MakeRegular, MakeNothing, OWN(GetInvertedCopy), SINGLE(Invert));
+    Compare<Vec3Dbl>(
+        "Solve, Mat3Dbl", MakeRegular, Make<Vec3Dbl>,
+        [](Mat3Dbl const& a, Vec3Dbl const& b) {
+            Mat3Dbl factors(a);
+            Vec3Dbl solution(b);
+            factors.Solve(solution);
+            return solution;
+        },
+        PAIR(Solve));
+    Compare<Vec3Dbl>(
+        "EigenSymValues, Mat3Dbl", MakeSymmetric, MakeNothing,
+        [](Mat3Dbl const& a, Nothing) {
+            Mat3Dbl matrix(a);
+            Vec3Dbl values;
+            matrix.EigenSym(values, 0);
+            return values;
+        },
+        SINGLE(EigenSymValues));
+    Compare<Mat3Dbl>(
+        "EigenSym, Mat3Dbl", MakeSymmetric, MakeNothing,
+        [](Mat3Dbl const& a, Nothing) {
+            Mat3Dbl matrix(a);
+            Vec3Dbl values;
+            matrix.EigenSym(values, 1);
+            return matrix;
+        },
+        [](auto const* a, auto const*, Mat3Dbl* r, std::size_t n) {
+            static std::vector<Vec3Dbl> values(std::end(arraySizes)[-1]);
+            vexor::arrays::EigenSym(a, values.data(), r, n);
+        });
+    Compare<Quaternion>(
+        "Quaternion x Quaternion", MakeTurn, MakeTurn, [](auto const& a, auto const& b) { return a * b; },
+        PAIR(Multiply));
+    Compare<Mat3Dbl>(
+        "GetRotationMatrix, Quaternion", MakeTurn, MakeNothing,
+        [](Quaternion const& a, Nothing) {
+            Mat3Dbl matrix;
+            a.GetRotationMatrix(matrix);
+            return matrix;
+        },
+        SINGLE(GetRotationMatrix));
+    Compare<Pnt3Dbl>("RotatePoint, arrays of both", MakeTurn, Make<Pnt3Dbl>, MEMBER(RotatePoint),
+                     PAIR(RotatePoint));
+    return true;
+}();
+
+} // namespace
