@@ -65,6 +65,13 @@ KernelSet const* RunnableSet(int index)
 
 namespace {
 
+/// A kernel of the chosen set, or the plain set's if it has none.
+template <class Kernel>
+Kernel OrPlain(Kernel kernel, Kernel plainKernel)
+{
+    return kernel != nullptr ? kernel : plainKernel;
+}
+
 /// The kernels of a shape.
 template <class Element, int dimension>
 VectorKernels<Element> const& KernelsFor(KernelSet const& set)
@@ -104,9 +111,12 @@ void Compute(PairOperation operation, Operand<Element> left, Operand<Element> ri
     if (count == 0)
         return;
     auto const index = static_cast<int>(operation);
-    PairKernel<Element> kernel = KernelsFor<Element, dimension>(*chosen).pairs[index];
-    if (kernel == nullptr)
-        kernel = KernelsFor<Element, dimension>(plain::kernels).pairs[index];
+    PairKernel<Element> const kernel = OrPlain(KernelsFor<Element, dimension>(*chosen).pairs[index],
+                                               KernelsFor<Element, dimension>(plain::kernels).pairs[index]);
+    if (!left.isOne && !right.isOne) {
+        kernel(left, right, results, count);
+        return;
+    }
     // Factors of `Scale` are single elements.
     if (operation == PairOperation::Scale) {
         Copy<Element, 1> const one(right);
@@ -122,9 +132,10 @@ void Compute(PairOperation operation, Operand<Element> left, Operand<Element> ri
 template <class Element, int dimension>
 void Compute(SingleOperation operation, Element const* operands, Element* results, std::size_t count)
 {
+    auto const index = static_cast<int>(operation);
     if (count != 0)
-        KernelsFor<Element, dimension>(*chosen).singles[static_cast<int>(operation)](operands, results,
-                                                                                     count);
+        OrPlain(KernelsFor<Element, dimension>(*chosen).singles[index],
+                KernelsFor<Element, dimension>(plain::kernels).singles[index])(operands, results, count);
 }
 
 template <class Element, int dimension>
@@ -139,9 +150,8 @@ void Test(TestOperation operation, Operand<Element> left, Operand<Element> right
     Copy<Element, dimension> const oneLeft(left);
     Copy<Element, dimension> const oneRight(right);
     auto const index = static_cast<int>(operation);
-    TestKernel<Element> kernel = KernelsFor<Element, dimension>(*chosen).tests[index];
-    if (kernel == nullptr)
-        kernel = KernelsFor<Element, dimension>(plain::kernels).tests[index];
+    TestKernel<Element> const kernel = OrPlain(KernelsFor<Element, dimension>(*chosen).tests[index],
+                                               KernelsFor<Element, dimension>(plain::kernels).tests[index]);
     kernel(oneLeft.Of(left), oneRight.Of(right), limits, results, count);
 }
 
@@ -254,8 +264,7 @@ void Invert(Mat3Dbl const* matrices, Mat3Dbl* results, std::size_t count)
 {
     if (count == 0)
         return;
-    auto const kernel = chosen->invert != nullptr ? chosen->invert : plain::kernels.invert;
-    kernel(ElementsIn(matrices), ElementsIn(results), count);
+    OrPlain(chosen->invert, plain::kernels.invert)(ElementsIn(matrices), ElementsIn(results), count);
 }
 
 void Solve(Matrices matrices, Operand<double> rightSides, double* results, std::size_t count)
@@ -264,7 +273,7 @@ void Solve(Matrices matrices, Operand<double> rightSides, double* results, std::
         return;
     MatrixOperand const matrix(matrices);
     Copy<double, 3> const rightSide(rightSides);
-    chosen->solve(matrix.operand, rightSide.Of(rightSides), results, count);
+    OrPlain(chosen->solve, plain::kernels.solve)(matrix.operand, rightSide.Of(rightSides), results, count);
 }
 
 void EigenSym(Mat3Dbl const* matrices, Vec3Dbl* eigenValues, Mat3Dbl* vectors, std::size_t count)
@@ -273,8 +282,7 @@ void EigenSym(Mat3Dbl const* matrices, Vec3Dbl* eigenValues, Mat3Dbl* vectors, s
         return;
     auto* const values = reinterpret_cast<double*>(eigenValues);
     double* const elements = vectors == nullptr ? nullptr : ElementsIn(vectors);
-    auto const kernel = chosen->eigenSym != nullptr ? chosen->eigenSym : plain::kernels.eigenSym;
-    kernel(ElementsIn(matrices), values, elements, count);
+    OrPlain(chosen->eigenSym, plain::kernels.eigenSym)(ElementsIn(matrices), values, elements, count);
 }
 
 // ---- Sums ----------------------------------------------------------------------------------------------

@@ -40,7 +40,7 @@ using TestKernel = void (*)(Operand<Element> left, Operand<Element> right, Limit
 template <class Element>
 using MapKernel = void (*)(double const* map, Element const* operands, Element* results, Size count);
 
-/// The kernels of a shape, by the operations' numbers. Those that the shape does not have are null.
+/// The kernels of a shape, by the operations' numbers. For one that is null the plain set's serves.
 template <class Element>
 struct VectorKernels {
     PairKernel<Element> pairs[pairOperations];

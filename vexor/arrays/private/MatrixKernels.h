@@ -168,6 +168,11 @@ void MultiplyMatrices(Operand<double> left, Operand<double> right, double* resul
 
 void MultiplyVectors(Operand<double> matrices, Operand<double> vectors, double* results, Size count)
 {
+    // As long as the matrices fit in the first-level cache, the plain loop takes 0.85 of the time.
+    if (!matrices.isOne && count < 400) {
+        plain::kernels.multiplyVectors(matrices, vectors, results, count);
+        return;
+    }
     MatrixSource const matrixSource(matrices);
     Source<3, double> const vectorSource(vectors);
     Size i = 0;

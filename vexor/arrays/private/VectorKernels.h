@@ -245,13 +245,15 @@ void Scale(Operand<Element> vectors, Operand<Element> scalars, Element* results,
         return;
     }
     constexpr int lanes = lanesOf<Element>;
-    Size i = 0;
+    PairKernel<Element> const plainKernel = Plain<size, Element>().pairs[int(PairOperation::Scale)];
+    Size i = ElementsBeforeAligned<size>(vectors.data, count);
+    if (i > 0)
+        plainKernel(vectors, scalars, results, i);
     for (; i + lanes <= count; i += lanes)
         ScaleBlock<size, Element>(vectors.data + i * size, scalars.data + i, results + i * size,
                                   Indices<size>());
     if (i < count)
-        Plain<size, Element>().pairs[int(PairOperation::Scale)](After(vectors, i, size), After(scalars, i, 1),
-                                                                results + i * size, count - i);
+        plainKernel(After(vectors, i, size), After(scalars, i, 1), results + i * size, count - i);
 }
 
 template <int size, class Element>
@@ -285,8 +287,11 @@ void ToSingle(double const* from, float* to, Size count)
 void ToDouble(float const* from, double* to, Size count)
 {
     Size i = 0;
-    for (; i + width <= count; i += width)
-        Store(to + i, ToDoubles(Load<Singles>(from + i)));
+    for (; i + 4 * width <= count; i += 4 * width) {
+        VEXOR_UNROLL(24)
+        for (int k = 0; k < 4; ++k)
+            Store(to + i + k * width, ToDoubles(Load<Singles>(from + i + k * width)));
+    }
     for (; i < count; ++i)
         to[i] = double(from[i]);
 }
@@ -303,12 +308,123 @@ VEXOR_ALWAYS_INLINE Doubles SumOfProducts(Lanes<size> const& a, Lanes<size> cons
     return sum;
 }
 
-template <class Element>
-struct DotRule {
-    template <int size>
-    VEXOR_ALWAYS_INLINE static bool Compute(Lanes<size> const& a, Lanes<size> const& b, Lanes<1>& result)
+/// The components of two operands, combined before the registers are split: half as many shuffles. Differences are
+/// taken in the element type, so that half as many singles are converted; products of singles are exact as doubles.
+template <class Rule, int size, class Element>
+struct Combined {
+    static constexpr int lanes = width;
+    using Vector = Register<Element, lanes>;
+
+    VEXOR_ALWAYS_INLINE Combined(Operand<Element> const& first, Operand<Element> const& second)
+        : left(first), right(second), one()
     {
-        result.c[0] = SumOfProducts(a, b);
+        Operand<Element> const& single = left.isOne ? left : right;
+        Element elements[size * lanes];
+        for (int k = 0; k < size * lanes; ++k)
+            elements[k] = single.data[k % size];
+        for (int k = 0; k < size; ++k)
+            one[k] = Load<Vector>(elements + k * lanes);
+    }
+
+    /// The lanes from element i on. At most one operand is one value.
+    VEXOR_ALWAYS_INLINE Lanes<size> From(Size i) const
+    {
+        Doubles registers[size];
+        VEXOR_UNROLL(24)
+        for (int k = 0; k < size; ++k) {
+            Size const place = i * size + Size(k * lanes);
+            Vector const a = left.isOne ? one[k] : Load<Vector>(left.data + place);
+            Vector const b = right.isOne ? one[k] : Load<Vector>(right.data + place);
+            registers[k] = Rule::Combine(a, b);
+        }
+        return Split(registers);
+    }
+
+    Operand<Element> left;
+    Operand<Element> right;
+    Vector one[size];
+};
+
+VEXOR_ALWAYS_INLINE Doubles AsDoubles(Doubles const& values)
+{
+    return values;
+}
+
+VEXOR_ALWAYS_INLINE Doubles AsDoubles(Singles const& values)
+{
+    return ToDoubles(values);
+}
+
+struct DifferenceRule {
+    template <class Vector>
+    VEXOR_ALWAYS_INLINE static Doubles Combine(Vector const& a, Vector const& b)
+    {
+        return AsDoubles(a - b);
+    }
+};
+
+struct ProductRule {
+    template <class Vector>
+    VEXOR_ALWAYS_INLINE static Doubles Combine(Vector const& a, Vector const& b)
+    {
+        return AsDoubles(a) * AsDoubles(b);
+    }
+};
+
+/// Of points of the plane: the products of x with y and of y with x.
+struct CrosswiseRule {
+    template <class Vector>
+    VEXOR_ALWAYS_INLINE static Doubles Combine(Vector const& a, Vector const& b)
+    {
+        return CrosswiseProduct(AsDoubles(a), AsDoubles(b), Indices<width>());
+    }
+    template <int... i>
+    VEXOR_ALWAYS_INLINE static Doubles CrosswiseProduct(Doubles const& a, Doubles const& b, At<i...>)
+    {
+        return a * Shuffle(b, b, At<(i ^ 1)...>());
+    }
+};
+
+/// Runs `Rule::Compute` over the combined components. It returns false if a lane needs the plain loop.
+template <class Rule, PairOperation operation, int size, class Element>
+void RunCombined(Operand<Element> left, Operand<Element> right, Element* results, Size count)
+{
+    PairKernel<Element> const plainKernel = Plain<size, Element>().pairs[int(operation)];
+    Size i = ElementsBeforeAligned<size, size>(left, right, count);
+    if (i > 0)
+        plainKernel(left, right, results, i);
+    if (!(left.isOne && right.isOne)) {
+        Combined<typename Rule::Components, size, Element> const components(left, right);
+        for (; i + width <= count; i += width) {
+            Lanes<1> result;
+            if (__builtin_expect(Rule::Compute(components.From(i), result), 1))
+                StoreLanes(results + i, result);
+            else
+                plainKernel(After(left, i, size), After(right, i, size), results + i, width);
+        }
+    }
+    if (i < count)
+        plainKernel(After(left, i, size), After(right, i, size), results + i, count - i);
+}
+
+struct DotRule {
+    using Components = ProductRule;
+    template <int size>
+    VEXOR_ALWAYS_INLINE static bool Compute(Lanes<size> const& products, Lanes<1>& result)
+    {
+        result.c[0] = products.c[0];
+        VEXOR_UNROLL(24)
+        for (int k = 1; k < size; ++k)
+            result.c[0] = result.c[0] + products.c[k];
+        return true;
+    }
+};
+
+struct CrossInPlaneRule {
+    using Components = CrosswiseRule;
+    VEXOR_ALWAYS_INLINE static bool Compute(Lanes<2> const& products, Lanes<1>& result)
+    {
+        result.c[0] = products.c[0] - products.c[1];
         return true;
     }
 };
@@ -323,11 +439,6 @@ struct CrossRule {
     VEXOR_ALWAYS_INLINE static bool Compute(Lanes<3> const& a, Lanes<3> const& b, Lanes<3>& result)
     {
         result = Cross(a, b);
-        return true;
-    }
-    VEXOR_ALWAYS_INLINE static bool Compute(Lanes<2> const& a, Lanes<2> const& b, Lanes<1>& result)
-    {
-        result.c[0] = a.c[0] * b.c[1] - a.c[1] * b.c[0];
         return true;
     }
 };
@@ -440,45 +551,6 @@ struct NormalizeRule {
     }
 };
 
-/// The differences of an array from an array or from one value, taken in the element type before the registers are
-/// split: half as many shuffles and conversions.
-template <int size, class Element>
-struct Differences {
-    static constexpr int lanes = width;
-    using Vector = Register<Element, lanes>;
-
-    VEXOR_ALWAYS_INLINE Differences(Operand<Element> const& from, Operand<Element> const& to)
-        : left(from), right(to), one()
-    {
-        Operand<Element> const& single = left.isOne ? left : right;
-        Element elements[size * lanes];
-        for (int k = 0; k < size * lanes; ++k)
-            elements[k] = single.data[k % size];
-        for (int k = 0; k < size; ++k)
-            one[k] = Load<Vector>(elements + k * lanes);
-    }
-
-    VEXOR_ALWAYS_INLINE Lanes<size> From(Size i) const
-    {
-        Doubles registers[size];
-        VEXOR_UNROLL(24)
-        for (int k = 0; k < size; ++k) {
-            Size const place = i * size + Size(k * lanes);
-            Vector const a = left.isOne ? one[k] : Load<Vector>(left.data + place);
-            Vector const b = right.isOne ? one[k] : Load<Vector>(right.data + place);
-            if constexpr (sizeof(Element) == sizeof(float))
-                registers[k] = ToDoubles(a - b);
-            else
-                registers[k] = a - b;
-        }
-        return Split(registers);
-    }
-
-    Operand<Element> left;
-    Operand<Element> right;
-    Vector one[size];
-};
-
 /// The running sum of squared differences, rounded at each step.
 template <class Element, int size>
 VEXOR_ALWAYS_INLINE Doubles SquaredDistance(Lanes<size> const& d)
@@ -490,35 +562,33 @@ VEXOR_ALWAYS_INLINE Doubles SquaredDistance(Lanes<size> const& d)
     return sum;
 }
 
-template <PairOperation operation, int size, class Element>
-void Distance(Operand<Element> left, Operand<Element> right, Element* results, Size count)
-{
-    PairKernel<Element> const plainKernel = Plain<size, Element>().pairs[int(operation)];
-    Size i = ElementsBeforeAligned<size, size>(left, right, count);
-    if (i > 0)
-        plainKernel(left, right, results, i);
-    if (!(left.isOne && right.isOne)) {
-        Differences<size, Element> const differences(left, right);
-        for (; i + width <= count; i += width) {
-            Doubles const sum = SquaredDistance<Element>(differences.From(i));
-            bool isPlain = true;
-            Doubles result = sum;
-            if constexpr (operation == PairOperation::DistanceTo && sizeof(Element) == sizeof(float)) {
-                isPlain = AreWithin(0x1p-149, sum, 3.4028234663852886e38);
-                result = ToDoubles(Root(ToSingles(sum)));
-            } else if constexpr (operation == PairOperation::DistanceTo) {
-                isPlain = ArePlainSums(sum);
-                result = Root(sum);
-            }
-            if (__builtin_expect(isPlain, 1))
-                StoreLanes(results + i, Lanes<1>{{result}});
-            else
-                plainKernel(After(left, i, size), After(right, i, size), results + i, width);
+template <class Element>
+struct DistanceSqToRule {
+    using Components = DifferenceRule;
+    template <int size>
+    VEXOR_ALWAYS_INLINE static bool Compute(Lanes<size> const& differences, Lanes<1>& result)
+    {
+        result.c[0] = SquaredDistance<Element>(differences);
+        return true;
+    }
+};
+
+template <class Element>
+struct DistanceToRule {
+    using Components = DifferenceRule;
+    template <int size>
+    VEXOR_ALWAYS_INLINE static bool Compute(Lanes<size> const& differences, Lanes<1>& result)
+    {
+        Doubles const sum = SquaredDistance<Element>(differences);
+        if constexpr (sizeof(Element) == sizeof(float)) {
+            result.c[0] = ToDoubles(Root(ToSingles(sum)));
+            return AreWithin(0x1p-149, sum, 3.4028234663852886e38);
+        } else {
+            result.c[0] = Root(sum);
+            return ArePlainSums(sum);
         }
     }
-    if (i < count)
-        plainKernel(After(left, i, size), After(right, i, size), results + i, count - i);
-}
+};
 
 template <class Rule, PairOperation operation, int size, int resultSize, class Element>
 void Pair(Operand<Element> left, Operand<Element> right, Element* results, Size count)
@@ -657,7 +727,7 @@ void TestPoints(Operand<Element> left, Operand<Element> right, Limits<Element> c
     if (i > 0)
         plainKernel(left, right, limits, results, i);
     if (!(left.isOne && right.isOne)) {
-        Differences<size, Element> const differences(left, right);
+        Combined<DifferenceRule, size, Element> const differences(left, right);
         Doubles const limit = All(double(limits.squaredDistance));
         for (; i + width <= count; i += width)
             StoreBytes(results + i, LessOrEqual(SquaredDistance<Element>(differences.From(i)), limit));
@@ -667,6 +737,41 @@ void TestPoints(Operand<Element> left, Operand<Element> right, Limits<Element> c
 }
 
 // ---- Maps --------------------------------------------------------------------------------------------
+
+/// A register of points of the plane, each pair of neighbours with the first or second of them twice.
+template <int which, int... i>
+VEXOR_ALWAYS_INLINE Doubles Doubled(Doubles const& points, At<i...>)
+{
+    return Shuffle(points, points, At<((i & ~1) | which)...>());
+}
+
+/// Points of the plane need not be split: each register holds x and y of its points in turn.
+template <MapOperation operation>
+void MapInPlane(double const* map, double const* operands, double* results, Size count)
+{
+    double columns[3][width];
+    for (int k = 0; k < width; ++k) {
+        columns[0][k] = map[k % 2 * 2];
+        columns[1][k] = map[k % 2 * 2 + 1];
+        columns[2][k] = map[4 + k % 2];
+    }
+    Doubles const x = Load<Doubles>(columns[0]);
+    Doubles const y = Load<Doubles>(columns[1]);
+    Doubles const translation = Load<Doubles>(columns[2]);
+    constexpr int points = width / 2;
+    Size i = ElementsBeforeAligned<2>(operands, count);
+    if (i > 0)
+        plain::kernels.inPlane.maps[int(operation)](map, operands, results, i);
+    for (; i + points <= count; i += points) {
+        Doubles const p = Load<Doubles>(operands + i * 2);
+        Doubles sum = x * Doubled<0>(p, Indices<width>()) + y * Doubled<1>(p, Indices<width>());
+        if constexpr (operation == MapOperation::Affine)
+            sum = sum + translation;
+        Store(results + i * 2, sum);
+    }
+    if (i < count)
+        plain::kernels.inPlane.maps[int(operation)](map, operands + i * 2, results + i * 2, count - i);
+}
 
 template <MapOperation operation, int size, class Element>
 void Map(double const* map, Element const* operands, Element* results, Size count)
