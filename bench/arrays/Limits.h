@@ -55,10 +55,20 @@ void Divide(Size count)
     }
 }
 
-/// Takes elements of `size` doubles apart into lanes and puts them together.
+/// The next multiple of a cache line. The loops of the library begin there.
+template <class Element>
+Element* NextLine(Element* at)
+{
+    return reinterpret_cast<Element*>((reinterpret_cast<std::uintptr_t>(at) + 63) / 64 * 64);
+}
+
+/// Takes elements of `size` doubles apart into lanes and puts them together, but for the last few.
 template <int size>
 void TakeApart(double const* from, double* to, Size count)
 {
+    from = NextLine(from);
+    to = NextLine(to);
+    count -= width;
     for (Size i = 0; i + width <= count; i += width) {
         Lanes<size> lanes = LoadLanes<size>(from + i * size);
         Hide(lanes);
@@ -69,6 +79,10 @@ void TakeApart(double const* from, double* to, Size count)
 template <int size>
 void TakeTwoApart(double const* left, double const* right, double* to, Size count)
 {
+    left = NextLine(left);
+    right = NextLine(right);
+    to = NextLine(to);
+    count -= width;
     for (Size i = 0; i + width <= count; i += width) {
         Lanes<size> a = LoadLanes<size>(left + i * size);
         Lanes<size> b = LoadLanes<size>(right + i * size);
