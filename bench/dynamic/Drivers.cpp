@@ -9,14 +9,14 @@
 #include <memory>
 #include <new>
 
-// Each driver of MatDbl beside the call to LAPACK that it makes. Both start from a fresh copy of the
-// operands in storage that is there already; the direct call also has its workspace at hand.
+// Each driver of MatDbl beside the call to LAPACK that it makes. Both start with a fresh copy of the
+// operands in existing storage; the direct call also has existing workspace.
 
 namespace {
 
 using namespace vexor::detail;
 
-/// A random matrix, symmetric where wanted, with a heavy diagonal.
+/// A random matrix, symmetric if requested, with a dominant diagonal.
 MatDbl Matrix(int rows, int columns, bool isSymmetric = false)
 {
     std::vector<double> numbers = bench::Numbers(std::size_t(rows) * std::size_t(columns));
@@ -30,7 +30,7 @@ MatDbl Matrix(int rows, int columns, bool isSymmetric = false)
     return matrix;
 }
 
-/// The operands and everything that a direct call needs.
+/// The operands, and everything that a direct call needs.
 struct Problem {
     Problem(int rows, int columns, bool isSymmetric)
         : original(Matrix(rows, columns, isSymmetric)),
@@ -110,7 +110,7 @@ void Dsysv(Problem& p)
            &p.length, &p.info, oneLetter);
 }
 
-/// Leaves one problem's factors as what the next ones start from.
+/// Keeps one problem's factors as the start of the next ones.
 void KeepFactors(Problem& p)
 {
     std::memcpy(const_cast<double*>(&p.original(0, 0)), p.Block(),
@@ -138,7 +138,7 @@ void RegisterDrivers(int n)
         });
     RegisterDriver(
         "SolveSym", n, n, true, Nothing, [](Problem& p) { p.matrix.SolveSym(p.solution); }, Dsysv);
-    // The direct call with the allocation that the wrapper makes for each call.
+    // The direct call, with the allocation that the wrapper makes for each call.
     RegisterLibrary("SolveSym", "with workspace", n, n, true, Nothing, [](Problem& p) {
         void* const work = ::operator new(sizeof(double) * std::size_t(p.length), std::nothrow);
         bench::Require(work != nullptr, "workspace");
@@ -184,7 +184,7 @@ void RegisterDrivers(int n)
                 dsyevx_(job, "A", "U", &p.n, p.Block(), &p.n, &unused, &unused, &p.one, &p.n, &unused, &found,
                         &p.values[0], &p.vectors(0, 0), &p.n, p.work.data(), &workLength,
                         p.integerWork.data(), p.failed.data(), &p.info, oneLetter, oneLetter, oneLetter);
-                for (int j = 0; wantsVectors && j < p.n; ++j) { // into rows, where the wrapper has them
+                for (int j = 0; wantsVectors && j < p.n; ++j) { // into rows, as the wrapper returns them
                     for (int i = 0; i < p.n; ++i)
                         p.matrix(j, i) = p.vectors(i, j);
                 }

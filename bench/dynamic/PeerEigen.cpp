@@ -4,7 +4,7 @@
 
 #include <Eigen/Dense>
 
-// Eigen on the operands of the other files, built for the CPU that runs it and free to fuse.
+// Eigen on the operands of the other files, built for this CPU and allowed to fuse.
 
 namespace {
 
@@ -55,8 +55,8 @@ void RegisterTranspose(int size)
             benchmark::ClobberMemory();
         }
     });
-    // What no transposition in place can go below: each element is read and written where it lies, in
-    // order and by the widest registers, and only changes its sign.
+    // A lower bound for every transposition in place: each element is read and written in place, in
+    // order and with the widest registers, and only changes its sign.
     bench::Register("Transpose", "moving alone", std::to_string(size), [size](benchmark::State& state) {
         Matrix matrix = MakeMatrix(size, size, 1);
         for (auto _ : state) {

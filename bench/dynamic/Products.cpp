@@ -5,8 +5,8 @@
 #include <support/Bench.h>
 
 // The products and the transposition of MatDbl, and OpenBLAS on the same operands. Each vexor result is
-// a new matrix or vector, as the operators give it; DGEMM and DGEMV write to one that is there already, but
-// for the row that says otherwise.
+// a new matrix or vector, as the operators return it; DGEMM and DGEMV write to an existing one, except in
+// the row that says otherwise.
 
 extern "C" {
 void dgemm_(char const* transa, char const* transb, int const* m, int const* n, int const* k,
@@ -187,7 +187,7 @@ void RegisterTranspose(int size)
                 bench::Require(result(i, j) == matrix(j, i), "GetTransposedCopy");
         }
     });
-    // What no way to make a transposed copy can go below: the result is made, and its bytes are written.
+    // A lower bound for every transposed copy: the result is allocated, and its bytes are written.
     bench::Register("GetTransposedCopy", "moving alone", name, [size](benchmark::State& state) {
         MatDbl const matrix = Matrix(size, size, 1);
         std::size_t const bytes = sizeof(double) * std::size_t(size) * std::size_t(size);

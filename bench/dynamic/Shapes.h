@@ -2,7 +2,7 @@
 #include <string>
 #include <vector>
 
-// The sizes that every library is timed at.
+// The sizes at which every library is timed.
 
 namespace bench {
 

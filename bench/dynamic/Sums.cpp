@@ -4,8 +4,8 @@
 
 #include <support/Bench.h>
 
-// Running sums beside the limit of their rule: a chain of additions of which each waits for the one
-// before it, with nothing to load or to multiply.
+// Running sums beside the limit of their rule: a chain of additions in which each waits for the one
+// before it, without loads or multiplications.
 
 namespace {
 
@@ -16,7 +16,7 @@ VecDbl Vector(int size, unsigned seed)
     return VecDbl(view); // owns its elements
 }
 
-/// Keeps the additions from being folded into one, without a trip to memory.
+/// Prevents the compiler from combining the additions, without a store to memory.
 void Opaque(double& value)
 {
 #if defined(__x86_64__)

@@ -2,8 +2,8 @@
 
 #include <vexor/elementary.h>
 
-// The four functions beside the C library's. "1000" computes independent results, "chain" makes each
-// argument wait for the result before it.
+// The four functions beside the C library's. "1000" computes independent results; in "chain" each
+// argument depends on the result before it.
 
 namespace {
 

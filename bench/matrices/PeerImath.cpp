@@ -7,7 +7,7 @@
 namespace {
 
 using Vector = Imath::V3d;
-using Matrix = Imath::M33d; // multiplies row vectors from the right: hence all transposed
+using Matrix = Imath::M33d; // multiplies row vectors from the right: so all are transposed
 
 Vector MakeVector(double const* numbers)
 {

@@ -3,9 +3,9 @@
 
 #include <algorithm>
 
-// What each operation is, on plain numbers; nine of them are a matrix, row after row.
+// The rule of each operation, on plain numbers; nine of them are a matrix, row by row.
 
-// Every source has a copy of its own, compiled with its own flags: a peer's may fuse what these must not.
+// Every source has its own copy, compiled with its own flags: a peer's may fuse, these must not.
 
 namespace bench {
 
@@ -35,7 +35,7 @@ inline Rule const affineRule = [](double const* a, double const* b) {
     return result;
 };
 
-/// The elements of a matrix that is well conditioned: the numbers, with a heavy diagonal.
+/// The elements of a well conditioned matrix: the numbers, with a dominant diagonal.
 inline double WellConditioned(double const* numbers, int i, int j)
 {
     return numbers[3 * i + j] + (i == j ? 4.0 : 0.0);
@@ -46,7 +46,7 @@ inline double Symmetric(double const* numbers, int i, int j)
     return numbers[3 * std::min(i, j) + std::max(i, j)];
 }
 
-/// Cramer's rule, which is near enough to hold a solver against.
+/// Cramer's rule, which is accurate enough to check a solver.
 inline Rule const solveRule = [](double const* a, double const* b) {
     auto const determinant = [a, b](int replaced) {
         auto const at = [=](int i, int j) { return j == replaced ? b[i] : WellConditioned(a, i, j); };
@@ -58,7 +58,7 @@ inline Rule const solveRule = [](double const* a, double const* b) {
     return std::vector<double>{determinant(0) / whole, determinant(1) / whole, determinant(2) / whole};
 };
 
-/// The inverse, column after column of unit right-hand sides.
+/// The inverse, column by column from unit right-hand sides.
 inline Rule const invertRule = [](double const* a, double const*) {
     std::vector<double> result(9);
     for (int j = 0; j < 3; ++j) {

@@ -71,7 +71,7 @@ std::vector<double> ReadPoint(Pnt3Dbl const& point)
     return {point.x, point.y, point.z};
 }
 
-/// What a symmetric eigenproblem gives: the values, and the vectors in the rows.
+/// The result of a symmetric eigenproblem: the values, and the vectors in the rows.
 struct Spectrum {
     Vec3Dbl values;
     Mat3Dbl vectors;

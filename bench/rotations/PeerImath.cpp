@@ -6,7 +6,7 @@ namespace {
 
 using Unit = Imath::Quatd;
 using Vector = Imath::V3d;
-using Matrix = Imath::M33d; // multiplies row vectors from the right: hence transposed
+using Matrix = Imath::M33d; // multiplies row vectors from the right: so it is transposed
 
 Unit MakeQuaternion(double const* numbers)
 {

@@ -1,9 +1,9 @@
 #pragma once
 #include <support/Elementwise.h>
 
-// What each operation is, on plain numbers: four of them, made unit, are a quaternion, the scalar last.
+// The rule of each operation, on plain numbers: four of them, normalised, are a quaternion, the scalar last.
 
-// Every source has a copy of its own, compiled with its own flags: a peer's may fuse what these must not.
+// Every source has its own copy, compiled with its own flags: a peer's may fuse, these must not.
 
 namespace bench {
 

@@ -10,12 +10,12 @@
 #include <string>
 #include <vector>
 
-// What the benchmarks share. A benchmark's name reads operation/library/size, or operation/library/call
-// and operation/library/chain: scripts/bench pairs them up by the operation and the last field.
+// What the benchmarks share. A benchmark's name is operation/library/size, or operation/library/call
+// and operation/library/chain: scripts/bench matches them by the operation and the last field.
 
 namespace bench {
 
-/// Numbers of either sign and of magnitude 0.5 to 2, the same ones for every library.
+/// Numbers of both signs and of magnitude 0.5 to 2, the same ones for every library.
 inline std::vector<double> Numbers(std::size_t count, unsigned seed = 1)
 {
     std::mt19937_64 engine(seed);
@@ -26,7 +26,7 @@ inline std::vector<double> Numbers(std::size_t count, unsigned seed = 1)
     return numbers;
 }
 
-/// Ends the program unless the condition holds: no figure is worth having for a wrong result.
+/// Ends the program unless the condition holds: a time is worthless if the result is wrong.
 inline void Require(bool condition, std::string const& what)
 {
     if (condition)
@@ -55,7 +55,7 @@ inline void RequireClose(std::vector<double> const& actual, std::vector<double> 
         Require(std::fabs(actual[i] - expected[i]) <= 1e-9 * largest, what + " is not near the plain rule");
 }
 
-/// Registers a function that times `body` once an iteration.
+/// Registers a benchmark that times `body` once an iteration.
 template <class Body>
 void Register(std::string const& operation, char const* library, std::string const& size, Body body)
 {

@@ -20,10 +20,10 @@ inline double const* NumbersOf(std::size_t index, unsigned seed)
     return numbers[seed].data() + index % different * numbersEach;
 }
 
-/// The result's numbers by the plain rule, from the numbers of the two operands.
+/// The result by the plain rule, from the numbers of the two operands.
 using Rule = std::function<std::vector<double>(double const* left, double const* right)>;
 
-/// How exactly a library is to follow the rule.
+/// How closely a library must follow the rule.
 enum class Must { GiveTheBits, BeNear, BeFast };
 
 template <class MakeLeft, class MakeRight, class Operation, class Read>
@@ -61,7 +61,7 @@ void Elementwise(std::string const& name, char const* library, MakeLeft makeLeft
                 benchmark::DoNotOptimize(result.data());
                 benchmark::ClobberMemory();
             };
-            pass(); // touches the result, which a default constructor need not do
+            pass(); // writes the result, which a default constructor need not do
             for (auto _ : state)
                 pass();
         });

@@ -1,6 +1,6 @@
 #include <benchmark/benchmark.h>
 
-// The compiler and the flags under test come with the figures.
+// The output names the compiler and the flags.
 int main(int argc, char** argv)
 {
 #if defined(__clang__)

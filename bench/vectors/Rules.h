@@ -1,9 +1,9 @@
 #pragma once
 #include <support/Elementwise.h>
 
-// What each operation is, on plain numbers.
+// The rule of each operation, on plain numbers.
 
-// Every source has a copy of its own, compiled with its own flags: a peer's may fuse what these must not.
+// Every source has its own copy, compiled with its own flags: a peer's may fuse, these must not.
 
 namespace bench {
 
@@ -28,7 +28,7 @@ inline Rule const normalizeRule = [](double const* a, double const*) {
     return std::vector<double>{a[0] / length, a[1] / length, a[2] / length};
 };
 
-inline constexpr double sineSquared = 0.25; // so that both answers occur
+inline constexpr double sineSquared = 0.25; // so that both results occur
 inline constexpr double lengthSquared = 1e-10;
 
 inline Rule const parallelRule = [](double const* a, double const* b) {

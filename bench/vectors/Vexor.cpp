@@ -14,7 +14,7 @@ std::vector<double> Read(Vec3Dbl const& vector)
     return {vector.x, vector.y, vector.z};
 }
 
-// As GetNormalizedCopy, but asking only what any normalisation must: whether the vector is null.
+// Like GetNormalizedCopy, but with only the check that every normalisation needs: whether the vector is null.
 Vec3Dbl NormalizedOverPlainRange(Vec3Dbl const& vector)
 {
     double const length = std::sqrt(vector.LengthSquared());

@@ -17,7 +17,7 @@ bool BeginsWith(std::string const& text, char const* prefix)
 
 std::ifstream Open(std::string const& path)
 {
-    std::error_code unknown; // whatever it is, opening the file fails as well
+    std::error_code unknown; // for any other error, opening the file fails too
     if (std::filesystem::is_directory(path, unknown))
         throw InputError(path + ": is a directory");
     std::ifstream file(path, std::ios::binary);

@@ -4,8 +4,8 @@
 
 namespace examples {
 
-/// A file in the making. It is written under another name, path + ".part", and takes its own only when it is whole,
-/// so that a failure leaves no half-written file and an older one untouched. A path that names something else than a
+/// A file that is being written. It has another name, path + ".part", until it is complete, so a failure
+/// leaves no half-written file and does not change an older one. A path that names something other than a
 /// file, such as a pipe, is written directly.
 class OutputFile {
 public:
@@ -18,7 +18,8 @@ public:
     std::ostream& Stream() { return stream; }
     std::string const& Path() const { return path; }
 
-    /// Everything is written: gives the file its name. Raises InputError if it could not be written as a whole.
+    /// Call it after everything is written: renames the file. Raises InputError if it could not be written
+    /// completely.
     void Finish();
 
 private:

@@ -13,14 +13,14 @@ namespace examples {
 
 namespace {
 
-/// A word of the file for a message, which a file of one endless line must not make endless.
+/// A word of the file for a message, shortened, since a file may be one endless line.
 std::string Quoted(std::string const& word)
 {
     constexpr std::size_t longest = 40;
     return "'" + (word.size() > longest ? word.substr(0, longest) + "..." : word) + "'";
 }
 
-/// Memory is taken as the vertices arrive, not as the header promises them.
+/// Memory is allocated as the vertices arrive, not as the header declares them.
 constexpr double mostVertices = 4294967295.0;
 
 } // namespace

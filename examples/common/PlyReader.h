@@ -7,13 +7,13 @@
 
 namespace examples {
 
-/// Reads the vertices of a PLY file one by one: text, or binary of either byte order. The vertices must be the
-/// first element, and none of their properties a list. Raises InputError, which names the line, or in binary
-/// data the byte and the point, for anything else. A property that was declared a float has the value of the nearest
-/// float, so that a cloud has the same bits as text and as binary.
+/// Reads the vertices of a PLY file one by one: text, or binary of either byte order. The vertices must be
+/// the first element, and none of their properties a list. Raises InputError, which names the line, or in
+/// binary data the byte and the point, for anything else. A property that is declared float has the value of
+/// the nearest float, so a cloud has the same bits as text and as binary.
 class PlyReader {
 public:
-    /// Reads the header. `fileName` stands in the errors.
+    /// Reads the header. `fileName` appears in the errors.
     PlyReader(std::istream& plyStream, std::string fileName);
 
     std::size_t VertexCount() const { return vertexCount; }
@@ -29,7 +29,7 @@ public:
     int RequiredIndexOf(char const* name) const;
     /// Reads the next vertex: the values of its properties in the order of the header, all finite.
     void Next(std::vector<double>& values);
-    /// Raises InputError about the vertex read last.
+    /// Raises an InputError about the last vertex read.
     [[noreturn]] void FailAtLastVertex(std::string const& what) const;
 
     /// The values of a binary vertex, finite or not.

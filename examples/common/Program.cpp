@@ -20,7 +20,7 @@ int Report(char const* name, char const* what, int status)
     return status;
 }
 
-/// The body's status, unless what it printed was lost: on a full disk, for example.
+/// The body's status, unless its output was lost: on a full disk, for example.
 int WithOutputWritten(char const* name, int status)
 {
     if (std::fflush(stdout) == 0 && !std::ferror(stdout))
@@ -30,7 +30,7 @@ int WithOutputWritten(char const* name, int status)
 
 } // namespace
 
-// The library's exceptions carry no text: the type says all.
+// The library's exceptions have no text: only the type tells them apart.
 int RunProgram(char const* name, std::function<int()> const& body)
 {
     try {

@@ -24,7 +24,7 @@ std::string Attribute(char const* name, double value)
     return std::string(" ") + name + "=\"" + Decimals(value, 2) + "\"";
 }
 
-/// The largest of 1, 2 and 5 times a power of ten that is not above the limit.
+/// The largest of 1, 2 and 5 times a power of ten that does not exceed the limit.
 double RoundLength(double limit)
 {
     double const power = std::pow(10.0, std::floor(std::log10(limit)));
@@ -167,7 +167,7 @@ void Svg::ScaleBar(Panel const& panel, double pixelsPerUnit, std::string const& 
     Text(from + Vec2Dbl(4.0, -8.0), label + unit, "fill=\"#333\"");
 }
 
-// Lines as thick as they are long take fewer letters than rectangles.
+// Lines as thick as they are long take fewer characters than rectangles.
 void Svg::Squares(std::vector<Pnt2Dbl> const& corners, double side, std::string const& colour)
 {
     body += "<path d=\"";

@@ -8,7 +8,7 @@
 
 namespace examples {
 
-/// A rectangle that grows with the points it is shown.
+/// A rectangle that grows to contain the points that it is given.
 class Bounds {
 public:
     void Include(Pnt2Dbl const& point);
@@ -21,20 +21,20 @@ private:
     Pnt2Dbl highest = Pnt2Dbl(0.0);
 };
 
-/// A rectangle of a picture, its ordinates growing downwards.
+/// A rectangle of a picture; its ordinates grow downwards.
 struct Panel {
     double left, top, width, height;
 };
 
-/// The map from a plane whose ordinates grow upwards into a panel: one scale in both directions, the
-/// bounds centred in the panel and as large as it allows.
+/// The map from a plane whose ordinates grow upwards into a panel: one scale in both directions, with the
+/// bounds centred in the panel and as large as fits.
 AffMat2Dbl MapInto(Panel const& panel, Bounds const& bounds);
 
-/// The pixels to which the map takes one unit.
+/// The number of pixels for one unit.
 double ScaleOf(AffMat2Dbl const& map);
 
-/// A picture in the making, in pixels. A style is a list of SVG attributes. A coordinate that is not finite
-/// raises NotFiniteError. Text is escaped.
+/// A picture that is being drawn, in pixels. A style is a list of SVG attributes. A coordinate that is not
+/// finite raises NotFiniteError. Text is escaped.
 class Svg {
 public:
     Svg(double width, double height);
@@ -45,7 +45,7 @@ public:
     void Polygon(std::vector<Pnt2Dbl> const& corners, std::string const& style);
     void Circle(Pnt2Dbl const& centre, double radius, std::string const& style);
     void Rectangle(Panel const& panel, std::string const& style);
-    /// A path of which each segment is a straight line (one point) or a cubic curve (three points).
+    /// A path. Each segment is a straight line (one point) or a cubic curve (three points).
     void Path(Pnt2Dbl const& start, std::vector<std::vector<Pnt2Dbl>> const& segments,
               std::string const& style);
     void Text(Pnt2Dbl const& place, std::string const& text, std::string const& style = "");
@@ -53,11 +53,11 @@ public:
     /// A bar of a round length with its label, at the lower left of the panel.
     void ScaleBar(Panel const& panel, double pixelsPerUnit, std::string const& unit);
 
-    /// Squares of one colour. Their upper left corners and their side, an even number, are whole numbers.
+    /// Squares of one colour. Their upper left corners and their side, an even number, are integers.
     void Squares(std::vector<Pnt2Dbl> const& corners, double side, std::string const& colour);
 
     void Write(std::ostream& stream) const;
-    /// Writes the file as a whole or not at all. Raises InputError if that fails.
+    /// Writes the complete file or nothing. Raises InputError if that fails.
     void Save(std::string const& path) const;
 
 private:
@@ -66,7 +66,7 @@ private:
     std::string body;
 };
 
-/// The number with as many decimals as asked. Raises NotFiniteError if it is not finite.
+/// The number with the requested number of decimals. Raises NotFiniteError if it is not finite.
 std::string Decimals(double number, int decimals);
 
 /// The attribute `fill` for a number from −1 (blue) over 0 (white) to 1 (red).

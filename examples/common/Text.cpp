@@ -22,7 +22,7 @@ bool IsAllowed(unsigned long character)
 
 std::size_t CharacterLength(std::string const& text, std::size_t index)
 {
-    // By the length of a character: the bits that its first byte begins with, and its smallest code, which
+    // For each length of a character: the leading bits of its first byte, and its smallest code, which
     // excludes longer spellings of the same code.
     struct Form {
         unsigned mask, lead;
@@ -71,7 +71,7 @@ std::string EscapedForXml(std::string const& text)
     for (std::size_t i = 0; i < text.size();) {
         std::size_t const length = CharacterLength(text, i);
         if (length == 0)
-            escaped += "\xef\xbf\xbd"; // U+FFFD, which stands for what cannot be shown
+            escaped += "\xef\xbf\xbd"; // U+FFFD, the replacement for characters that cannot be shown
         else if (text[i] == '&')
             escaped += "&amp;";
         else if (text[i] == '<')

@@ -8,14 +8,14 @@ namespace examples {
 /// The finite number that `text` spells, whatever the locale. False if it spells anything else.
 bool ParseNumber(std::string const& text, double& number);
 
-/// A text file read line by line, each line split into fields at blanks. Empty lines are skipped, and
-/// all that follows a `#`. The rest of a line must be UTF-8 text without control characters other than tabs and
-/// a carriage return. Every complaint names the file and the line.
+/// A text file read line by line, each line split into fields at blanks. Empty lines are skipped, and all
+/// that follows a `#`. The rest of a line must be UTF-8 text without control characters other than tabs and a
+/// carriage return. Every complaint names the file and the line.
 class TextFile {
 public:
     explicit TextFile(std::string path);
 
-    /// Goes on to the next line that holds a field. False at the end of the file.
+    /// Advances to the next line that has a field. False at the end of the file.
     bool NextLine();
 
     /// The fields of the line, at least one.
@@ -23,8 +23,8 @@ public:
     std::string const& Field(std::size_t index) const;
     double Number(std::size_t index) const;
 
-    /// The lines to come are in an encoding of one byte a character, as ISO 8859: of their bytes only control
-    /// characters are refused.
+    /// The following lines have an encoding of one byte a character, such as ISO 8859: only control
+    /// characters among their bytes are refused.
     void AcceptOneByteEncoding() { isUtf8 = false; }
 
     std::string const& Path() const { return path; }

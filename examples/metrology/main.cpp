@@ -1,5 +1,5 @@
-// Fits a plane or a sphere to measured points, so that the sum of the squared distances is least, and draws how far
-// each point deviates.
+// Fits a plane or a sphere to measured points, so that the sum of the squared distances is least, and draws
+// how far each point deviates.
 //
 //   metrology plane|sphere POINTS PICTURE.svg
 
@@ -51,8 +51,8 @@ Pnt3Dbl Centroid(std::vector<Pnt3Dbl> const& points)
     return points.front() + sum / static_cast<double>(points.size());
 }
 
-/// The principal axes of the points in the rows, the longest first. Raises InputError if fewer than `needed` of them
-/// have an extent.
+/// The principal axes of the points in the rows, the longest first. Raises InputError if fewer than `needed`
+/// of them have an extent.
 Mat3Dbl PrincipalAxes(std::vector<Pnt3Dbl> const& points, Pnt3Dbl const& centroid, int needed,
                       char const* complaint)
 {
@@ -69,7 +69,7 @@ Mat3Dbl PrincipalAxes(std::vector<Pnt3Dbl> const& points, Pnt3Dbl const& centroi
     return vexor::FromRows(Vec3Dbl(rows.GetRow(0)), Vec3Dbl(rows.GetRow(1)), Vec3Dbl(rows.GetRow(2)));
 }
 
-/// The plane through the centroid across the shortest axis; its normal points upwards.
+/// The plane through the centroid perpendicular to the shortest axis; its normal points upwards.
 Deviations FitPlane(std::vector<Pnt3Dbl> const& points)
 {
     if (points.size() < 4)
@@ -90,8 +90,8 @@ Deviations FitPlane(std::vector<Pnt3Dbl> const& points)
     return result;
 }
 
-/// The sphere by the Gauss–Newton method, from the centroid on. The equations of one step are the distances, linearised
-/// in the centre and the radius.
+/// The sphere by the Gauss–Newton method, from the centroid on. The equations of one step are the distances,
+/// linearised in the centre and the radius.
 Deviations FitSphere(std::vector<Pnt3Dbl> const& points)
 {
     int const count = static_cast<int>(points.size());

@@ -71,7 +71,7 @@ BestPlane FindBestPlane(std::vector<CloudPoint> const& cloud)
 
 Agreement Compare(PrincipalAxes const& axes, BestPlane const& plane, std::size_t pointCount)
 {
-    // The sine, unlike the cosine, tells small angles apart.
+    // The sine, unlike the cosine, distinguishes small angles.
     double const sine = axes.axes.GetRow(2).Cross(plane.normal).Length();
     Vec3Dbl const variances =
         plane.singularValues.ElemMult(plane.singularValues) / static_cast<double>(pointCount - 1);

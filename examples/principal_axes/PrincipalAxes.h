@@ -5,7 +5,7 @@
 
 namespace examples {
 
-/// The place and the shape of a cloud: its centroid, and the directions in which it extends.
+/// The position and the shape of a cloud: its centroid, and the directions in which it extends.
 struct PrincipalAxes {
     Pnt3Dbl centroid;
     Vec3Dbl variances; ///< Along the axes, the largest first.
@@ -19,7 +19,7 @@ struct BestPlane {
     Vec3Dbl singularValues; ///< Of the matrix of the points about their centroid, descending.
 };
 
-/// How far two ways to the same shape lie apart.
+/// How much the two methods differ.
 struct Agreement {
     double normalAngle;      ///< In radians, between the third axis and the normal.
     double relativeVariance; ///< The largest difference of variances, by the largest variance.
@@ -31,8 +31,8 @@ Pnt3Dbl Centroid(std::vector<CloudPoint> const& cloud);
 PrincipalAxes FindPrincipalAxes(std::vector<CloudPoint> const& cloud);
 
 /// The plane with the smallest sum of squared distances, from the singular value decomposition of the
-/// points about their centroid: no covariance is formed. Raises InputError for fewer than three points
-/// and where the points lie on a line.
+/// points about their centroid, without a covariance matrix. Raises InputError for fewer than three points
+/// and if the points lie on a line.
 BestPlane FindBestPlane(std::vector<CloudPoint> const& cloud);
 
 Agreement Compare(PrincipalAxes const& axes, BestPlane const& plane, std::size_t pointCount);

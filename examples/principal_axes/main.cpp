@@ -1,4 +1,4 @@
-// Finds the principal axes and the best-fit plane of a point cloud, each in its own way, and tells how
+// Finds the principal axes and the best-fit plane of a point cloud, each by its own method, and prints how
 // well they agree.
 //
 //   principal_axes CLOUD PICTURE.svg
@@ -41,8 +41,8 @@ void Print(PrincipalAxes const& axes, BestPlane const& plane, std::size_t pointC
                 agreement.normalAngle, agreement.relativeVariance);
 }
 
-/// The points farther than this many standard deviations from the centroid, along any axis, are left out
-/// of the picture, which a few strays would make small.
+/// Points farther than this many standard deviations from the centroid, along any axis, are left out
+/// of the picture: a few outliers would make the rest small.
 double const reach = 3.0;
 
 /// The coordinates of a point along the axes.
@@ -114,7 +114,7 @@ void DrawAxis(Svg& picture, View const& view, PrincipalAxes const& axes, int axi
                      + axisColours[axis] + "\"");
 }
 
-/// The plane seen from its edge: the line in which it meets the plane of the view.
+/// The plane seen edge-on: its line of intersection with the plane of the view.
 void DrawPlane(Svg& picture, View const& view, PrincipalAxes const& axes, BestPlane const& plane)
 {
     Vec3Dbl along = axes.axes.GetRow(1).Cross(plane.normal);

@@ -9,7 +9,7 @@ namespace examples {
 
 namespace {
 
-/// How a row of the design matrix is made of the predictors of an observation.
+/// How a row of the design matrix is formed from the predictors of an observation.
 struct Model {
     enum class Kind { none, polynomial, linear, proportional };
     Kind kind = Kind::none;

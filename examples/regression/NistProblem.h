@@ -7,7 +7,7 @@
 
 namespace examples {
 
-/// A coefficient as NIST certifies it, to fifteen digits.
+/// A coefficient certified by NIST, to fifteen digits.
 struct CertifiedValue {
     std::string name;
     double estimate;
@@ -22,7 +22,7 @@ struct NistProblem {
     VecDbl response; ///< y.
 };
 
-/// Reads a problem in the form that data/nist/README.md tells. Raises InputError.
+/// Reads a problem in the form that data/nist/README.md describes. Raises InputError.
 NistProblem ReadNistProblem(std::string const& path);
 
 } // namespace examples

@@ -1,5 +1,5 @@
-// Solves regression problems whose answers are certified to fifteen digits, and tells how many of the
-// digits come out right.
+// Solves regression problems whose results are certified to fifteen digits, and prints how many of the
+// digits are right.
 //
 //   regression PROBLEM.txt...
 
@@ -25,7 +25,7 @@ struct Summary {
     double worstDigits;
 };
 
-/// Beyond this condition number half of a double's digits are at stake.
+/// Above this condition number half of a double's digits may be lost.
 double const illConditioned = 1.0 / std::sqrt(std::numeric_limits<double>::epsilon());
 
 void PrintRow(std::string const& name, double computed, double certified)

@@ -1,5 +1,5 @@
-// Moves the tool of an arm with six turning joints from place to place along screw motions. Finds the angles of the
-// joints by damped least squares, checks them by forward kinematics, and draws the arm.
+// Moves the tool of an arm with six turning joints from place to place along screw motions. Finds the angles
+// of the joints by damped least squares, checks them by forward kinematics, and draws the arm.
 //
 //   robot_arm ARM PICTURE.svg
 
@@ -66,8 +66,8 @@ Arm ReadArm(std::string const& path)
     return arm;
 }
 
-/// The frames of the base and of each joint; the last one is the tool's. The joint turns about the z axis of the frame
-/// before it.
+/// The frames of the base and of each joint; the last one is the tool's. The joint turns about the z axis of
+/// the frame before it.
 using Frames = std::vector<AffMat3Dbl>;
 Frames Forward(Arm const& arm, VecDbl const& angles)
 {
@@ -82,20 +82,20 @@ Frames Forward(Arm const& arm, VecDbl const& angles)
     return frames;
 }
 
-/// What is missing from a frame to the target: a shift in metres, and a turn as axis times angle.
+/// The difference between a frame and the target: a shift in metres, and a turn as axis times angle.
 VecDbl Missing(AffMat3Dbl const& from, AffMat3Dbl const& to)
 {
     Vec3Dbl const shift = to.Translation() - from.Translation();
     Quaternion turn(to.LinearPart() * from.LinearPart().GetTransposedCopy());
-    if (turn.s < 0.0) // the same turn the shorter way
+    if (turn.s < 0.0) // the same turn by the shorter way
         turn.SetValue(-turn.u, -turn.v, -turn.w, -turn.s, 0);
     Vec3Dbl const half = vexor::Log(turn);
     return vexor::Vector({shift.x, shift.y, shift.z, 2.0 * half.x, 2.0 * half.y, 2.0 * half.z});
 }
 
-/// Changes the angles until the tool is at the target, by damped least squares: each step solves
-/// (JᵀJ + λI)·change = Jᵀ·error. The damping λ falls with the error, so the last steps are Newton's. False if this
-/// does not end.
+/// Changes the angles until the tool is at the target, by damped least squares: each step solves (JᵀJ +
+/// λI)·change = Jᵀ·error. The damping λ falls with the error, so the last steps are Newton's. False if it
+/// does not converge.
 bool Reach(Arm const& arm, AffMat3Dbl const& target, VecDbl& angles)
 {
     for (int iteration = 0; iteration < 200; ++iteration) {

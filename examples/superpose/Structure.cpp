@@ -36,7 +36,7 @@ std::vector<Residue> ReadStructure(std::string const& path)
     for (std::string line; std::getline(stream, line);) {
         ++lineNumber;
         if (Columns(line, 1, 6) == "ENDMDL")
-            break; // the first model alone
+            break; // only the first model
         if (Columns(line, 1, 6) != "ATOM" || Columns(line, 13, 16) != "CA")
             continue;
         double coordinates[3];

@@ -13,11 +13,11 @@ struct Residue {
     Pnt3Dbl place;      ///< In ångströms.
 };
 
-/// Reads the C-alpha atoms of a chain from a file in the PDB format. Of alternative places the first
-/// one is taken. Raises InputError, which names the line.
+/// Reads the C-alpha atoms of a chain from a file in the PDB format. If there are alternative positions, the
+/// first one is used. Raises InputError, which names the line.
 std::vector<Residue> ReadStructure(std::string const& path);
 
-/// Two equally long lists of places: those of the residues that both structures number alike.
+/// Two lists of positions of equal length: those of the residues with the same number in both structures.
 struct PointPairs {
     std::vector<std::string> numbers;
     std::vector<Pnt3Dbl> fixed;

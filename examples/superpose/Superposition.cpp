@@ -38,10 +38,10 @@ MatDbl QuaternionForm(Mat3Dbl const& m)
         form(i + 1, i + 1) = m(i, i) - m(j, j) - m(k, k);
         form(std::min(i, j) + 1, std::max(i, j) + 1) = m(i, j) + m(j, i);
     }
-    return form; // the solver reads the upper triangle alone
+    return form; // the solver reads only the upper triangle
 }
 
-/// Of the two quaternions of a rotation the one whose angle lies between 0 and π.
+/// Of the two quaternions of a rotation, the one whose angle is between 0 and π.
 Quaternion WithPositiveScalar(Quaternion const& rotation)
 {
     Quaternion result(rotation);
@@ -67,7 +67,7 @@ Correlation::Correlation(PointPairs const& pairs)
         squares += fixed.LengthSquared() + moving.LengthSquared();
     }
     RequireFinite("the squared distances from the centroid",
-                  squares); // so is each element of the correlation
+                  squares); // each element of the correlation is finite too
 }
 
 bool Correlation::IsMirrored() const
@@ -77,8 +77,8 @@ bool Correlation::IsMirrored() const
 
 // With M = Σ σk uk vkᵀ, the rotation is u0 v0ᵀ + u1 v1ᵀ + u2 v2ᵀ. The library gives the singular values
 // and the left vectors; the right ones are vk = Mᵀ uk / σk. The third pair is made by cross products,
-// which keeps both sets right-handed: so the result never is a reflection, and a flat set of points
-// (σ2 = 0) needs no case of its own.
+// which keeps both sets right-handed: so the result is never a reflection, and a flat set of points
+// (σ2 = 0) needs no special case.
 Superposition Correlation::BySvd() const
 {
     Mat3Dbl left(matrix);
@@ -103,7 +103,7 @@ Superposition Correlation::ByQuaternion() const
 {
     MatDbl form = QuaternionForm(matrix);
     VecDbl eigenValue;
-    form.EigenSym(eigenValue, 1, 3, 3); // the largest alone, its vector in row 0
+    form.EigenSym(eigenValue, 1, 3, 3); // only the largest one, its vector in row 0
     Quaternion rotation;
     rotation.SetValue(form(0, 1), form(0, 2), form(0, 3), form(0, 0), 1);
     Mat3Dbl asMatrix;

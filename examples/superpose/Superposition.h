@@ -6,29 +6,29 @@
 
 namespace examples {
 
-/// The rotation and translation that carry the moving points as near to the fixed ones as can be, in
+/// The rotation and translation that bring the moving points as close to the fixed ones as possible, by
 /// the sum of squared distances.
 struct Superposition {
     Quaternion rotation; ///< With a scalar part of 0 or more: an angle from 0 to π.
     AffMat3Dbl motion;
-    double predictedRmsd; ///< As the singular values or the eigenvalue tell it, without moving a point.
+    double predictedRmsd; ///< From the singular values or the eigenvalue, without moving a point.
 };
 
-/// What both ways start from: the centroids, and the correlation of the points about them.
+/// The input of both methods: the centroids, and the correlation of the points about them.
 class Correlation {
 public:
     /// Raises InputError unless there are at least three pairs.
     explicit Correlation(PointPairs const& pairs);
 
     /// By the singular value decomposition of the 3×3 correlation matrix. Raises InputError if the
-    /// points lie on a line, about which any turn would fit as well.
+    /// points lie on a line: a turn about it would not change the fit.
     Superposition BySvd() const;
 
     /// By the quaternion that is the eigenvector of a symmetric 4×4 matrix to its largest eigenvalue.
     Superposition ByQuaternion() const;
 
     /// Whether the best orthogonal matrix of all would be a reflection: the moving points are more like
-    /// a mirror image of the fixed ones. Both ways give the best true rotation all the same.
+    /// a mirror image of the fixed ones. Both methods give the best true rotation nevertheless.
     bool IsMirrored() const;
 
 private:

@@ -1,10 +1,10 @@
-// Lays one protein structure on another: the best rotation and translation, found in two independent
-// ways.
+// Superposes one protein structure on another: the best rotation and translation, found by two independent
+// methods.
 //
 //   superpose FIXED.pdb MOVING.pdb PICTURE.svg [--mirror]
 //
-// --mirror reflects the moving structure first. No rotation can undo that; the best one is found all
-// the same.
+// --mirror reflects the moving structure first. No rotation can undo that; the best one is found
+// nevertheless.
 
 #include "common/Program.h"
 #include "common/Svg.h"
@@ -50,7 +50,7 @@ void PrintComparison(Superposition const& bySvd, Superposition const& byQuaterni
 
 // ---- The picture -----------------------------------------------------------------------------------
 
-/// What lies to the right and upwards in a picture.
+/// The directions to the right and upwards in a picture.
 struct Viewpoint {
     Vec3Dbl right, up;
 };
@@ -105,7 +105,7 @@ void DrawPanel(Svg& picture, Panel const& panel, std::string const& title, std::
     picture.ScaleBar({panel.left, panel.top, panel.width, panel.height + 24.0}, ScaleOf(map), "\u00c5");
 }
 
-/// How far apart the atoms of each residue remain, as bars.
+/// The remaining distance between the atoms of each residue, as bars.
 void DrawDistances(Svg& picture, Panel const& panel, PointPairs const& pairs, AffMat3Dbl const& motion)
 {
     std::vector<double> distances;
@@ -127,7 +127,7 @@ void DrawDistances(Svg& picture, Panel const& panel, PointPairs const& pairs, Af
     picture.Line(Pnt2Dbl(panel.left, floor), Pnt2Dbl(panel.left + panel.width, floor), "stroke=\"#333\"");
 }
 
-/// Mirror images are matched best where they extend most, so that what remains between them shows only
+/// Mirror images match best along their longest axes, so the remaining difference shows only
 /// in a view along another axis.
 void Draw(PointPairs const& pairs, AffMat3Dbl const& motion, bool areMirrored, std::string const& subtitle,
           std::string const& path)

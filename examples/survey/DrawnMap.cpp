@@ -45,8 +45,8 @@ private:
                 map.stations[file.Field(i + 1)] = Pnt2Dbl(file.Number(1), file.Number(2));
     }
 
-    /// The first line of coordinates is where the drawn line starts, each further one a segment. All
-    /// else within the line (`smooth off`, `subtype sand`) is a matter of style.
+    /// The first line of coordinates is the start of the drawn line, each further one a segment. All
+    /// other lines (`smooth off`, `subtype sand`) only affect the style.
     void ReadLine()
     {
         DrawnLine line{file.Field(1), Pnt2Dbl(0.0), {}};
@@ -101,7 +101,7 @@ Vec2Dbl Mean(std::vector<Vec2Dbl> const& vectors)
     return sum / static_cast<double>(vectors.size());
 }
 
-/// The 2×2 matrix L that makes the sum of |L ground − grid|² smallest.
+/// The 2×2 matrix L that minimises the sum of |L ground − grid|².
 Mat2Dbl FitLinearPart(std::vector<Vec2Dbl> const& ground, std::vector<Vec2Dbl> const& grid)
 {
     auto const count = static_cast<int>(ground.size());
@@ -146,7 +146,7 @@ Vec2Dbl GridFit::ResidualOf(ControlPoint const& point) const
     return point.ground - toGrid.GetInvertedCopy() * point.grid;
 }
 
-// About the two means the best translation is 0, so only the linear part is left to solve for.
+// Relative to the two means the best translation is 0, so only the linear part is solved for.
 GridFit FitToGrid(std::vector<ControlPoint> const& controls)
 {
     if (controls.size() < 3)

@@ -38,7 +38,7 @@ struct GridFit {
     std::vector<ControlPoint> controls;
     double rmsResidual; ///< On the ground, in metres.
 
-    /// How far off a point is drawn, in metres on the ground.
+    /// The error of a point's drawn position, in metres on the ground.
     Vec2Dbl ResidualOf(ControlPoint const& point) const;
 };
 
@@ -46,9 +46,9 @@ struct GridFit {
 /// VexorComputationFailed or VexorSingular if they lie on a line.
 GridFit FitToGrid(std::vector<ControlPoint> const& controls);
 
-/// Looks for one control point that spoils the fit: the one without which the residuals are smallest,
-/// if that is less than half of what they are with it. Returns its index, or −1 if there is none. Of
-/// fewer than eight points one may improve the fit that much by chance, so they are all kept.
+/// Finds one control point that spoils the fit: the one without which the residuals are smallest,
+/// if that is less than half of the residuals with it. Returns its index, or −1 if there is none. With
+/// fewer than eight points, one may improve the fit that much by chance, so all are kept.
 int FindBlunder(std::vector<ControlPoint> const& controls);
 
 } // namespace examples

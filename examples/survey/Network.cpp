@@ -67,7 +67,7 @@ private:
             isFixed[0] = reached[0] = true;
     }
 
-    /// Goes through the legs, again and again, until none joins a new station to those placed.
+    /// Processes the legs repeatedly, until none joins a new station to the placed ones.
     void PlaceByLegs(std::vector<bool>& isUsed)
     {
         for (bool hasGrown = true; hasGrown;) {
@@ -108,8 +108,8 @@ private:
         return {legIndex, misclosure, leg.length + PathLength(from, to)};
     }
 
-    /// The length of the legs between two stations, along those that placed them. Where each hangs on a
-    /// fixed station of its own, up to these.
+    /// The length of the legs between two stations, along those that placed them. If each leads to its own
+    /// fixed station, the length up to these.
     double PathLength(std::size_t one, std::size_t other) const
     {
         std::map<int, double> fromOne;
@@ -128,7 +128,7 @@ private:
         return length + fromOther;
     }
 
-    /// One equation a leg: the unknown corrections of its two ends differ by what the leg misses. All
+    /// One equation a leg: the unknown corrections of its two ends differ by the leg's misclosure. All
     /// three coordinates share the coefficients, so they are three right-hand sides of one system.
     void AdjustByLeastSquares()
     {

@@ -3,14 +3,14 @@
 
 namespace examples {
 
-/// A leg that arrives at a station that other legs have placed already, and what it misses it by.
+/// A leg that arrives at a station that other legs have already placed, and its misclosure.
 struct Closure {
     std::size_t leg;    ///< Its index in the survey.
-    Vec3Dbl misclosure; ///< Where the leg ends, less where the station was.
+    Vec3Dbl misclosure; ///< The end of the leg minus the station's place.
     double loopLength;  ///< Of all the legs of the loop that it closes.
 };
 
-/// A station, as the legs lead to it one after the other, and adjusted.
+/// A station, as the legs place it one after the other, and adjusted.
 struct Station {
     std::string name;
     Pnt3Dbl traversed;
@@ -27,8 +27,8 @@ struct Network {
 };
 
 /// Places every station by adding legs, and distributes the misclosures by least squares: of all
-/// places that the stations could have, those for which the sum of (change of leg)² / (length of leg)
-/// is smallest. Fixed stations stay; without any, the first station is put at the origin. Raises
+/// places that the stations could have, those with the smallest sum of (change of leg)² / (length of
+/// leg). Fixed stations stay; without any, the first station is put at the origin. Raises
 /// InputError for a station that no chain of legs joins to the rest.
 Network Adjust(Survey const& survey);
 

@@ -20,7 +20,7 @@ std::map<std::string, double> const unitSizes = {
     {"grad", pi / 200.0},    {"mils", pi / 3200.0},
 };
 
-/// Names that mean the same column.
+/// Names with the same meaning.
 std::string ColumnName(std::string const& name)
 {
     if (name == "length")
@@ -39,7 +39,7 @@ public:
         while (file.NextLine()) {
             std::string const& word = file.Field(0);
             if (word == "encoding" && file.Field(1) != "utf-8")
-                file.AcceptOneByteEncoding(); // pictures show U+FFFD for its letters beyond ASCII
+                file.AcceptOneByteEncoding(); // pictures show U+FFFD for its letters that are not ASCII
             else if (word == "survey")
                 ReadTitle();
             else if (word == "centreline" || word == "centerline")

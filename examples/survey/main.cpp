@@ -1,4 +1,4 @@
-// Computes a traverse or a cave survey: legs to places, misclosures distributed by least squares, and,
+// Computes a traverse or a cave survey: stations from legs, misclosures distributed by least squares, and,
 // with a drawn map of it, the survey on the grid of that map.
 //
 //   survey SURVEY.th PLAN.svg [MAP.th2 SCRAP]
@@ -93,7 +93,7 @@ void PrintGrid(GridFit const& fit)
     std::printf("%-8s %12s %12s %18.2f\n", "rms", "", "", fit.rmsResidual);
 }
 
-/// Fits the grid; a control point that spoils the fit is named and left out.
+/// Fits the grid; names a control point that spoils the fit and leaves it out.
 GridFit FitAndPrintGrid(std::vector<ControlPoint> controls)
 {
     std::printf("\n");
@@ -120,7 +120,7 @@ Pnt2Dbl OnPlan(Pnt3Dbl const& place)
     return Pnt2Dbl(place.x, place.y);
 }
 
-/// A drawn line carried through a map.
+/// A drawn line with every point mapped.
 DrawnLine Carried(DrawnLine line, AffMat2Dbl const& map)
 {
     line.start = map * line.start;
@@ -137,7 +137,7 @@ std::string StyleOf(DrawnLine const& line)
     return "stroke=\"#b09a86\" stroke-width=\"1.1\"";
 }
 
-/// Letters with a white rim, which keeps them readable on lines.
+/// Letters with a white outline, so that they are readable on lines.
 char const* const labelStyle =
     "font-size=\"13\" fill=\"#333\" stroke=\"white\" stroke-width=\"3\" paint-order=\"stroke\"";
 
@@ -200,7 +200,7 @@ private:
         picture.Text(place + Vec2Dbl(7.0, -6.0), station.name, labelStyle);
     }
 
-    /// The misclosure a hundred times as large, where it came to light.
+    /// The misclosure, a hundred times as large, at the station where it occurs.
     void DrawMisclosure(Closure const& closure)
     {
         Vec2Dbl const miss(closure.misclosure.x, closure.misclosure.y);
@@ -226,7 +226,7 @@ private:
     Svg picture{900.0, 830.0};
 };
 
-/// What the plan says below its title.
+/// The text below the plan's title.
 std::string Headline(Survey const& survey, Network const& network)
 {
     std::string line = std::to_string(survey.legs.size()) + " legs";

@@ -1,5 +1,5 @@
-// Turns a free rigid body by many small steps and prints where it ends, to the last bit: the same bits in every build
-// and on every platform. The same steps with the platform's own sin and cos show where those part.
+// Turns a free rigid body by many small steps and prints its final state, all bits: the same in every build
+// and on every platform. The same steps with the platform's own sin and cos show where the two differ.
 //
 //   turning_body [STEPS]
 
@@ -21,7 +21,7 @@ namespace {
 constexpr double step = 1e-4; // seconds
 Vec3Dbl const inertia(1.0, 2.0, 3.0);
 
-/// How fast the angular velocity changes, in the body's axes, without a torque: Euler's equations.
+/// The rate of change of the angular velocity, in the body's axes, without a torque: Euler's equations.
 Vec3Dbl Acceleration(Vec3Dbl const& w)
 {
     return Vec3Dbl((inertia.y - inertia.z) * (w.y * w.z), (inertia.z - inertia.x) * (w.z * w.x),
@@ -39,7 +39,7 @@ Vec3Dbl Advanced(Vec3Dbl const& w)
     return w + (step / 6.0) * (((a + 2.0 * b) + 2.0 * c) + d);
 }
 
-/// The orientation of the body, and a marker painted on it, which is turned as a vector of its own.
+/// The orientation of the body, and a marker painted on it, which is turned as a separate vector.
 struct Body {
     Quaternion orientation;
     Vec3Dbl marker = Vec3Dbl(1, 0, 0);
@@ -50,7 +50,7 @@ struct Body {
     }
 };
 
-/// By the library's functions.
+/// With the library's functions.
 void Turn(Body& body, Vec3Dbl const& axis, double angle)
 {
     body.marker.Rotate(body.orientation.RotatePoint(axis).GetNormalizedCopy(), angle);

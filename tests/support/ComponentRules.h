@@ -207,7 +207,8 @@ TYPED_TEST_P(ComponentRules, GetValue)
         object.GetValue(x, y, z);
         F::ExpectBits(C(x, y, z), {-0.0, nan, 1});
         object = F::Make({1, 2, 3});
-        object.GetValue(object.z, object.x, object.y); // each reference gets the value that the object held before
+        object.GetValue(object.z, object.x,
+                        object.y); // each reference gets the value that the object held before
         F::ExpectBits(object, {2, 3, 1});
     } else {
         static_assert(vexor_test::givesTwo<C&, N>, "");

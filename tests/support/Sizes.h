@@ -28,7 +28,8 @@ struct Shape {
 };
 
 /// Single large matrices: long and narrow, and with more than 4096 elements.
-constexpr Shape largeMatrices[] = {{4097, 1}, {1, 4097}, {1000, 5}, {3, 1001}, {65, 65}, {129, 33}, {33, 129}};
+constexpr Shape largeMatrices[] = {{4097, 1}, {1, 4097}, {1000, 5}, {3, 1001},
+                                   {65, 65},  {129, 33}, {33, 129}};
 
 /// All shapes up to this many rows and columns occur.
 constexpr int matricesUpTo = 40;

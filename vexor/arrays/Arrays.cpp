@@ -6,7 +6,8 @@
 #include <algorithm>
 #include <limits>
 
-// What the component's library exports: checks the operation's arguments and runs the loop of the chosen set.
+// The exported functions of the component: they check the operation's arguments and run the loop of the
+// chosen
 
 namespace vexor::arrays::detail {
 
@@ -33,7 +34,7 @@ KernelSet const& Fastest()
 #endif
 }
 
-/// Sets the choice when the library is loaded. Until then it is a constant, so that nothing is ever chosen
+/// Chooses the set when the library is loaded. Until then it is a constant, so no choice is ever made
 /// under a lock.
 struct AtLoad {
     AtLoad() { chosen = &Fastest(); }
@@ -82,7 +83,7 @@ VectorKernels<Element> const& KernelsFor(KernelSet const& set)
         return dimension == 3 ? set.inSpace : set.inPlane;
 }
 
-/// A copy of an operand's one value, so that results written over it do not change it for later elements.
+/// A copy of an operand's single value, so that results written over it do not change it for later elements.
 template <class Element, int size>
 class Copy {
 public:
@@ -289,7 +290,7 @@ void EigenSym(Mat3Dbl const* matrices, Vec3Dbl* eigenValues, Mat3Dbl* vectors, s
 
 namespace {
 
-/// Combines the first `count` of numbers that lie `stride` apart in pairs of neighbours, until one is left.
+/// Combines the first `count` of numbers that are `stride` apart in pairs of neighbours, until one is left.
 template <class Operation>
 double CombineNeighbours(double* numbers, int count, int stride, Operation operation)
 {
@@ -344,7 +345,7 @@ void ExtremesBlock(Element const* elements, std::size_t count, Element* least, E
     else
         chosen->findExtremes(elements, count * dimension, low, high);
     for (int k = 0; k < dimension; ++k) {
-        // Singles that were widened come back unchanged.
+        // Widened singles are converted back exactly.
         least[k] = static_cast<Element>(CombineNeighbours(low + k, runningSums / dimension, dimension,
                                                           [](double a, double b) { return b < a ? b : a; }));
         greatest[k] = static_cast<Element>(CombineNeighbours(

@@ -2,7 +2,7 @@
 #include <vexor/arrays/detail/Functions.h>
 
 // Matrices, affine maps and quaternions over arrays of vectors and points: `map * x[i]` and
-// `quaternion.RotatePoint(x[i])`, with the bits of the operator for the classes at hand. The forms, with and
+// `quaternion.RotatePoint(x[i])`, with the bits of the operator for those classes. The forms, with and
 // without a count, are those of Vectors.h.
 
 namespace vexor::arrays {
@@ -103,7 +103,7 @@ void MultiplyViews(View<Left> const& left, View<Right> const& right, Range<Resul
         } else if constexpr (std::is_same_v<Left, Mat3Dbl> && std::is_same_v<Right, Vec3Dbl>) {
             MultiplyVectors(MatricesOf(left), OperandOf(right), ElementsOf(results.data), results.count);
         } else {
-            Left const map(*left.data); // results may be written over one value
+            Left const map(*left.data); // the results may be written over one value
             Right const value(*right.data);
             for (std::size_t i = 0; i < results.count; ++i)
                 results.data[i] = (left.isOne ? map : left.data[i]) * (right.isOne ? value : right.data[i]);
@@ -113,8 +113,8 @@ void MultiplyViews(View<Left> const& left, View<Right> const& right, Range<Resul
 
 } // namespace detail
 
-/// left[i] * right[i]: `Mat3Dbl`, `AffMat3Dbl`, `Mat2Dbl` and `AffMat2Dbl` times vectors and points, `Mat3Dbl`
-/// times `Mat3Dbl`, `Quaternion` times `Quaternion`.
+/// left[i] * right[i]: `Mat3Dbl`, `AffMat3Dbl`, `Mat2Dbl` and `AffMat2Dbl` times vectors and points,
+/// `Mat3Dbl` times `Mat3Dbl`, `Quaternion` times `Quaternion`.
 template <class Left, class Right, class Results, class... Count>
 void Multiply(Left const& left, Right const& right, Results&& results, Count... count)
 {

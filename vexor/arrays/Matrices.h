@@ -1,9 +1,10 @@
 #pragma once
 #include <vexor/arrays/detail/Functions.h>
 
-// Arrays of Mat3Dbl. Unlike the members these functions leave the matrices as they are and write their results
-// beside them, or over them if told so; the row order that a member keeps for `ReSolve` is not written. Products
-// are in Maps.h. The forms, with and without a count, are those of Vectors.h.
+// Arrays of Mat3Dbl. Unlike the members, these functions leave the matrices unchanged and write their results
+// to a separate array, or over the matrices if that is the same array; the row order that a member keeps for
+// `ReSolve` is not written. Products are in Maps.h. The forms, with and without a count, are those of
+// Vectors.h.
 
 namespace vexor::arrays {
 
@@ -17,7 +18,7 @@ void Invert(Matrices const& matrices, Results&& results, Count... count)
     detail::Invert(a.data, c.data, c.count);
 }
 
-/// results[i] is what `Solve(rightSides[i])` on a copy of matrices[i] makes of the right-hand side. Raises
+/// results[i] is the solution that `Solve(rightSides[i])` computes on a copy of matrices[i]. Raises
 /// `VexorSingular` at the first singular matrix.
 template <class Matrices, class RightSides, class Results, class... Count>
 void Solve(Matrices const& matrices, RightSides const& rightSides, Results&& results, Count... count)
@@ -30,8 +31,8 @@ void Solve(Matrices const& matrices, RightSides const& rightSides, Results&& res
     detail::Solve({a.data, a.isOne}, detail::OperandOf(b), detail::ElementsOf(c.data), c.count);
 }
 
-/// The eigenvalues of symmetric matrices in ascending order: what `EigenSym(eigenValues[i], 0)` on a copy of
-/// matrices[i] gives. Raises `VexorComputationFailed` at the first matrix on which that does.
+/// The eigenvalues of symmetric matrices in ascending order, as by `EigenSym(eigenValues[i], 0)` on a copy of
+/// matrices[i]. Raises `VexorComputationFailed` at the first matrix for which that raises.
 template <class Matrices, class Values, class... Count>
 void EigenSymValues(Matrices const& matrices, Values&& eigenValues, Count... count)
 {
@@ -41,8 +42,8 @@ void EigenSymValues(Matrices const& matrices, Values&& eigenValues, Count... cou
     detail::EigenSym(a.data, c.data, nullptr, c.count);
 }
 
-/// The eigenvalues and, as rows of vectors[i], the eigenvectors: what `EigenSym(eigenValues[i], 1)` on a copy of
-/// matrices[i] gives.
+/// The eigenvalues and, in the rows of vectors[i], the eigenvectors, as by `EigenSym(eigenValues[i], 1)` on a
+/// copy of matrices[i].
 template <class Matrices, class Values, class Vectors, class... Count>
 void EigenSym(Matrices const& matrices, Values&& eigenValues, Vectors&& vectors, Count... count)
 {

@@ -3,21 +3,22 @@
 
 #include <limits>
 
-// Sums, centroids, covariances and boxes of arrays, in an order of their own, which is not the plain loop's:
-// the bits are the same for every instruction set and for every way in which threads or machines share the
-// work.
+// Sums, centroids, covariances and boxes of arrays. Their order of terms is not that of a plain loop:
+// the bits are the same for every instruction set and for every way to share the work between threads or
+// machines.
 //
-// The order: an array is cut into blocks of 4,096 elements, counted from its beginning; the last may be
-// shorter. Within a block, running sums that begin at 0 take turns: 24 over numbers, 12 over elements of the
-// plane, 8 over elements of space; element i goes to sum i mod that number. The sums of a block are then
-// combined in pairs of neighbours, 0 with 1, 2 with 3 and so on, the last one of an odd number going on alone,
-// until one is left; and so are the blocks' results. All of it is computed in double, and singles are widened.
+// The order: an array is divided into blocks of 4,096 elements from its beginning; the last one may be
+// shorter. Within a block, running sums that start at 0 take turns: 24 for numbers, 12 for elements of the
+// plane, 8 for elements of space; element i is added to sum i mod that number. The sums of a block are then
+// combined in pairs of neighbours, 0 with 1, 2 with 3 and so on, until one is left; the last one of an odd
+// number is carried over. The blocks' results are combined in the same way. All is computed in double;
+// singles are widened.
 //
-// The error of a sum over n elements of space is at most (512 + 3 + ⌈log₂(blocks)⌉)·2⁻⁵³·Σ|xᵢ|, that of a plain loop
-// up to (n − 1)·2⁻⁵³·Σ|xᵢ|.
+// The error of a sum of n elements of space is at most (512 + 3 + ⌈log₂(blocks)⌉)·2⁻⁵³·Σ|xᵢ|; that of a plain
+// loop is up to (n − 1)·2⁻⁵³·Σ|xᵢ|.
 //
-// To spread the work: compute `SumOfBlock` (`CovarianceOfBlock`, `BoxOfBlock`) for each block anywhere, and give
-// the blocks' results in the order of the blocks to `CombineAll`, or to a `Pairwise` one by one.
+// To distribute the work: compute `SumOfBlock` (`CovarianceOfBlock`, `BoxOfBlock`) for each block anywhere,
+// and pass the blocks' results in the order of the blocks to `CombineAll`, or one by one to a `Pairwise`.
 
 namespace vexor::arrays {
 
@@ -30,7 +31,7 @@ constexpr std::size_t BlockCount(std::size_t count)
     return count / blockSize + (count % blockSize != 0);
 }
 
-/// The least and the greatest coordinates of points. Of none: +∞ and −∞, which `Combine` passes over.
+/// The least and the greatest coordinates of points. Without points: +∞ and −∞, which `Combine` ignores.
 template <class Point>
 struct Box {
     Point lower; ///< The least coordinates.
@@ -39,14 +40,14 @@ struct Box {
 
 // ---- Two neighbours ----------------------------------------------------------------------------------
 
-/// The sum of what lies to the left and what lies to the right.
+/// The sum of the left part and the right part.
 template <class Partial>
 Partial Combine(Partial const& left, Partial const& right)
 {
     return left + right;
 }
 
-/// The box around two boxes. Of a 0 and a −0 the left one stays.
+/// The box around two boxes. Of a 0 and a −0 the left one is kept.
 template <class Point>
 Box<Point> Combine(Box<Point> const& left, Box<Point> const& right)
 {
@@ -64,12 +65,12 @@ Box<Point> Combine(Box<Point> const& left, Box<Point> const& right)
     return result;
 }
 
-/// Takes the results of blocks in their order and combines them in pairs of neighbours. It holds one result for
-/// each power of two among the blocks that it has taken.
+/// Takes the results of blocks in order and combines them in pairs of neighbours. It holds one result for
+/// each power of two among the number of blocks taken.
 template <class Partial>
 class Pairwise {
 public:
-    /// Begins with no block; `ofNone` is the result of none.
+    /// Starts without blocks; `ofNone` is the result of no block.
     explicit Pairwise(Partial const& ofNone) : total(ofNone) {}
 
     /// Takes the result of the next block.
@@ -82,7 +83,7 @@ public:
         levels[level] = sum;
         ++taken;
     }
-    /// The result of all blocks taken; what the constructor was given, of none.
+    /// The result of all blocks taken; without blocks, the argument of the constructor.
     Partial Total() const
     {
         Partial sum = total;
@@ -103,7 +104,7 @@ private:
     std::size_t taken = 0;
 };
 
-/// The results of all blocks as one: in pairs of neighbours.
+/// Combines the results of all blocks in pairs of neighbours.
 template <class Partial>
 Partial CombineAll(Partial const* partials, std::size_t count, Partial const& ofNone)
 {
@@ -115,7 +116,7 @@ Partial CombineAll(Partial const* partials, std::size_t count, Partial const& of
 
 namespace detail {
 
-/// What sums of these are: double vectors, or a double.
+/// The type of a sum of these elements: a double vector, or a double.
 template <class Value>
 using SumOf = std::conditional_t<ShapeOf<Value>::size == 3, Vec3Dbl,
                                  std::conditional_t<ShapeOf<Value>::size == 2, Vec2Dbl, double>>;
@@ -158,7 +159,7 @@ detail::SumOf<Value> SumOfBlock(Value const* values, std::size_t count)
     return sum;
 }
 
-/// The sum of the outer products d·dᵀ of a block, d being an element less the centroid.
+/// The sum of the outer products d·dᵀ of a block; d is an element minus the centroid.
 template <class Value>
 detail::MatrixOf<Value> CovarianceOfBlock(Value const* values, std::size_t count,
                                           detail::CentroidOf<Value> const& centroid)
@@ -177,7 +178,7 @@ detail::MatrixOf<Value> CovarianceOfBlock(Value const* values, std::size_t count
     return sum;
 }
 
-/// The box around the points of a block. A NaN coordinate is passed over.
+/// The box around the points of a block. A NaN coordinate is ignored.
 template <class Value>
 Box<Value> BoxOfBlock(Value const* values, std::size_t count)
 {
@@ -192,7 +193,7 @@ Box<Value> BoxOfBlock(Value const* values, std::size_t count)
 
 // ---- Arrays ----------------------------------------------------------------------------------------------
 
-/// The sum of numbers, vectors or points: a double, a `Vec2Dbl` or a `Vec3Dbl`; 0 of none.
+/// The sum of numbers, vectors or points: a double, a `Vec2Dbl` or a `Vec3Dbl`; 0 without elements.
 template <class Values, class... Count>
 auto Sum(Values const& values, Count... count)
 {
@@ -214,9 +215,9 @@ auto Centroid(Values const& values, Count... count)
     return detail::CentroidOf<Value>(sum);
 }
 
-/// The sum of the outer products d·dᵀ divided by the count, d being a point less the centroid: a `Mat3Dbl` or a
-/// `Mat2Dbl`. Two passes, so that points far from the origin lose nothing. Raises `VexorComputationFailed` for no
-/// points.
+/// The sum of the outer products d·dᵀ divided by the count; d is a point minus the centroid: a `Mat3Dbl` or a
+/// `Mat2Dbl`. Two passes, so that points far from the origin lose no digits. Raises `VexorComputationFailed`
+/// without points.
 template <class Values, class... Count>
 auto Covariance(Values const& values, Count... count)
 {
@@ -231,8 +232,8 @@ auto Covariance(Values const& values, Count... count)
     return sum;
 }
 
-/// The box around points or vectors. A NaN coordinate is passed over; of none, or of NaNs alone, the box runs
-/// from +∞ to −∞.
+/// The box around points or vectors. A NaN coordinate is ignored; without elements, or with only NaNs, the
+/// box is from +∞ to −∞.
 template <class Values, class... Count>
 auto BoundingBox(Values const& values, Count... count)
 {
@@ -241,7 +242,7 @@ auto BoundingBox(Values const& values, Count... count)
     return detail::OverBlocks(view, BoxOfBlock<Value>(view.data, 0), BoxOfBlock<Value>);
 }
 
-/// The least and the greatest of numbers, as a box. A NaN is passed over.
+/// The least and the greatest number, as a box. A NaN is ignored.
 template <class Values, class... Count>
 auto MinMax(Values const& values, Count... count)
 {

@@ -5,12 +5,12 @@
 // over the member or operator named in its comment: the same bits, the same exception at the same element,
 // the elements before it written and the others unchanged.
 //
-// Each comes in two forms:
+// Each function has two forms:
 //     Dot(left, right, results)           containers, C arrays, spans; the sizes must agree, or
 //                                         `VexorDimensionMismatch` is raised
 //     Dot(left, right, results, count)    pointers
-// Instead of an array an operand may be one value, which is read once and serves every element. The results
-// may be the array of an operand; any other overlap is a misuse, on which checked builds stop.
+// Instead of an array, an operand may be one value, which is read once and used for every element. The
+// results may be the array of an operand; any other overlap is an error, on which checked builds stop.
 
 namespace vexor::arrays {
 
@@ -69,7 +69,7 @@ inline constexpr bool isPoint =
         Vector,
         Pnt3Dbl> || std::is_same_v<Vector, Pnt3Flt> || std::is_same_v<Vector, Pnt2Dbl> || std::is_same_v<Vector, Pnt2Flt>;
 
-/// Keeps the form for containers from taking a pointer with its count for a container with a tolerance.
+/// Prevents the form for containers from reading a pointer with its count as a container with a tolerance.
 template <class Angular, class Length>
 using AreTolerances = std::enable_if_t<std::is_floating_point_v<Angular> && std::is_floating_point_v<Length>>;
 
@@ -99,7 +99,8 @@ void Subtract(Left const& left, Right const& right, Results&& results, Count... 
                   "the results have the type that the member gives");
     detail::ComputePair<detail::PairOperation::Subtract>(a, b, c);
 }
-/// vectors[i] * scalars[i]; the factors have the element type of the vectors. One number may be of any type.
+/// vectors[i] * scalars[i]; the scalars have the element type of the vectors. A single number may have any
+/// type.
 template <class Vectors, class Scalars, class Results, class... Count>
 void Scale(Vectors const& vectors, Scalars const& scalars, Results&& results, Count... count)
 {
@@ -229,7 +230,7 @@ void GetAngleWith(Left const& left, Right const& right, Results&& results, Count
 }
 
 // ---- Tests: results[i] is 1 or 0 ---------------------------------------------------------------------
-// Tolerances are those of the members: squared, and a negative one selects the global's value at the moment
+// Tolerances are those of the members: squared, and a negative one selects the global's value at the time
 // of the call.
 
 /// left[i].IsParallelTo(right[i], angular, length): a sine squared and a squared length.

@@ -1,7 +1,7 @@
 #pragma once
 #include <vexor/foundation/Config.h>
 
-/// A function or object that lives in the component's own shared library.
+/// A function or object that the component's shared library exports.
 #if defined(VEXOR_ARRAYS_STATIC)
 #    define VEXOR_ARRAYS_API
 #elif defined(_WIN32) && defined(VEXOR_BUILDING_ARRAYS)

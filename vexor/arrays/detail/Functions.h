@@ -3,8 +3,8 @@
 #include <vexor/arrays/detail/Operands.h>
 #include <vexor/arrays/detail/Operations.h>
 
-// The functions of the component's library: few, over plain elements. The headers above this folder give
-// them their classes. `dimension` is 2 or 3, and the element type double or float.
+// The exported functions of the component: few, over plain elements. The headers in the folder above add
+// the classes. `dimension` is 2 or 3, and the element type double or float.
 
 namespace vexor::arrays::detail {
 
@@ -16,7 +16,7 @@ template <class ElementType, int dimension>
 VEXOR_ARRAYS_API void Compute(SingleOperation operation, ElementType const* operands, ElementType* results,
                               std::size_t count);
 
-/// The tolerances as the members take them: a negative one selects the global's.
+/// The tolerances as in the members: a negative one selects the global's.
 template <class ElementType, int dimension>
 VEXOR_ARRAYS_API void Test(TestOperation operation, Operand<ElementType> left, Operand<ElementType> right,
                            ElementType angular, ElementType length, unsigned char* results,
@@ -51,12 +51,12 @@ VEXOR_ARRAYS_API void MultiplyVectors(Matrices matrices, Operand<double> vectors
 VEXOR_ARRAYS_API void Invert(Mat3Dbl const* matrices, Mat3Dbl* results, std::size_t count);
 VEXOR_ARRAYS_API void Solve(Matrices matrices, Operand<double> rightSides, double* results,
                             std::size_t count);
-/// `vectors` is null where they are not wanted.
+/// `vectors` is null if they are not requested.
 VEXOR_ARRAYS_API void EigenSym(Mat3Dbl const* matrices, Vec3Dbl* eigenValues, Mat3Dbl* vectors,
                                std::size_t count);
 
-/// The pieces of Sums.h for a block; `dimension` is 1, 2 or 3. The products are those of the upper triangle, row
-/// by row.
+/// The pieces of Sums.h for a block; `dimension` is 1, 2 or 3. The products are those of the upper triangle,
+/// row by row.
 template <class ElementType, int dimension>
 VEXOR_ARRAYS_API void SumBlock(ElementType const* elements, std::size_t count, double* sum);
 template <class ElementType, int dimension>

@@ -64,7 +64,7 @@ inline constexpr bool
         std::
             is_arithmetic_v<Argument> || std::is_same_v<Argument, Vec3Dbl> || std::is_same_v<Argument, Vec3Flt> || std::is_same_v<Argument, Vec2Dbl> || std::is_same_v<Argument, Vec2Flt> || std::is_same_v<Argument, Pnt3Dbl> || std::is_same_v<Argument, Pnt3Flt> || std::is_same_v<Argument, Pnt2Dbl> || std::is_same_v<Argument, Pnt2Flt> || std::is_same_v<Argument, Quaternion> || std::is_same_v<Argument, Mat3Dbl> || std::is_same_v<Argument, Mat2Dbl> || std::is_same_v<Argument, AffMat3Dbl> || std::is_same_v<Argument, AffMat2Dbl>;
 
-/// Whether std::data and std::size take the argument.
+/// Whether std::data and std::size accept the argument.
 template <class Argument, class = void>
 inline constexpr bool isContainer = false;
 template <class Argument>
@@ -110,7 +110,7 @@ auto ViewOf(Argument const& argument, std::size_t count)
     }
 }
 
-/// Where the results go.
+/// The destination of the results.
 template <class ValueType>
 struct Range {
     using Value = ValueType;
@@ -132,7 +132,7 @@ auto RangeOf(Result* results, std::size_t count)
     return Range<Result>{results, count};
 }
 
-/// Whether two pieces of memory share a byte without being one and the same array of one type.
+/// Whether two pieces of memory share a byte without being the same array of one type.
 template <class Left, class Right>
 bool OverlapPartly([[maybe_unused]] Left const* left, std::size_t leftCount,
                    [[maybe_unused]] Right const* right, std::size_t rightCount)
@@ -148,7 +148,7 @@ bool OverlapPartly([[maybe_unused]] Left const* left, std::size_t leftCount,
 }
 
 /// Raises `VexorDimensionMismatch` unless every operand that is an array has the count of the results. In
-/// checked builds also stops where an operand and the results overlap without being the same array.
+/// checked builds also stops if an operand and the results overlap without being the same array.
 template <class Result, class... Values>
 void CheckOperands(Range<Result> const& results, View<Values> const&... operands)
 {

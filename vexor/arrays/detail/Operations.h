@@ -1,18 +1,18 @@
 #pragma once
-// The operations of the component's library by their numbers. This header includes nothing, as the sources
+// The operations of the component's library, numbered. This header includes nothing, since the sources
 // that are compiled for one instruction set include it.
 
 namespace vexor::arrays::detail {
 
-/// An operand as the component's library takes it: an array of plain elements, or the elements of one value
-/// that serves for all.
+/// An operand of the component's library: an array of plain elements, or the elements of one value
+/// that is used for all.
 template <class ElementType>
 struct Operand {
     ElementType const* data;
     bool isOne;
 };
 
-/// What takes two operands and gives elements.
+/// Operations on two operands that give elements.
 enum class PairOperation {
     Add,          ///< left + right
     Subtract,     ///< left - right
@@ -26,7 +26,7 @@ enum class PairOperation {
 };
 inline constexpr int pairOperations = 9;
 
-/// What takes one operand and gives elements.
+/// Operations on one operand that give elements.
 enum class SingleOperation {
     Negate,        ///< -vector
     LengthSquared, ///< vector.LengthSquared()
@@ -35,7 +35,7 @@ enum class SingleOperation {
 };
 inline constexpr int singleOperations = 4;
 
-/// What takes two operands and gives 1 or 0.
+/// Operations on two operands that give 1 or 0.
 enum class TestOperation {
     IsParallelTo,
     IsCodirectionalTo,
@@ -48,7 +48,7 @@ enum class TestOperation {
 };
 inline constexpr int testOperations = 8;
 
-/// How a matrix acts on vectors or points.
+/// How a matrix is applied to vectors or points.
 enum class MapOperation {
     Linear,         ///< L·x, rounded once for single elements
     LinearToSingle, ///< L·x of double elements, rounded to single and widened again
