@@ -5,7 +5,7 @@
 
 #include <gtest/gtest.h>
 
-// The forms in which arguments come, and what is refused.
+// The forms of the arguments, and the arguments that are refused.
 
 namespace {
 
@@ -13,7 +13,7 @@ Vec3Dbl const x(1.0, 0.0, 0.0);
 Vec3Dbl const y(0.0, 1.0, 0.0);
 Vec3Dbl const z(0.0, 0.0, 1.0);
 
-/// A view as of C++20's span, whose data() and size() are const.
+/// A view like C++20's span, whose data() and size() are const.
 template <class Value>
 struct Span {
     Value* first;
@@ -97,7 +97,7 @@ TEST(ArraysForms, NothingIsDoneForNone)
     EXPECT_NO_THROW(vexor::arrays::Normalize(nowhere, noResults, 0));
 }
 
-// What checked builds stop on: arrays that share memory without being one and the same.
+// Checked builds stop on arrays that overlap without being the same.
 TEST(ArraysForms, PartialOverlapIsKnown)
 {
     using vexor::arrays::detail::OverlapPartly;
@@ -114,7 +114,7 @@ TEST(ArraysForms, PartialOverlapIsKnown)
 #endif
 }
 
-// A null vector at place 20 of 40: the results before it, its own place and those behind.
+// A null vector at place 20 of 40: the results before it, at it and after it.
 TEST(ArraysForms, FailureLeavesTheRest)
 {
     std::vector<Vec3Dbl> vectors(40, Vec3Dbl(3.0, 0.0, 4.0));

@@ -16,14 +16,14 @@
 #include <utility>
 #include <vector>
 
-// What the tests of the array functions share: operands, the loop over a member with what it leaves and
-// where it fails, and the comparison of an array function with it in all instruction sets.
+// What the tests of the array functions share: operands, the loop over a member with its results and
+// the place at which it fails, and the comparison of an array function with it in all instruction sets.
 
 namespace arrays_test {
 
 using vexor::arrays::detail::KernelSet;
 
-/// Runs the body with each instruction set of this machine, and puts the choice back.
+/// Runs the body with each instruction set of this machine, and restores the choice.
 template <class Body>
 void WithEachSet(Body body)
 {
@@ -80,10 +80,10 @@ void SetNumber(Value& value, int index, double number)
                 sizeof narrow);
 }
 
-/// Ordinary numbers, or some that overflow, underflow, cancel and have no value strewn in.
+/// Ordinary numbers, or some that overflow, underflow, cancel and have no value, scattered among them.
 enum class Kind { Ordinary, Strewn };
 
-/// What a single lane is tried with. Some are too large or too small for squares, others for float.
+/// The special values of a single lane. Some are too large or too small for squares, others for float.
 inline std::vector<double> Specials()
 {
     using vexor_test::infinity;
@@ -131,8 +131,8 @@ private:
 
 // ---- Results ---------------------------------------------------------------------------------------------
 
-/// A heap block that ends where the array ends, so that AddressSanitizer sees an access beyond it, begins so
-/// many numbers after an aligned address, and is filled with a pattern.
+/// A heap block that ends where the array ends, so that AddressSanitizer detects an access beyond it, begins
+/// that many numbers after an aligned address, and is filled with a pattern.
 template <class Value>
 class Block {
 public:
@@ -159,7 +159,7 @@ private:
     std::unique_ptr<unsigned char[]> bytes;
 };
 
-/// What a loop leaves: its results, and where it was ended by which exception.
+/// The outcome of a loop: its results, and the exception that ended it and where.
 template <class Result>
 struct Outcome {
     std::vector<Result> results;
@@ -201,8 +201,8 @@ bool SameNumbers(Value const& left, Value const& right)
 }
 
 /// Runs `function(results)` on a block and compares the first `count` elements with the loop's outcome: the
-/// same results up to where the loop fails, the same exception, and the rest as it was in `before`, if given,
-/// or else the pattern. Bytes of a matrix beyond its elements keep what they were.
+/// same results up to the failure, the same exception, and after it the contents of `before`, if given,
+/// or else the pattern. Bytes of a matrix beyond its elements are unchanged.
 template <class Result>
 testing::AssertionResult Matches(Outcome<Result> const& expected, std::size_t count, Result* results,
                                  std::function<void()> const& function)
@@ -258,13 +258,13 @@ testing::AssertionResult Matches(Outcome<Result> const& expected, std::size_t co
 
 constexpr std::size_t allCounts = 200;
 
-/// What a member or operator returns, as an array function writes it: a predicate's int becomes a byte.
+/// The result of a member or operator as an array function writes it: a predicate's int becomes a byte.
 template <class Raw>
 using ElementOf =
     std::conditional_t<std::is_same_v<std::decay_t<Raw>, int>, unsigned char, std::decay_t<Raw>>;
 
-/// A function of two operands in its three forms, and the member. Types alone are template parameters, so that
-/// the comparison below is compiled once for all functions of the same types.
+/// A function of two operands in its three forms, and the member. Types alone are template parameters, so
+/// that the comparison below is compiled once for all functions of the same types.
 template <class Left, class Right, class Result>
 struct PairForms {
     std::function<void(Left const*, Right const*, Result*, std::size_t)> both;
@@ -330,7 +330,7 @@ void CompareForms(std::string const& name, std::vector<Left> const& lefts, std::
     });
 }
 
-/// The same of a function and a member that take any form.
+/// The same for a function and a member that take operands in any form.
 template <class Left, class Right, class Function, class Member>
 auto FormsOf(Function function, Member member)
 {
@@ -394,7 +394,7 @@ void CompareSingle(std::string const& name, std::vector<Value> const& values, Fu
     CompareForm(name, values, FormOf<Value>(function, member), everyCount);
 }
 
-/// Where a special value stands: in one component, or in all of an element.
+/// The place of a special value: one component, or the whole element.
 template <class Value>
 void WithSpecialInEachLane(std::vector<Value> const& ordinary, std::size_t positions,
                            std::function<void(std::vector<Value> const&)> const& body)
@@ -403,7 +403,7 @@ void WithSpecialInEachLane(std::vector<Value> const& ordinary, std::size_t posit
         for (std::size_t position = 0; position < positions; ++position) {
             for (int k = -1; k < numberCount<Value>; ++k) {
                 if (numberCount<Value> == 9 && k >= 0 && (position + std::size_t(k)) % 4 != 0)
-                    continue; // of matrices a part will do
+                    continue; // for matrices a part suffices
                 std::vector<Value> values(ordinary);
                 if (k >= 0) {
                     SetNumber(values[position], k, special);
@@ -421,7 +421,7 @@ void WithSpecialInEachLane(std::vector<Value> const& ordinary, std::size_t posit
 
 constexpr std::size_t laneCount = 17; // two of the widest registers and one element
 
-/// The whole examination of a function of two operands.
+/// The full test of a function of two operands.
 template <class Left, class Right, class Result>
 void ExamineForms(std::string const& name, PairForms<Left, Right, Result> const& forms)
 {

@@ -1,6 +1,6 @@
 #include <arrays/Loops.h>
 
-// Maps.h against loops over the operators and members, byte for byte, in every instruction set.
+// Maps.h compared with loops over the operators and members, byte for byte, in every instruction set.
 
 namespace {
 
@@ -11,7 +11,7 @@ auto const multiply = [](auto const& left, auto const& right, auto* results, std
 };
 auto const product = [](auto const& left, auto const& right) { return left * right; };
 
-/// One map over arrays of a class, for ordinary values, strewn ones and special ones in every lane.
+/// One map over arrays of a class, for ordinary values, scattered ones and special ones in every lane.
 template <class Value, class MapClass>
 void ExamineMap(char const* name, MapClass const& map)
 {

@@ -1,6 +1,6 @@
 #include <arrays/Loops.h>
 
-// Matrices.h against loops over the members, byte for byte, in every instruction set.
+// Matrices.h compared with loops over the members, byte for byte, in every instruction set.
 
 namespace {
 
@@ -36,7 +36,7 @@ TEST(ArraysMatrices, Solve)
     ExaminePair<Mat3Dbl, Vec3Dbl>("Solve", solve, Solution);
 }
 
-// Small whole numbers: ties between candidates for the pivot, zeros in every place, singular matrices.
+// Small integers: ties between candidates for the pivot, zeros in every place, singular matrices.
 TEST(ArraysMatrices, PivotsThatTie)
 {
     Operands operands(7);
@@ -46,7 +46,7 @@ TEST(ArraysMatrices, PivotsThatTie)
         for (std::size_t i = 0; i < laneCount; ++i) {
             for (int k = 0; k < 9; ++k)
                 SetNumber(matrices[i], k, double(operands.Pick(5)) - 2.0);
-            if (repeat % 2 == 0) { // regular, with a diagonal that decides no pivot
+            if (repeat % 2 == 0) { // regular, with a diagonal that does not determine a pivot
                 for (int k = 0; k < 3; ++k)
                     matrices[i](k, (k + int(operands.Pick(3))) % 3) += 4.0;
             }
@@ -89,7 +89,7 @@ TEST(ArraysMatrices, EigenValues)
     ExamineSingle<Mat3Dbl>("EigenSymValues", values, member);
 }
 
-/// Symmetric matrices of a kind that scans give: of rank 1, 2 and 3, flat, equal, diagonal, tiny and huge.
+/// Symmetric matrices of kinds that occur in scans: of rank 1, 2 and 3, flat, equal, diagonal, tiny and huge.
 std::vector<Mat3Dbl> SymmetricMatrices(std::size_t count, Operands& operands)
 {
     std::vector<Mat3Dbl> matrices;

@@ -5,7 +5,7 @@
 #include <cstdint>
 #include <thread>
 
-// Sums.h: the stated order, written out here once more, any way to share the work, and the error.
+// Sums.h: the stated order, written again here, every way to share the work, and the error.
 
 namespace {
 
@@ -27,7 +27,7 @@ Value InPairs(std::vector<Value> values, Operation operation)
     return values.at(0);
 }
 
-/// The sum of numbers of which so many running sums take turns.
+/// The sum of numbers with that many running sums that take turns.
 double StatedSum(std::vector<double> const& numbers, std::size_t runningSums)
 {
     auto const plus = [](double a, double b) { return a + b; };
@@ -108,7 +108,7 @@ TYPED_TEST(ArraysSums, BoundingBoxPassesOverNaN)
                         least = std::min(least, number);
                         greatest = std::max(greatest, number);
                     }
-                    // Equal as numbers: which of 0 and −0 stays is up to the order.
+                    // Equal as numbers: the order determines whether 0 or −0 is kept.
                     EXPECT_EQ(Component(std::vector<TypeParam>{box.lower}, k)[0], least)
                         << set << ", " << count;
                     EXPECT_EQ(Component(std::vector<TypeParam>{box.upper}, k)[0], greatest)
@@ -193,7 +193,7 @@ TEST(ArraysSumsOfNone, AreZeroOrRaise)
 
 // ---- Cuts --------------------------------------------------------------------------------------------------
 
-/// Points that a script in another language makes as well: three numbers in [−1, 1) from the bits of a linear
+/// Points that a script in another language generates too: three numbers in [−1, 1) from the bits of a linear
 /// congruential generator, scaled by powers of two.
 std::vector<Pnt3Dbl> ScriptPoints(std::size_t count)
 {
@@ -214,7 +214,7 @@ std::vector<Pnt3Dbl> ScriptPoints(std::size_t count)
 
 constexpr std::size_t scriptCount = 100003;
 
-/// The bits of the sum of those points, by tests/arrays/stated_sum.py.
+/// The bits of the sum of those points, computed by tests/arrays/stated_sum.py.
 constexpr std::uint64_t scriptBits[3] = {0x414e0acdfcd1baacu, 0xc13a08260699b1a9u, 0x4146a820d246c920u};
 
 void ExpectScriptSum(Vec3Dbl const& sum, std::string const& what)
@@ -230,7 +230,7 @@ TEST(ArraysCuts, TheWholeArray)
     WithEachSet([&](std::string const& set) { ExpectScriptSum(vexor::arrays::Sum(points), set); });
 }
 
-// Threads of any number, each with a stretch of the blocks.
+// Any number of threads, each with a range of the blocks.
 TEST(ArraysCuts, AnyNumberOfThreads)
 {
     auto const points = ScriptPoints(scriptCount);
@@ -256,15 +256,15 @@ TEST(ArraysCuts, AnyNumberOfThreads)
 
 // ---- The error ---------------------------------------------------------------------------------------------
 
-// Numbers that are whole multiples of 2^-40 and cancel but for a known rest: the exact sum is known, the ratio of
-// Σ|x| to it is 10^12.
+// Numbers that are integer multiples of 2^-40 and cancel except for a known rest: the exact sum is known, the
+// ratio of Σ|x| to it is 10^12.
 TEST(ArraysError, StaysWithinTheBoundForSumsThatCancel)
 {
     std::mt19937_64 engine(15);
     std::vector<double> numbers;
     double magnitudes = 0.0;
     for (int i = 0; i < 50000; ++i) {
-        double const number = std::ldexp(double(engine() >> 12U), -40); // up to 2^12, whole multiples
+        double const number = std::ldexp(double(engine() >> 12U), -40); // up to 2^12, integer multiples
         numbers.push_back(number);
         numbers.push_back(-number);
         magnitudes += 2.0 * number;

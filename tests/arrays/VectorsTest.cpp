@@ -1,6 +1,6 @@
 #include <arrays/Loops.h>
 
-// Vectors.h against loops over the members, byte for byte, in every instruction set of this machine.
+// Vectors.h compared with loops over the members, byte for byte, in every instruction set of this machine.
 
 namespace {
 
@@ -122,7 +122,7 @@ TYPED_TEST(ArraysOfVectors, IsEqualTo)
     ExaminePair<TypeParam, TypeParam>("IsEqualTo", PAIR(IsEqualTo), MEMBER(IsEqualTo));
 }
 
-// Quotients that a kernel forms without a division, over mantissas and exponents of many kinds.
+// Quotients that a kernel forms without a division, for mantissas and exponents of many kinds.
 TEST(ArraysNormalize, ManyVectors)
 {
     std::mt19937_64 engine(16);
@@ -141,7 +141,7 @@ TEST(ArraysNormalize, ManyVectors)
     CompareSingle("Normalize", vectors, SINGLE(Normalize), OWN(GetNormalizedCopy), false);
 }
 
-// Wide tolerances, so that about half of the answers are 1, which chance gives the tests above rarely.
+// Wide tolerances, so that about half of the results are 1, which is rare in the tests above.
 TYPED_TEST(ArraysOfVectors, TestsWithTolerancesOfTheCaller)
 {
     using Element = Number<TypeParam>;
@@ -181,7 +181,7 @@ TYPED_TEST(ArraysOfVectors, TestsWithTolerancesOfTheCaller)
     }
 }
 
-// Equal, opposite and nearly equal vectors, for which the tests answer 1.
+// Equal, opposite and nearly equal vectors, for which the tests return 1.
 TYPED_TEST(ArraysOfVectors, TestsOfNearlyEqualVectors)
 {
     Operands operands(4);

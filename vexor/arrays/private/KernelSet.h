@@ -4,16 +4,16 @@
 
 #include <cstddef>
 
-// The sets for registers need the vector types of GCC and Clang, and a Mat3Dbl that is ten doubles long. Linux on
-// 32-bit x86 aligns a double to 4 bytes, so that it is nine and a half there.
+// The sets for registers need the vector types of GCC and Clang, and a Mat3Dbl that is ten doubles long.
+// Linux on 32-bit x86 aligns a double to 4 bytes: there a Mat3Dbl is nine and a half doubles long.
 #if defined(__GNUC__) && !(defined(__i386__) && !defined(_WIN32))
 #    define VEXOR_ARRAYS_REGISTERS
 #endif
 
-// The loops of the component, once for each instruction set worth having. All sets give the same bits. A set
-// for registers runs whole registers of elements; where a lane needs more than plain arithmetic (a length
-// whose squares underflow, a null vector, a singular matrix), it hands that register's elements to the plain
-// set, and so it does with the last few elements of an array. The plain set is the loop over the members.
+// The loops of the component, once for each useful instruction set. All sets give the same bits. A set
+// for registers processes whole registers of elements. If a lane needs more than plain arithmetic (a length
+// whose squares underflow, a null vector, a singular matrix), it passes that register's elements to the plain
+// set, and also the last few elements of an array. The plain set is the loop over the members.
 
 namespace vexor::arrays::detail {
 
@@ -25,7 +25,7 @@ struct Limits {
     Element angular;
     Element length;
     Element globalLength;
-    Element distance; ///< as the caller gave it
+    Element distance; ///< as given by the caller
     Element squaredDistance;
 };
 
@@ -40,7 +40,7 @@ using TestKernel = void (*)(Operand<Element> left, Operand<Element> right, Limit
 template <class Element>
 using MapKernel = void (*)(double const* map, Element const* operands, Element* results, Size count);
 
-/// The kernels of a shape, by the operations' numbers. For one that is null the plain set's serves.
+/// The kernels of a shape, by the operations' numbers. If one is null, the plain set's is used.
 template <class Element>
 struct VectorKernels {
     PairKernel<Element> pairs[pairOperations];
@@ -51,13 +51,13 @@ struct VectorKernels {
     void (*addProducts)(Element const* elements, Size count, double const* centroid, double* sums);
 };
 
-/// How many running sums, least and greatest numbers a block has over its single elements: a multiple of 2 and
-/// of 3, so that each belongs to one coordinate. And how many each product of a covariance has.
+/// How many running sums, least and greatest numbers a block has over its single elements: a multiple of 2
+/// and of 3, so that each belongs to one coordinate. And how many each product of a covariance has.
 inline constexpr int runningSums = 24;
 inline constexpr int runningProducts = 8;
 
 /// How many doubles lie between the beginnings of two neighbours in an array of Mat3Dbl; the first nine are
-/// its elements, and the rest is left alone.
+/// its elements, and the rest is unchanged.
 inline constexpr int matrixStride = 10;
 
 struct KernelSet {
@@ -102,11 +102,11 @@ extern KernelSet const kernels;
 }
 #endif
 
-/// The set that the functions run: before the library's constructors have run the baseline. A test may
+/// The set that the functions run; the baseline before the library's constructors have run. A test may
 /// replace it.
 extern KernelSet const* chosen;
 
-/// A set that this CPU can run, by its place among them, the plain one first; null behind the last.
+/// A set that this CPU can run, by its index among them, the plain one first; null after the last.
 KernelSet const* RunnableSet(int index);
 
 } // namespace vexor::arrays::detail

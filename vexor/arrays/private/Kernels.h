@@ -10,8 +10,8 @@ namespace vexor::arrays::detail::VEXOR_SET {
 
 namespace {
 
-/// Null for the baseline, whose place the plain set takes. Two lanes do not pay for themselves where divisions,
-/// exchanges of rows, conversions from single or shuffles take the time: the plain set takes 0.6 to 0.95 of theirs.
+/// Null for the baseline, which uses the plain set. Two lanes do not pay off if divisions, row
+/// exchanges, conversions from single or shuffles dominate: the plain set takes 0.6 to 0.95 of their time.
 template <class Kernel>
 constexpr Kernel UnlessBaseline(Kernel kernel, bool isWorthwhile = false)
 {

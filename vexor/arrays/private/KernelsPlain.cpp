@@ -6,8 +6,8 @@
 
 #include <type_traits>
 
-// The loops over the members. They are what the array functions mean, what the other sets give the bits of,
-// and what these call where a register of lanes does not do.
+// The loops over the members. They define what the array functions compute. The other sets give the same
+// bits, and call these loops for elements that a register of lanes cannot compute.
 
 namespace vexor::arrays::detail::plain {
 
@@ -44,13 +44,13 @@ private:
     Size step;
 };
 
-/// Writes what `member` makes of two operands.
+/// Writes the results of `member` on two operands.
 template <class Left, class Right, class Result, class Element, class Member>
 void Pair(Operand<Element> const& left, Operand<Element> const& right, Element* results, Size count,
           Member const& member)
 {
     auto* const to = reinterpret_cast<Result*>(results);
-    // A loop over two arrays alone can be vectorised.
+    // A loop over only two arrays can be vectorised.
     if (!left.isOne && !right.isOne) {
         auto const* const a = reinterpret_cast<Left const*>(left.data);
         auto const* const b = reinterpret_cast<Right const*>(right.data);
@@ -132,7 +132,7 @@ void TestKernelOf(Operand<Element> left, Operand<Element> right, Limits<Element>
                                      VectorOf<Element, size>>;
     Values<Value, Element> const a(left);
     Values<Value, Element> const b(right);
-    // By copy: the results are bytes, which might lie anywhere as far as the compiler knows.
+    // By copy: the results are bytes, which may alias anything as far as the compiler knows.
     auto const test = [limits](Value const& x, Value const& y) {
         if constexpr (operation == Operation::IsParallelTo)
             return x.IsParallelTo(y, limits.angular, limits.length);
@@ -194,7 +194,7 @@ void MapKernelOf(double const* map, Element const* operands, Element* results, S
     }
 }
 
-// The order of these sums is their own: see Sums.h.
+// These sums have their own order: see Sums.h.
 
 template <class Element>
 void AddElements(Element const* elements, Size count, double* sums)

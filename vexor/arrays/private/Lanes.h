@@ -32,7 +32,7 @@ VEXOR_ALWAYS_INLINE Singles ToSingles(Doubles const& values)
     return __builtin_convertvector(values, Singles);
 }
 
-/// A vector conversion to double, which g++ 12 makes of single steps if it is written as one: all of
+/// A vector conversion to double. If it is written as one, g++ 12 splits it into single steps: all of
 /// `DistanceSqTo` of singles 1.5 times as slow.
 VEXOR_ALWAYS_INLINE Doubles ToDoubles(Singles const& values)
 {
@@ -49,7 +49,7 @@ VEXOR_ALWAYS_INLINE Doubles ToDoubles(Singles const& values)
 #endif
 }
 
-/// Rounds to the element type and goes on in double.
+/// Rounds to the element type and continues in double.
 template <class Element>
 VEXOR_ALWAYS_INLINE Doubles RoundTo(Doubles const& values)
 {
@@ -103,7 +103,7 @@ VEXOR_ALWAYS_INLINE Doubles Select(Mask mask, Doubles const& whenTrue, Doubles c
 }
 VEXOR_ALWAYS_INLINE Doubles Root(Doubles const& values)
 {
-    return _mm512_maskz_sqrt_pd(0xff, values); // of the form without a mask GCC 12 warns
+    return _mm512_maskz_sqrt_pd(0xff, values); // GCC 12 warns about the form without a mask
 }
 VEXOR_ALWAYS_INLINE Singles Root(Singles const& values)
 {
@@ -219,7 +219,7 @@ VEXOR_ALWAYS_INLINE Doubles Magnitude(Doubles const& values)
 VEXOR_ALWAYS_INLINE void StoreBytes(unsigned char* to, Mask const& mask)
 {
     unsigned const bits = Bits(mask);
-    // Copies the four bits to a byte's distance of each other and masks the rest away.
+    // Copies the four bits to one bit in each byte and masks the rest off.
     constexpr std::uint32_t spread = 0x00204081U;
     constexpr std::uint32_t ones = 0x01010101U;
     if constexpr (width == 8) {
@@ -242,7 +242,7 @@ struct Lanes {
     Doubles c[size];
 };
 
-/// Where component c of lane i comes from when it is picked in two steps, from the first two registers and
+/// The source of component c of lane i if it is picked in two steps, from the first two registers and
 /// then from that and the third.
 template <int c, int... i>
 VEXOR_ALWAYS_INLINE Doubles PickOfThree(Doubles const& r0, Doubles const& r1, Doubles const& r2, At<i...>)
@@ -251,7 +251,7 @@ VEXOR_ALWAYS_INLINE Doubles PickOfThree(Doubles const& r0, Doubles const& r1, Do
     return Shuffle(first, r2, At<(3 * i + c < 2 * width ? i : width + 3 * i + c - 2 * width)...>());
 }
 
-/// Register r of three that hold x, y and z of all lanes one after the other.
+/// Register r of three that hold x, y and z of all lanes in sequence.
 template <int r, int... i>
 VEXOR_ALWAYS_INLINE Doubles MixOfThree(Lanes<3> const& p, At<i...>)
 {
@@ -265,8 +265,8 @@ VEXOR_ALWAYS_INLINE Doubles MixOfThree(Lanes<3> const& p, At<i...>)
 VEXOR_ALWAYS_INLINE Lanes<3> Split(Doubles const (&r)[3])
 {
 #if defined(VEXOR_SET_AVX2)
-    // Pairs of neighbours first: one permutation across the halves and no other that costs more than a
-    // blend but for one.
+    // Pairs of neighbours first: only one permutation across the halves, and only one other that costs more
+    // than a blend.
     Doubles const m0 = Shuffle(r[0], r[1], At<0, 1, 6, 7>()); // x0 y0 x2 y2
     Doubles const m1 = Shuffle(r[0], r[2], At<2, 3, 4, 5>()); // z0 x1 z2 x3
     Doubles const m2 = Shuffle(r[1], r[2], At<0, 1, 6, 7>()); // y1 z1 y3 z3

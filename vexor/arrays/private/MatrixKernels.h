@@ -223,7 +223,7 @@ struct Factors {
             for (int k = 0; k < 3; ++k) {
                 rows[i][k] = matrix.c[3 * i + k];
                 Doubles const magnitude = Magnitude(rows[i][k]);
-                largest = Select(Less(largest, magnitude), magnitude, largest); // passes over a NaN
+                largest = Select(Less(largest, magnitude), magnitude, largest); // ignores a NaN
             }
             isSingular = Or(isSingular, Equal(largest, zero));
             scales[i] = All(1.0) / largest;
@@ -243,7 +243,7 @@ struct Factors {
                     rows[i][2] = rows[i][2] - (rows[0][2] * rows[i][0] + rows[1][2] * rows[i][1]);
                 candidates[i] = Magnitude(rows[i][j]) * scales[i];
             }
-            // The first of equals stays, and a NaN never wins.
+            // The first of equals is kept, and a NaN never wins.
             Mask const isFirst = Less(zero, candidates[j]);
             Doubles best = Select(isFirst, candidates[j], zero);
             Mask isBetter[3] = {isFirst, isFirst, isFirst};
@@ -269,7 +269,7 @@ struct Factors {
         return !HasAny(isSingular);
     }
 
-    /// Solves for a right-hand side that stands in the order of the factors. Its leading zeros take no part.
+    /// Solves for a right-hand side that is in the order of the factors. Its leading zeros are skipped.
     VEXOR_ALWAYS_INLINE void Substitute(Doubles (&v)[3]) const
     {
         Doubles const zero = {};

@@ -6,9 +6,9 @@
 
 #include <limits>
 
-// Eigenvalues and eigenvectors of symmetric matrices in lanes, and angles. See vexor/matrices/Mat3Dbl.cpp for the
-// formulas. A register of which a lane needs more (an error, an undecided rounding, coinciding eigenvalues, a matrix
-// of rank 1 less its eigenvalue) goes to the plain set.
+// Eigenvalues and eigenvectors of symmetric matrices in lanes, and angles. See vexor/matrices/Mat3Dbl.cpp for
+// the formulas. If a lane needs more (an error, an undecided rounding, equal eigenvalues, a matrix of rank 1
+// after its eigenvalue is subtracted), its register is passed to the plain set.
 
 VEXOR_SET_BEGIN
 
@@ -72,7 +72,7 @@ VEXOR_ALWAYS_INLINE bool EigenValues(UpperTriangles const& m, Lanes<3>& values)
     return HasAll(isPlain);
 }
 
-/// Of three values the one with the index that the masks of the indices 0 and 1 say.
+/// Of three values, the one whose index the masks of the indices 0 and 1 select.
 VEXOR_ALWAYS_INLINE Doubles PickOne(Mask const& isZeroth, Mask const& isFirst, Doubles const& zeroth,
                                     Doubles const& first, Doubles const& second)
 {
@@ -84,7 +84,7 @@ VEXOR_ALWAYS_INLINE bool EigenVectors(UpperTriangles const& m, Doubles const& va
 {
     Doubles const w[3][3] = {{m.a - value, m.b, m.c}, {m.b, m.d - value, m.e}, {m.c, m.e, m.f - value}};
 
-    // The first of the largest elements of the upper triangle, row by row: it stands in row p and column q.
+    // The first of the largest elements of the upper triangle, row by row: it is in row p and column q.
     Doubles largest = {};
     Mask const none = Less(largest, largest);
     Mask isRow[3] = {none, none, none};

@@ -1,7 +1,7 @@
 #pragma once
 #include <vexor/arrays/private/Lanes.h>
 
-// The running sums of a block, in registers. They come as they stand and go on from there. A lane belongs to one
+// The running sums of a block, in registers. They continue from their present values. A lane belongs to one
 // of them, however many a register holds.
 
 VEXOR_SET_BEGIN
@@ -40,7 +40,7 @@ void AddElements(Element const* elements, Size count, double* sums)
         *sums++ += double(elements[j]);
 }
 
-/// Of equal numbers, and of a NaN, the first one stays.
+/// Of equal numbers the first one is kept, and of a NaN and a number too.
 VEXOR_ALWAYS_INLINE Doubles Lesser(Doubles const& next, Doubles const& first)
 {
     return Select(Less(next, first), next, first);

@@ -3,9 +3,9 @@
 
 #include <algorithm>
 
-// Arrays of vectors and points. What a lane cannot do with plain arithmetic (a length whose squares underflow,
-// a null vector) makes a loop hand the elements of that register to the plain set, the loop over the members;
-// nothing of them has been stored by then. So it does with the last few elements.
+// Arrays of vectors and points. If a lane needs more than plain arithmetic (a length whose squares underflow,
+// a null vector), a loop passes the elements of that register to the plain set, the loop over the members;
+// none of them has been stored by then. It passes the last few elements too.
 
 VEXOR_SET_BEGIN
 
@@ -15,7 +15,7 @@ namespace {
 
 // ---- The loops -----------------------------------------------------------------------------------------
 
-/// The plain kernels of a shape, for the elements that no register takes.
+/// The plain kernels of a shape, for the elements outside of whole registers.
 template <int size, class Element>
 VEXOR_ALWAYS_INLINE VectorKernels<Element> const& Plain()
 {
@@ -25,15 +25,15 @@ VEXOR_ALWAYS_INLINE VectorKernels<Element> const& Plain()
         return size == 3 ? plain::kernels.inSpace : plain::kernels.inPlane;
 }
 
-/// How many elements of an array precede the first that begins at a multiple of a register's length; 0 if none
-/// does. The loops leave these to the plain set: loads of 64 bytes that all span two cache lines make `Cross` and `Dot`
-/// of 1,000 elements 1.5 times as slow.
+/// How many elements of an array precede the first one at a multiple of a register's length; 0 if there is
+/// none. The loops leave these to the plain set: loads of 64 bytes that all span two cache lines make `Cross`
+/// and `Dot` of 1,000 elements 1.5 times as slow.
 template <int size, class Element>
 VEXOR_ALWAYS_INLINE Size ElementsBeforeAligned(Element const* array, Size count)
 {
     constexpr std::uintptr_t length = width * sizeof(Element);
     auto const address = reinterpret_cast<std::uintptr_t>(array);
-    // With shorter registers fewer loads span two lines, and short arrays do not gain what the plain set costs.
+    // With shorter registers fewer loads span two lines, and short arrays would lose more than they gain.
     constexpr Size least = width == 8 ? 64 : 256;
     if (width == 2 || count < least)
         return 0;
@@ -97,8 +97,8 @@ VEXOR_ALWAYS_INLINE void RunSingle(Element const* operands, Element* results, Si
 
 // ---- Element by element ------------------------------------------------------------------------------
 
-// Sums, differences and products of components need not be taken apart into components. The registers of one
-// operand hold its components again and again.
+// Sums, differences and products of components need not be split into components. The registers of one
+// operand hold its components repeatedly.
 
 struct AddRule {
     template <class Vector>
@@ -189,7 +189,8 @@ VEXOR_ALWAYS_INLINE Size RunRegisters(Left const& left, Right const& right, Elem
     return j;
 }
 
-/// The results are stored at multiples of a register's length: `Add` of 200 vectors 1.2 times as fast with AVX2.
+/// The results are stored at multiples of a register's length: `Add` of 200 vectors 1.2 times as fast with
+/// AVX2.
 template <class Rule, int size, PairOperation operation, class Element>
 void RunFlat(Operand<Element> left, Operand<Element> right, Element* results, Size count)
 {
@@ -215,7 +216,7 @@ void RunFlat(Operand<Element> left, Operand<Element> right, Element* results, Si
         single(j);
 }
 
-/// Register r of `size` in which each lane of `values` stands `size` times.
+/// Register r of `size` registers in which each lane of `values` occurs `size` times.
 template <int size, int r, class Vector, int... i>
 VEXOR_ALWAYS_INLINE Vector Spread(Vector const& values, At<i...>)
 {
@@ -308,8 +309,9 @@ VEXOR_ALWAYS_INLINE Doubles SumOfProducts(Lanes<size> const& a, Lanes<size> cons
     return sum;
 }
 
-/// The components of two operands, combined before the registers are split: half as many shuffles. Differences are
-/// taken in the element type, so that half as many singles are converted; products of singles are exact as doubles.
+/// The components of two operands, combined before the registers are split: half as many shuffles.
+/// Differences are taken in the element type, so that half as many singles are converted; products of singles
+/// are exact as doubles.
 template <class Rule, int size, class Element>
 struct Combined {
     static constexpr int lanes = width;
@@ -454,7 +456,7 @@ struct LengthSquaredRule {
 
 constexpr double largestFinite = 1.7976931348623157e308;
 
-/// Whether all are between the limits, which none of them being a NaN includes.
+/// Whether all are between the limits; false if one of them is a NaN.
 VEXOR_ALWAYS_INLINE bool AreWithin(double low, Doubles const& values, double high)
 {
     return HasAll(And(LessOrEqual(All(low), values), LessOrEqual(values, All(high))));
@@ -484,7 +486,7 @@ struct LengthRule {
 
 #if defined(VEXOR_SET_FUSED)
 
-/// Whether quotients by a plain length, formed as below, are clear of underflow: 0 or at least 2^-500.
+/// Whether quotients by a plain length, formed as below, are free of underflow: 0 or at least 2^-500.
 template <int size>
 VEXOR_ALWAYS_INLINE bool AreClearOfUnderflow(Lanes<size> const& a)
 {
@@ -495,10 +497,10 @@ VEXOR_ALWAYS_INLINE bool AreClearOfUnderflow(Lanes<size> const& a)
     return HasAll(isClear);
 }
 
-/// The quotient by a length whose reciprocal is at hand, rounded to nearest, as a division gives it. The fused
-/// operations yield the exact remainders of an approximate quotient, and the last of them is a correct rounding,
-/// as the reciprocal is correctly rounded (Markstein 1990). A division of 8 doubles takes 16 cycles of Sapphire
-/// Rapids, of 4 doubles 8, these five operations 2.5: all of Normalize 1.6 times as fast.
+/// The quotient by a length whose reciprocal is known, rounded to nearest, like that of a division. The fused
+/// operations yield the exact remainders of an approximate quotient, and the last of them is a correct
+/// rounding, as the reciprocal is correctly rounded (Markstein 1990). A division of 8 doubles takes 16 cycles
+/// of Sapphire Rapids, of 4 doubles 8, these five operations 2.5: all of Normalize 1.6 times as fast.
 VEXOR_ALWAYS_INLINE Doubles Quotient(Doubles const& value, Doubles const& length, Doubles const& reciprocal)
 {
     typedef long long Integers __attribute__((vector_size(sizeof(Doubles))));
@@ -508,7 +510,7 @@ VEXOR_ALWAYS_INLINE Doubles Quotient(Doubles const& value, Doubles const& length
         Doubles const remainder = MultiplyAdd(-quotient, length, value);
         quotient = MultiplyAdd(remainder, reciprocal, quotient);
     }
-    // Of a −0 the remainder is 0, and its sign would be lost.
+    // For a −0 the remainder is 0, and its sign would be lost.
     constexpr long long magnitude = 0x7fffffffffffffffLL;
     return reinterpret_cast<Doubles>((reinterpret_cast<Integers>(quotient) & magnitude)
                                      | (reinterpret_cast<Integers>(value) & ~magnitude));
@@ -523,7 +525,7 @@ struct NormalizeRule {
     {
         Doubles const sum = SumOfProducts(a, a);
         if constexpr (sizeof(Element) == sizeof(float)) {
-            // A null vector raises; a length of 0 or beyond a float is left to the member, too.
+            // A null vector raises; a length of 0 or beyond a float is left to the member too.
             Singles const squared = ToSingles(sum);
             Singles const length = Root(squared);
             VEXOR_UNROLL(24)
@@ -613,7 +615,7 @@ struct Directions {
     Doubles b;
 };
 
-/// Squared lengths within which the quotients of a test stay far from overflow and underflow.
+/// Squared lengths for which the quotients of a test are far from overflow and underflow.
 template <class Element>
 VEXOR_ALWAYS_INLINE bool AreOrdinary(Directions const& d)
 {
@@ -624,12 +626,12 @@ VEXOR_ALWAYS_INLINE bool AreOrdinary(Directions const& d)
                       And(LessOrEqual(All(low), d.b), LessOrEqual(d.b, All(high)))));
 }
 
-/// Whether a squared cosine c = (dot·dot / a) / b, or 1 − c, is within a tolerance, without the two divisions:
-/// dot·dot is compared with a·b times the tolerance or times 1 less the tolerance. False if a lane is so near to
-/// the limit that the roundings may decide.
+/// Whether a squared cosine c = (dot·dot / a) / b, or 1 − c, is within a tolerance, without the two
+/// divisions: dot·dot is compared with a·b times the tolerance or times 1 minus the tolerance. False if a
+/// lane is so close to the limit that the roundings could decide.
 ///
-/// Their relative errors are a few times 2^-53, and 2^-24 where 1 − c or c is rounded to single. The margin is at
-/// least twice that. The tests are 1.4 to 1.6 times as fast as with the divisions.
+/// Their relative errors are a few times 2^-53, and 2^-24 where 1 − c or c is rounded to single. The margin
+/// is at least twice that. The tests are 1.4 to 1.6 times as fast as with the divisions.
 template <bool isPerpendicular, class Element>
 VEXOR_ALWAYS_INLINE bool IsWithinAngle(Directions const& d, Doubles const& angular, Mask& result)
 {

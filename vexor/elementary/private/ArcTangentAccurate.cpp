@@ -8,17 +8,17 @@ namespace vexor::detail::elementary {
 
 namespace {
 
-/// Bounds of the errors in units; docs/elementary.md adds them up to less than half of these. The arc
-/// cosine's holds the error of a square root near 0.
+/// Bounds of the errors in units; docs/elementary.md derives sums of less than half of these. The arc
+/// cosine's includes the error of a square root near 0.
 constexpr std::uint64_t arcTangentError = 256;
 constexpr std::uint64_t arcCosineError = std::uint64_t(1) << 28;
 
-/// The quotient of two numbers, for 1/2 ≤ divisor < 2 and dividend ≤ divisor, less than 50 units
-/// off. Long division with digits of about 40 bits.
+/// The quotient of two numbers, for 1/2 ≤ divisor < 2 and dividend ≤ divisor, with an error of less than 50
+/// units. Long division with digits of about 40 bits.
 template <int N>
 Fixed<N> Quotient(Fixed<N> const& dividend, Fixed<N> const& divisor)
 {
-    // A little too small, so that no digit is too large and no rest negative.
+    // Slightly too small, so that no digit is too large and no remainder negative.
     double const inverse = (1.0 - 0x1p-40) / Nearest(divisor);
     Fixed<N> quotient;
     Fixed<N> rest = dividend;
@@ -30,11 +30,11 @@ Fixed<N> Quotient(Fixed<N> const& dividend, Fixed<N> const& divisor)
     return quotient;
 }
 
-/// The square root of a number from 2^-53 to 1, less than 2^27 units off.
+/// The square root of a number from 2^-53 to 1, with an error of less than 2^27 units.
 template <int N>
 Fixed<N> Root(Fixed<N> const& square)
 {
-    // Each approximation but the last is too small; each adds about 38 bits.
+    // Every approximation except the last is too small; each adds about 38 bits.
     double const estimate = SquareRoot(Nearest(square));
     double const factor = (1.0 - 0x1p-38) / (2.0 * estimate);
     Fixed<N> root = FromDouble<N>(estimate * (1.0 - 0x1p-40));
@@ -136,8 +136,8 @@ double Atan2NearAxis(double y, double x)
     if (IsNegative(x))
         return IsNegative(y) ? -pi : pi;
 
-    // The quotient, 56 or 57 bits of it, and as a last bit that there is more. The arc tangent is a little
-    // less than the quotient, too little to pass a multiple of that last place but for an exact quotient.
+    // The quotient, 56 or 57 bits of it, with its last bit set if there are more. The arc tangent is slightly
+    // less than the quotient, too little to pass a multiple of that last place unless the quotient is exact.
     std::uint64_t quotient = 0;
     std::uint64_t rest = ordinate.mantissa;
     for (int i = 0; i <= 56; ++i) {
@@ -153,7 +153,7 @@ double Atan2NearAxis(double y, double x)
     quotient = quotient << 1 | 1;
     int exponent = ordinate.exponent - abscissa.exponent - 57;
 
-    // Rounded once, to 53 bits or to the last place of the denormals. No case is half-way: the last bit is set.
+    // Rounded once, to 53 bits or to the last place of the denormals. There is no tie: the last bit is set.
     int drop = 0;
     while (quotient >> (drop + 53) != 0)
         ++drop;
@@ -179,7 +179,8 @@ double AccurateAtan2(double y, double x)
     if (difference > 62 || difference < -62)
         return Atan2NearAxis(y, x);
     double result = 0.0;
-    // An angle other than 0 whose tangent is rational is irrational, hence never half-way between two doubles.
+    // An angle other than 0 whose tangent is rational is irrational, hence never half-way between two
+    // doubles.
     if (!ArcTangent<3>(ordinate, abscissa, IsNegative(x), result)
         && !ArcTangent<6>(ordinate, abscissa, IsNegative(x), result))
         ArcTangent<12>(ordinate, abscissa, IsNegative(x), result);

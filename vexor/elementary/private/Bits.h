@@ -21,7 +21,7 @@ inline double FromBits(std::uint64_t bits)
 inline constexpr std::uint64_t signBit = std::uint64_t(1) << 63;
 inline constexpr std::uint64_t infinityBits = 0x7ff0000000000000;
 
-/// The magnitude's bits; magnitudes of doubles are ordered as these are, with the NaNs on top.
+/// The magnitude's bits; magnitudes of doubles have the order of these integers, with the NaNs at the top.
 inline std::uint64_t MagnitudeBits(double value)
 {
     return BitsOf(value) & ~signBit;

@@ -2,7 +2,7 @@
 #include <vexor/foundation/detail/Elementary.h>
 
 // The fast step exists twice, without and with a fused multiply-add. Both give the same bits, since the
-// accurate step takes over where the fast one does not decide the rounding.
+// accurate step replaces the fast one if that does not decide the rounding.
 
 #if defined(__FMA__) || (defined(__aarch64__) && defined(__GNUC__))
 #    define VEXOR_FUSED_ALWAYS
@@ -19,7 +19,7 @@ inline bool HasFusedMultiplyAdd()
 #if defined(VEXOR_FUSED_ALWAYS)
     return true;
 #elif defined(VEXOR_FUSED_SOMETIMES)
-    __builtin_cpu_init(); // the answer may be asked for before the constructors have run
+    __builtin_cpu_init(); // the function may be called before the constructors have run
     return __builtin_cpu_supports("fma") != 0;
 #else
     return false;

@@ -35,7 +35,7 @@ inline bool ArcCosineBeyondHalf(double x, double& result)
     Distance const d = NearestPoint(t, 0x1p-6);
     Sum const factor = Evaluate(arcCosineQuotientTable[d.index], d.value);
 
-    // The root's own error, relative to it, is half of the remainder over the square.
+    // The root's error, relative to it, is half of the remainder divided by the square.
     double const square = t + t;
     double const half = 0.5 / square;
     double const root = SquareRoot(square);

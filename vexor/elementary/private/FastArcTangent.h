@@ -9,7 +9,7 @@
 
 namespace vexor::detail::elementary::VEXOR_ELEMENTARY_NAMESPACE {
 
-/// Where an octant's arc tangent is added or subtracted.
+/// The angle to or from which an octant's arc tangent is added or subtracted.
 struct Origin {
     double high, low, sign;
 };
@@ -53,7 +53,7 @@ inline bool ArcTangentOf(double y, double x, double& result)
                      error + origin.high * 0x1p-100, result);
 }
 
-/// Zeros, infinities, NaNs, and what is too large or small for the function above.
+/// Zeros, infinities, NaNs, and numbers that are too large or small for the function above.
 VEXOR_COLD inline double RareArcTangent(double y, double x)
 {
     if (x != x || y != y)

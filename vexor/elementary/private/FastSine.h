@@ -9,18 +9,18 @@
 
 namespace vexor::detail::elementary::VEXOR_ELEMENTARY_NAMESPACE {
 
-/// An angle as index·π/256 + high + low, modulo a turn: |high| is at most π/512 and a little, |low| half a place
-/// of it.
+/// An angle as index·π/256 + high + low, modulo a turn: |high| is slightly above π/512 at most, |low| half a
+/// place of it.
 struct Reduced {
     std::uint64_t index; ///< modulo 512
     double high, low;
 };
 
-/// For 2^-8 ≤ |x| < 65536: Cody and Waite's method. The error is less than 2^-90, which is too much if the sine or
-/// cosine is near 0.
+/// For 2^-8 ≤ |x| < 65536: Cody and Waite's method. The error is less than 2^-90, which is too much if the
+/// sine or cosine is near 0.
 inline Reduced ReduceSmall(double x)
 {
-    // The sum with this constant rounds to a whole number, which then stands in the last bits.
+    // The sum with this constant rounds to an integer, which is then in the last bits.
     double const shift = 0x1.8p+52;
     double const shifted = MultiplyAdd(x, 0x1.45f306dc9c883p+6, shift);
     double const count = shifted - shift;
@@ -39,8 +39,8 @@ inline Reduced ReduceSmall(double x)
 #endif
 }
 
-/// For |x| < 65536, at most π/512 from a multiple of π/2. The error is less than 2^-80 of that distance. Three parts
-/// of π/2 have 37 bits, so that their products with the count are exact.
+/// For |x| < 65536, at most π/512 from a multiple of π/2. The error is less than 2^-80 of that distance.
+/// Three parts of π/2 have 37 bits, so that their products with the count are exact.
 inline Reduced ReduceNearQuarterTurn(double x)
 {
     double const shift = 0x1.8p+52;
@@ -63,7 +63,8 @@ inline Reduced ReduceAny(double x)
     return {angle.index, rest.high, rest.low};
 }
 
-/// sin r − r, with the low part of r added, and cos r − 1 for the rest of a reduced angle, by the Taylor series.
+/// sin r − r, with the low part of r added, and cos r − 1 for the rest of a reduced angle, by the Taylor
+/// series.
 struct RestTerms {
     double odd, even;
 };
@@ -90,8 +91,8 @@ inline constexpr double sineError = 0x1.8p-66;
 #endif
 inline constexpr double smallSineError = 0x1p-67;
 
-/// The sine of p + r from the sine and cosine of p, a multiple of π/256 but not of π; false if that needs the accurate
-/// step.
+/// The sine of p + r from the sine and cosine of p, a multiple of π/256 but not of π; false if that needs the
+/// accurate step.
 inline bool SineOf(Sum const& sine, Sum const& cosine, double r, RestTerms const& terms, double& result)
 {
     // sin(p + r) = sin p + cos p · r + sin p · (cos r − 1) + cos p · (sin r − r)
@@ -119,7 +120,7 @@ inline bool IsNearPi(std::uint64_t index)
 }
 
 inline constexpr std::uint64_t noSine = 0x3e40000000000000;      // below 2^-27 sin x is x, and cos x is 1
-inline constexpr std::uint64_t noReduction = 0x3f79000000000000; // a little below π/512
+inline constexpr std::uint64_t noReduction = 0x3f79000000000000; // slightly below π/512
 inline constexpr std::uint64_t manyTurns = 0x40f0000000000000;   // 65536
 
 /// The sine of x + offset·π/256 near a multiple of π, and of large angles, infinities and NaNs.

@@ -166,8 +166,8 @@ Fixed<N> FromDouble(double value)
     return FromParts<N>(parts.mantissa, parts.exponent);
 }
 
-/// A number as top · 2^exponent: `top` has its highest bit set and `more` tells whether bits that it
-/// does not hold are set. All is 0 for 0.
+/// A number as top · 2^exponent: the highest bit of `top` is set, and `more` is true if bits that `top` does
+/// not hold are set. All is 0 for 0.
 struct Leading {
     std::uint64_t top;
     int exponent;
@@ -197,7 +197,7 @@ Leading LeadingBits(Fixed<N> const& value)
     return result;
 }
 
-/// The double nearest the value, which must be 0 or at least 2^-1000. Of two that are equally near the
+/// The double nearest to the value, which must be 0 or at least 2^-1000. A tie gives the
 /// even one.
 template <int N>
 double Nearest(Fixed<N> const& value)

@@ -13,12 +13,12 @@ struct Quadrant {
 };
 
 /// The angle mantissa · 2^exponent in radians, for a mantissa of 53 bits, an exponent from −63 to 971
-/// and N up to 12. Payne and Hanek's method: only those words of 2/π are multiplied with that
-/// contribute neither whole turns nor less than a unit.
+/// and N up to 12. Payne and Hanek's method: leaves out the words of 2/π that
+/// contribute only whole turns or less than a unit.
 template <int N>
 Quadrant<N> ReduceToQuadrant(std::uint64_t mantissa, int exponent)
 {
-    // Word j of 2/π counts 2^(−64·(j + 1)). In front of `first` each word gives a multiple of 4.
+    // The unit of word j of 2/π is 2^(−64·(j + 1)). Each word before `first` contributes a multiple of 4.
     int const first = exponent >= 66 ? (exponent - 2) / 64 : 0;
     constexpr int count = N + 3;
     std::uint64_t product[count + 1]; // the least significant word first
@@ -31,7 +31,7 @@ Quadrant<N> ReduceToQuadrant(std::uint64_t mantissa, int exponent)
     }
     product[count] = carry;
 
-    // The product counts 2^(exponent − 64·(first + count)): shifted to units of 2^(−64·N).
+    // The unit of the product is 2^(exponent − 64·(first + count)): shifted to units of 2^(−64·N).
     int const shift = 64 * (first + 3) - exponent; // 127 to 255
     int const skipped = shift / 64;
     int const bits = shift % 64;

@@ -33,9 +33,9 @@ Fixed<N> InverseFactorial(std::uint32_t n)
     return result;
 }
 
-/// The even part of e^(i·x) or the odd one divided by x: Σ (−square)^k / (2k + first)!, with 0 for the
-/// cosine and 1 for the quotient sin(x)/x. For a square of at most 0.63, less than six units off. The
-/// factorials stand in a table: divisions would take five times as long.
+/// The even part of e^(i·x) or the odd one divided by x: Σ (−square)^k / (2k + first)!, with 0 for the cosine
+/// and 1 for the quotient sin(x)/x. For a square of at most 0.63, with an error of less than six units. The
+/// factorials are in a table: divisions would take five times as long.
 template <int N>
 Fixed<N> AlternatingSeries(Fixed<N> const& square, std::uint32_t first)
 {

@@ -8,7 +8,7 @@ namespace vexor::detail::elementary {
 
 namespace {
 
-/// Bound of the error of `Sine` in units; docs/elementary.md adds it up to less than 16.
+/// Bound of the error of `Sine` in units; docs/elementary.md derives a sum of less than 16.
 constexpr std::uint64_t sineError = 32;
 
 /// The magnitude of sin(x + offset·π/2) and whether it is negative, for x > 0.
@@ -25,7 +25,7 @@ bool Sine(double x, int offset, double& result)
         Quadrant<N> const reduced = ReduceToQuadrant<N>(parts.mantissa, parts.exponent);
         quarters += reduced.quarters;
         Fixed<N> fraction = reduced.fraction;
-        if (fraction.word[N - 1] >> 63 != 0) { // beyond half a quarter: the rest to the next one
+        if (fraction.word[N - 1] >> 63 != 0) { // beyond half a quarter turn: the distance to the next one
             fraction = WholeNumber<N>(1) - fraction;
             angleIsNegative = true;
             ++quarters;
@@ -45,7 +45,7 @@ double SineOfAny(double x, int offset)
 {
     double result = 0.0;
     // The sine of a number other than 0 is irrational, hence never half-way between two doubles. No
-    // argument is known that needs the second attempt, and the third has no practical chance to fail.
+    // argument is known that needs the second attempt, and the third has practically no chance to fail.
     if (!Sine<3>(x, offset, result) && !Sine<6>(x, offset, result))
         Sine<12>(x, offset, result);
     return result;

@@ -5,7 +5,7 @@
 
 namespace vexor::detail::elementary {
 
-/// Sine and cosine of a multiple of π/256, each with the rest behind it.
+/// Sine and cosine of a multiple of π/256, each followed by the remainder.
 struct SineEntry {
     double sine, sineLow;
     double cosine, cosineLow;
