@@ -486,24 +486,25 @@ constexpr char introduction[] = R"(# How accurate the eigenvalues of a symmetric
 The library solves the symmetric eigenproblem in two ways. `Mat3Dbl::EigenSym` evaluates the closed
 trigonometric solution of the characteristic cubic; it takes about 0.1 µs and allocates nothing.
 `MatDbl::EigenSym` goes through LAPACK (DSYEVX), takes some microseconds and allocates workspace. The tables
-show what the speed costs.
+show how much accuracy the speed costs.
 
 ## Which to use
 
 - Eigenvalues that differ by a tenth of the largest or more: both are right to about 1e-15 of the largest
   eigenvalue, with vectors to match. Use `Mat3Dbl::EigenSym`.
-- Two eigenvalues that are close: the closed form finds them worse the closer they are, down to about 1e-8
-  of the largest, the square root of the rounding unit, because a double root of a cubic moves by the root
-  of the error in its coefficients. Their vectors lose accordingly: with a relative gap of 1e-4 they are
-  right to 1e-7; from a gap of 1e-8 on they are arbitrary, may be nearly parallel to each other and, where
-  the two are equal to rounding, may even leave their plane. The third vector stays right. Where the pair
-  matters, use `MatDbl::EigenSym`, whose vectors are always orthogonal to 1e-15 and span the right plane.
-- Eigenvalues of very different size: both find them to a certain part of the largest one, so that small
-  eigenvalues have large relative errors. The closed form loses more digits: of 1e-8 : 1e-4 : 1 it finds the
-  smallest to four digits and LAPACK to seven, of 1e-16 : 1e-8 : 1 neither finds it, and only LAPACK finds
-  the middle one.
-- A matrix near a multiple of the unit matrix: the closed form refuses it (`VexorComputationFailed`) or
-  errs by up to about 1e-6 of the value, with arbitrary vectors, as rounding falls. Use `MatDbl::EigenSym`.
+- Two close eigenvalues: the error of the closed form grows as they approach each other, up to about 1e-8
+  of the largest. That is the square root of the rounding unit: a double root of a cubic moves by the root
+  of the error in its coefficients. The vectors lose accuracy too: with a relative gap of 1e-4 they are
+  right to 1e-7. From a gap of 1e-8 down they are arbitrary and may be nearly parallel to each other; if
+  the two are equal up to rounding, they may even leave their plane. The third vector stays right. If the pair
+  matters, use `MatDbl::EigenSym`: its vectors are always orthogonal to 1e-15 and span the right plane.
+- Eigenvalues of very different size: the error of both is a fraction of the largest one, so small
+  eigenvalues have large relative errors. The closed form loses more digits. Of 1e-8 : 1e-4 : 1 it gives the
+  smallest to four digits and LAPACK to seven. Of 1e-16 : 1e-8 : 1 neither gives the smallest, and only LAPACK
+  gives the middle one.
+- A matrix near a multiple of the identity matrix: depending on rounding, the closed form refuses it
+  (`VexorComputationFailed`) or has an error of up to about 1e-6 of the value, with arbitrary vectors. Use
+  `MatDbl::EigenSym`.
 - Elements beyond about 1e±100: the cubes in the closed form overflow or underflow. Scale the matrix by a
   power of two first, or use `MatDbl::EigenSym`, which scales by itself.
 
@@ -513,12 +514,12 @@ Each row holds 1000 matrices, the same in every run. A matrix with a designed sp
 of a diagonal one, formed in 400 bits and rounded to double; "exact" ones are integers. Its exact
 eigenvalues and eigenvectors, those of the rounded matrix, come from Jacobi's method in MPFR with 400 bits.
 Each cell gives the closed form first and LAPACK (OpenBLAS on x86-64, glibc 2.36) second. For each matrix
-the worst of its three eigenvalues or vectors counts.
+the largest error of its three eigenvalues or vectors counts.
 
 - *Absolute*: the error of an eigenvalue; *of the largest*: that divided by the largest magnitude of an
-  eigenvalue; *relative*: divided by the eigenvalue itself. Where an exact eigenvalue is 0 there is none.
-- *Angle*: the sine of the angle between a vector and the exact eigenvector. Of a pair of equal eigenvalues
-  the exact vectors are arbitrary and this says nothing; *plane of the pair* is the angle between the two
+  eigenvalue; *relative*: divided by the eigenvalue itself. It is left out if an exact eigenvalue is 0.
+- *Angle*: the sine of the angle between a vector and the exact eigenvector. For a pair of equal eigenvalues
+  the exact vectors are arbitrary, and the angle is meaningless; *plane of the pair* is the angle between the two
   computed vectors of the pair and the exact plane, *third vector* the angle of the one outside the pair.
 - *Residual*: the length of A·v − λ·v divided by the largest magnitude of an eigenvalue.
 - *Orthogonality*: the largest deviation of a dot product of two vectors from 0, or of a vector with itself
