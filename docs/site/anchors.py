@@ -38,7 +38,8 @@ def link(match):
     if path.parent.parent.name == "data" and is_example:
         return "[%s](#%s)" % (text, anchor("The data")) if prefix != "examples_" else text
     if target and path.name == "README.md" and "examples" in path.parts:
-        return "[%s](#%s)" % (text, prefix_of(path).rstrip("_"))
+        # Doxygen shows no code in the text of such a link.
+        return "[%s](#%s)" % (text.replace("`", ""), prefix_of(path).rstrip("_"))
     return text if is_example and path.suffix != ".md" else match.group(0)
 
 

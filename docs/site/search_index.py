@@ -47,6 +47,8 @@ def places_of(page, text):
     pieces = re.split(r'<h[1-4]><a class="anchor" id="([\w-]+)"></a>(.*?)</h[1-4]>', content, flags=re.S)
     places = [[page, "", title, "", "page", plain(pieces[0])]]
     for anchor, heading, body in zip(pieces[1::3], pieces[2::3], pieces[3::3]):
+        if page.startswith("example") and plain(heading).endswith((".cpp", ".h", ".py")):
+            continue  # the sources of an example
         places.append([page, anchor, plain(heading), title, "section", plain(body)])
     return places
 

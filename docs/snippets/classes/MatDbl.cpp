@@ -18,7 +18,7 @@ int main()
 
     MatDbl symmetric(matrix);
     VecDbl values;
-    symmetric.EigenSym(values, 1, 0, 1); // ascending; the eigenvectors replace the rows
+    symmetric.EigenSym(values, 1, 0, 1); // ascending; the vectors replace the rows
     std::cout << values << '\n';
     return 0;
 }

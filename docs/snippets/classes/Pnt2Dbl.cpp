@@ -10,6 +10,6 @@ int main()
     std::cout << target << '\n'
               << target - station << '\n' // and two points differ by one
               << station.DistanceTo(target) << '\n'
-              << station.IsEqualTo(target, 25.0) << '\n'; // a squared distance: 5 or closer
+              << station.IsEqualTo(target, 25.0) << '\n'; // a squared distance
     return 0;
 }

@@ -11,7 +11,7 @@ int main()
     if (small_decompose(matrix, order, 3) != 0) // the factors replace the matrix
         return 1;
     double x[] = {5, 6, 5};
-    small_substitution(matrix, x, order, 3, 1); // the solution replaces the right-hand side
+    small_substitution(matrix, x, order, 3, 1); // x is the solution now
     std::cout << x[0] << ' ' << x[1] << ' ' << x[2] << '\n';
     return 0;
 }

@@ -7,8 +7,8 @@ int main()
 {
     Vec2Dbl const leg(3, 4);
     std::cout << leg.Length() << '\n'
-              << leg.GetPerpendicular() << '\n'   // a quarter turn counter-clockwise, length 1
-              << leg.Cross(Vec2Dbl(1, 2)) << '\n' // a number: the area of the parallelogram
+              << leg.GetPerpendicular() << '\n'   // to the left, length 1
+              << leg.Cross(Vec2Dbl(1, 2)) << '\n' // the area of the parallelogram
               << leg.IsParallelTo(Vec2Dbl(-6, -8)) << '\n';
     return 0;
 }

@@ -5,7 +5,8 @@
 
 int main()
 {
-    Mat3Dbl flat(Vec3Dbl(1, 2, 3), Vec3Dbl(2, 4, 6), Vec3Dbl(0, 0, 1)); // the second row is twice the first
+    // The second row is twice the first.
+    Mat3Dbl flat(Vec3Dbl(1, 2, 3), Vec3Dbl(2, 4, 6), Vec3Dbl(0, 0, 1));
     try {
         flat.Invert();
     } catch (VexorSingular const&) {
