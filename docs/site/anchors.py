@@ -10,14 +10,15 @@ import pathlib
 import re
 import sys
 
+root = pathlib.Path(__file__).resolve().parent.parent.parent
 page = pathlib.Path(sys.argv[1])
-is_example = page.name == "README.md" and "examples" in page.parts
 folder = page.resolve().parent
+is_example = page.name == "README.md" and folder != root
 
 
 def prefix_of(path):
     """The beginning of a page's anchors; for a page of the examples also its name."""
-    if path.stem != "README":
+    if path.stem != "README" or "examples" not in path.relative_to(root).parts:
         return path.stem.replace("-", "_").lower() + "_"
     return "examples_" if path.parent.name == "examples" else "example_%s_" % path.parent.name
 
@@ -35,9 +36,9 @@ def link(match):
     path = (folder / target).resolve() if target else folder / page.name
     if place:
         return "[%s](#%s%s)" % (text, prefix_of(path), place)
-    if path.parent.parent.name == "data" and is_example:
+    if is_example and path.parent.parent.name == "data":
         return "[%s](#%s)" % (text, anchor("The data")) if prefix != "examples_" else text
-    if target and path.name == "README.md" and "examples" in path.parts:
+    if target and path.name == "README.md" and path.parent != root:
         # Doxygen shows no code in the text of such a link.
         return "[%s](#%s)" % (text.replace("`", ""), prefix_of(path).rstrip("_"))
     return text if is_example and path.suffix != ".md" else match.group(0)
@@ -78,5 +79,5 @@ for line in text.splitlines():
         else:
             line = line.replace("\\|", "\u2223")  # Doxygen takes \| in a link for a command
             line = re.sub(r"(!\[[^\]]*\]\()[\w./-]*/([\w-]+\.svg\))", r"\1pictures/\2", line)
-            line = re.sub(r"(?<!!)\[([^\]]*)\]\(((?![a-z]+:)[^()#\s]*)(?:#([\w-]+))?\)", link, line)
+            line = re.sub(r"(?<!!)\[(`[^`]*`|[^\]]*)\]\(((?![a-z]+:)[^()#\s]*)(?:#([\w-]+))?\)", link, line)
     print(line)

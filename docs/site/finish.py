@@ -222,6 +222,9 @@ for page, text in texts.items():
             target = "%s#%s" % (page, anchor)
             names.setdefault((page, title), target)
             names.setdefault(("vexor" if page.endswith("_8h.html") else owner, title), target)
+bare = [page for page, text in texts.items() if page.startswith("example_") and 'class="picture"' not in text]
+if bare:
+    raise SystemExit("example pages without a picture: %s" % " ".join(bare))
 pages_of = collections.Counter(member for owner, member in names if owner in texts)
 alone = {member: target for (owner, member), target in names.items() if owner in texts and pages_of[member] == 1}
 for page, text in texts.items():

@@ -38,7 +38,7 @@ def documentation(text_lines):
 head = range(0) if has_class else head_of_file()
 result = ["/// @file", *("/" + lines[i] for i in head)]
 if name in class_pages.SEE_ALSO and not has_class:
-    result += documentation(["", "`#include <%s>`" % header.as_posix()])
+    result += documentation(["", "`#include <%s>`" % header.resolve().relative_to(class_pages.root).as_posix()])
     result += documentation(class_pages.extra_lines(name))
 result.append("")
 in_group = in_heading = False
