@@ -19,7 +19,8 @@ VARIANTS = [("O3", "-O3"), ("O2", "-O2"), ("O3_v3", "-O3 -march=x86-64-v3"), ("O
 PEERS = ["Eigen", "GLM", "Imath"]
 ORDER = ["Dot", "Cross", "GetNormalizedCopy", "IsParallelTo", "Point + vector", "DistanceTo", "Mat3 x vector",
          "Mat3 x Mat3", "Affine map x point", "Solve 3x3", "Invert 3x3", "EigenSym 3x3", "EigenSym 3x3 with vectors",
-         "Quaternion product", "RotatePoint", "GetRotationMatrix"]
+         "Quaternion product", "RotatePoint", "GetRotationMatrix", "SetAxisAngle", "Rotate", "GetAngleWith",
+         "GetEulerAngles"]
 
 
 class Results:
@@ -205,6 +206,25 @@ def members(results_of_clients):
     return f"{low} of {count} ratios are below 0.97.\n\n" + table(head, rows)
 
 
+def elementary(path):
+    """Sin, cos, acos and atan2 beside the C library's, each result in nanoseconds."""
+    if not path.exists():
+        return ""
+    results = Results(path)
+    rows = []
+    for size, calls in (("1000", "independent"), ("chain", "dependent")):
+        for operation in ("Sin", "Cos", "SinCos", "Acos", "Atan2"):
+            times = results.at(operation, size)
+            if "vexor" not in times:
+                continue
+            cells = [f"{times[name] / 1000:.1f} ns" for name in ("libc", "vexor")]
+            cells.append(f"{times['vexor'] / times['libc']:.2f}")
+            other = times["without fused multiply-add"]
+            rows.append([f"`{operation}`", calls] + cells + [f"{other / 1000:.1f} ns", f"{other / times['libc']:.2f}"])
+    return table(["function", "calls", "C library", "vexor", "× C library", "without fused multiply-add",
+                  "× C library"], rows)
+
+
 def guard(results, name):
     """What asking for the range costs, against the null check that a normalisation needs anyway."""
     times = results.at("GetNormalizedCopy", "1000"), results.at("GetNormalizedCopy", "call")
@@ -351,6 +371,7 @@ def main():
         "ARRAYS": "\n".join(over_arrays),
         "ARRAY_GOALS": goals(Results(plain_client)) if plain_client.exists() else "",
         "ARRAY_MEMBERS": members(by_client) if by_client else "",
+        "ELEMENTARY": elementary(folder / "g++-bench_elementary.json"),
         "GUARD": table(["flags", "arrays of 1,000", "a single call"], guards),
         "GROWTH": growth(dynamic),
     }

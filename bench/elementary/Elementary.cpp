@@ -1,18 +1,23 @@
 #include <support/Bench.h>
 
 #include <vexor/elementary.h>
+#include <vexor/elementary/private/Fast.h>
 
 // The four functions beside the C library's. "1000" computes independent results; in "chain" each
-// argument depends on the result before it.
+// argument depends on the result before it. The library chooses the code for this CPU. The code without fused
+// multiply-add is compiled once more, so that it can be timed on every CPU.
 
 namespace {
+
+namespace plain = vexor::detail::elementary::plain;
 
 using One = double (*)(double);
 using Two = double (*)(double, double);
 
-double BothOfVexor(double x)
+template <vexor::SineAndCosine (*function)(double)>
+double Both(double x)
 {
-    vexor::SineAndCosine const both = vexor::SinCos(x);
+    vexor::SineAndCosine const both = function(x);
     return both.sine + both.cosine;
 }
 
@@ -56,15 +61,21 @@ double Ignoring(double y, double)
 }
 
 [[maybe_unused]] bool const registered = [] {
+    char const* const withoutFused = "without fused multiply-add";
     Register("Sin", "vexor", Ignoring<vexor::Sin>, 1.6);
+    Register("Sin", withoutFused, Ignoring<plain::Sin>, 1.6);
     Register("Sin", "libc", Ignoring<static_cast<One>(std::sin)>, 1.6);
     Register("Cos", "vexor", Ignoring<vexor::Cos>, 1.6);
+    Register("Cos", withoutFused, Ignoring<plain::Cos>, 1.6);
     Register("Cos", "libc", Ignoring<static_cast<One>(std::cos)>, 1.6);
-    Register("SinCos", "vexor", Ignoring<BothOfVexor>, 1.6);
+    Register("SinCos", "vexor", Ignoring<Both<vexor::SinCos>>, 1.6);
+    Register("SinCos", withoutFused, Ignoring<Both<plain::SinCos>>, 1.6);
     Register("SinCos", "libc", Ignoring<BothOfLibc>, 1.6);
     Register("Acos", "vexor", Ignoring<vexor::Acos>, 0.5);
+    Register("Acos", withoutFused, Ignoring<plain::Acos>, 0.5);
     Register("Acos", "libc", Ignoring<static_cast<One>(std::acos)>, 0.5);
     Register("Atan2", "vexor", vexor::Atan2, 1.0);
+    Register("Atan2", withoutFused, plain::Atan2, 1.0);
     Register("Atan2", "libc", static_cast<Two>(std::atan2), 1.0);
     return true;
 }();

@@ -39,6 +39,18 @@ std::vector<double> ReadMatrix(Matrix const& matrix)
     return numbers;
 }
 
+/// A turn about an axis.
+struct Turn {
+    Vector axis;
+    double angle;
+};
+
+Turn MakeTurn(double const* numbers)
+{
+    bench::TurnNumbers const turn(numbers);
+    return {Vector(turn.axis[0], turn.axis[1], turn.axis[2]), turn.angle};
+}
+
 using bench::Elementwise;
 using bench::Must;
 
@@ -55,6 +67,20 @@ using bench::Must;
         "GetRotationMatrix", "Eigen", MakeQuaternion, bench::MakeNothing,
         [](Unit const& a, bench::Nothing) { return Matrix(a.toRotationMatrix()); }, ReadMatrix,
         bench::matrixRule, Must::BeNear);
+    Elementwise(
+        "SetAxisAngle", "Eigen", MakeTurn, bench::MakeNothing,
+        [](Turn const& turn, bench::Nothing) { return Unit(Eigen::AngleAxisd(turn.angle, turn.axis)); },
+        ReadQuaternion, bench::axisAngleRule, Must::BeNear);
+    Elementwise(
+        "Rotate", "Eigen", MakeTurn, MakeVector,
+        [](Turn const& turn, Vector const& vector) {
+            return Vector(Eigen::AngleAxisd(turn.angle, turn.axis) * vector);
+        },
+        ReadVector, bench::turnRule, Must::BeNear);
+    Elementwise( // the first angle is in another range than in the rule
+        "GetEulerAngles", "Eigen", MakeQuaternion, bench::MakeNothing,
+        [](Unit const& a, bench::Nothing) { return Vector(a.toRotationMatrix().eulerAngles(2, 1, 0)); },
+        ReadVector, bench::eulerRule, Must::BeFast);
     return true;
 }();
 

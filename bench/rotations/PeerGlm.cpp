@@ -1,7 +1,10 @@
 #include "Rules.h"
 
+#define GLM_ENABLE_EXPERIMENTAL // for what is in gtx
 #include <glm/glm.hpp>
 #include <glm/gtc/quaternion.hpp>
+#include <glm/gtx/rotate_vector.hpp>
+#include <glm/gtx/vector_angle.hpp>
 
 namespace {
 
@@ -40,6 +43,18 @@ std::vector<double> ReadMatrix(Matrix const& matrix)
     return numbers;
 }
 
+/// A turn about an axis.
+struct Turn {
+    Vector axis;
+    double angle;
+};
+
+Turn MakeTurn(double const* numbers)
+{
+    bench::TurnNumbers const turn(numbers);
+    return {Vector(turn.axis[0], turn.axis[1], turn.axis[2]), turn.angle};
+}
+
 using bench::Elementwise;
 using bench::Must;
 
@@ -56,6 +71,24 @@ using bench::Must;
         "GetRotationMatrix", "GLM", MakeQuaternion, bench::MakeNothing,
         [](Unit const& a, bench::Nothing) { return Matrix(glm::mat3_cast(a)); }, ReadMatrix,
         bench::matrixRule, Must::BeNear);
+    Elementwise(
+        "SetAxisAngle", "GLM", MakeTurn, bench::MakeNothing,
+        [](Turn const& turn, bench::Nothing) { return Unit(glm::angleAxis(turn.angle, turn.axis)); },
+        ReadQuaternion, bench::axisAngleRule, Must::BeNear);
+    Elementwise(
+        "Rotate", "GLM", MakeTurn, MakeVector,
+        [](Turn const& turn, Vector const& vector) {
+            return Vector(glm::rotate(vector, turn.angle, turn.axis));
+        },
+        ReadVector, bench::turnRule, Must::BeNear);
+    Elementwise(
+        "GetAngleWith", "GLM", MakeVector, MakeVector,
+        [](Vector const& a, Vector const& b) { return glm::angle(glm::normalize(a), glm::normalize(b)); },
+        bench::ReadNumber, bench::angleRule, Must::BeNear);
+    Elementwise(
+        "GetEulerAngles", "GLM", MakeQuaternion, bench::MakeNothing,
+        [](Unit const& a, bench::Nothing) { return Vector(glm::eulerAngles(a)); }, ReadVector,
+        bench::eulerRule, Must::BeNear);
     return true;
 }();
 

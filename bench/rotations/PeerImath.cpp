@@ -1,5 +1,6 @@
 #include "Rules.h"
 
+#include <ImathEuler.h>
 #include <ImathQuat.h>
 
 namespace {
@@ -39,6 +40,18 @@ std::vector<double> ReadMatrix(Matrix const& matrix)
     return numbers;
 }
 
+/// A turn about an axis.
+struct Turn {
+    Vector axis;
+    double angle;
+};
+
+Turn MakeTurn(double const* numbers)
+{
+    bench::TurnNumbers const turn(numbers);
+    return {Vector(turn.axis[0], turn.axis[1], turn.axis[2]), turn.angle};
+}
+
 using bench::Elementwise;
 using bench::Must;
 
@@ -55,6 +68,29 @@ using bench::Must;
         "GetRotationMatrix", "Imath", MakeQuaternion, bench::MakeNothing,
         [](Unit const& a, bench::Nothing) { return Matrix(a.toMatrix33()); }, ReadMatrix, bench::matrixRule,
         Must::BeNear);
+    Elementwise(
+        "SetAxisAngle", "Imath", MakeTurn, bench::MakeNothing,
+        [](Turn const& turn, bench::Nothing) {
+            Unit result;
+            result.setAxisAngle(turn.axis, turn.angle);
+            return result;
+        },
+        ReadQuaternion, bench::axisAngleRule, Must::BeNear);
+    Elementwise(
+        "Rotate", "Imath", MakeTurn, MakeVector,
+        [](Turn const& turn, Vector const& vector) {
+            Unit unit;
+            return Vector(unit.setAxisAngle(turn.axis, turn.angle).rotateVector(vector));
+        },
+        ReadVector, bench::turnRule, Must::BeNear);
+    Elementwise(
+        "GetEulerAngles", "Imath", MakeQuaternion, bench::MakeNothing,
+        [](Unit const& a, bench::Nothing) {
+            Imath::Eulerd angles;
+            angles.extract(a);
+            return Vector(angles.toXYZVector());
+        },
+        ReadVector, bench::eulerRule, Must::BeNear);
     return true;
 }();
 

@@ -52,6 +52,52 @@ inline Rule const matrixRule = [](double const* left, double const*) {
                                2.0 * (u * w - v * s), 2.0 * (v * w + u * s), ss - uu - vv + ww};
 };
 
+/// A turn about a unit axis by an angle in radians.
+struct TurnNumbers {
+    explicit TurnNumbers(double const* n) : angle(n[3])
+    {
+        double const length = std::sqrt(n[0] * n[0] + n[1] * n[1] + n[2] * n[2]);
+        for (int i = 0; i < 3; ++i)
+            axis[i] = n[i] / length;
+    }
+
+    double axis[3];
+    double angle;
+};
+
+inline Rule const axisAngleRule = [](double const* left, double const*) {
+    TurnNumbers const turn(left);
+    double const sine = std::sin(turn.angle * 0.5);
+    return std::vector<double>{turn.axis[0] * sine, turn.axis[1] * sine, turn.axis[2] * sine,
+                               std::cos(turn.angle * 0.5)};
+};
+
+// Rodrigues' formula.
+inline Rule const turnRule = [](double const* left, double const* p) {
+    TurnNumbers const turn(left);
+    double const* n = turn.axis;
+    double const cross[3] = {n[1] * p[2] - p[1] * n[2], n[2] * p[0] - n[0] * p[2], p[1] * n[0] - n[1] * p[0]};
+    double const along = n[0] * p[0] + n[1] * p[1] + n[2] * p[2];
+    double const cosine = std::cos(turn.angle);
+    std::vector<double> result;
+    for (int i = 0; i < 3; ++i)
+        result.push_back(p[i] * cosine + cross[i] * std::sin(turn.angle) + n[i] * (along * (1.0 - cosine)));
+    return result;
+};
+
+inline Rule const angleRule = [](double const* a, double const* b) {
+    double const d = a[0] * b[0] + a[1] * b[1] + a[2] * b[2];
+    double const aa = a[0] * a[0] + a[1] * a[1] + a[2] * a[2];
+    double const bb = b[0] * b[0] + b[1] * b[1] + b[2] * b[2];
+    return std::vector<double>{std::acos(d / std::sqrt(aa) / std::sqrt(bb))};
+};
+
+// The angles of Rz(z)·Ry(y)·Rx(x).
+inline Rule const eulerRule = [](double const* left, double const* right) {
+    std::vector<double> const m = matrixRule(left, right);
+    return std::vector<double>{std::atan2(m[7], m[8]), std::asin(-m[6]), std::atan2(m[3], m[0])};
+};
+
 } // namespace
 
 } // namespace bench

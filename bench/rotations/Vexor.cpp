@@ -37,6 +37,18 @@ std::vector<double> ReadMatrix(Mat3Dbl const& matrix)
     return numbers;
 }
 
+/// A turn about an axis.
+struct Turn {
+    Vec3Dbl axis;
+    double angle;
+};
+
+Turn MakeTurn(double const* numbers)
+{
+    bench::TurnNumbers const turn(numbers);
+    return {Vec3Dbl(turn.axis[0], turn.axis[1], turn.axis[2]), turn.angle};
+}
+
 using bench::Elementwise;
 using bench::Must;
 
@@ -57,6 +69,30 @@ using bench::Must;
             return matrix;
         },
         ReadMatrix, bench::matrixRule, Must::GiveTheBits);
+    Elementwise(
+        "SetAxisAngle", "vexor", MakeTurn, bench::MakeNothing,
+        [](Turn const& turn, bench::Nothing) {
+            Quaternion result;
+            result.SetAxisAngle(turn.axis, turn.angle, 0);
+            return result;
+        },
+        ReadQuaternion, bench::axisAngleRule, Must::BeNear);
+    Elementwise(
+        "Rotate", "vexor", MakeTurn, MakeVector,
+        [](Turn const& turn, Vec3Dbl const& vector) {
+            Vec3Dbl result(vector);
+            result.Rotate(turn.axis, turn.angle);
+            return result;
+        },
+        ReadVector, bench::turnRule, Must::BeNear);
+    Elementwise(
+        "GetAngleWith", "vexor", MakeVector, MakeVector,
+        [](Vec3Dbl const& a, Vec3Dbl const& b) { return a.GetAngleWith(b); }, bench::ReadNumber,
+        bench::angleRule, Must::BeNear);
+    Elementwise(
+        "GetEulerAngles", "vexor", MakeQuaternion, bench::MakeNothing,
+        [](Quaternion const& a, bench::Nothing) { return a.GetEulerAngles(); }, ReadVector, bench::eulerRule,
+        Must::BeNear);
     return true;
 }();
 
