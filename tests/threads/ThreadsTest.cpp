@@ -3,6 +3,9 @@
 // result as alone. ThreadSanitizer also detects shared state that does not change a result.
 
 #include "../transcript/Operations.h"
+#if defined(VEXOR_THREADS_OF_ARRAYS)
+#    include "../transcript/ArrayOperations.h"
+#endif
 
 #include <gtest/gtest.h>
 
@@ -150,6 +153,12 @@ std::vector<Class> AllOperations()
             each.share = 20;
         operations.push_back(each);
     }
+#if defined(VEXOR_THREADS_OF_ARRAYS)
+    for (Class each : transcript::arrayClasses) {
+        each.share *= 10;
+        operations.push_back(each);
+    }
+#endif
     return operations;
 }
 
