@@ -136,7 +136,7 @@ async function look(page) {
 })();
 </script></body>"""
 
-# Types each query letter by letter and waits for its results.
+# Types each query letter by letter and waits for its results. Then presses the button of the colours twice.
 TYPIST = """<script>
 document.addEventListener("DOMContentLoaded", async () => {
     const field = document.getElementById("query");
@@ -153,6 +153,11 @@ document.addEventListener("DOMContentLoaded", async () => {
             await new Promise(done => setTimeout(done, 20));
         report[query] = [...results.querySelectorAll("a")].map(link => link.getAttribute("href"));
     }
+    report.colours = [0, 1, 2].map(press => {
+        if (press)
+            document.getElementById("colours").click();
+        return document.documentElement.dataset.colours;
+    });
     const result = document.createElement("pre");
     result.id = "report";
     result.textContent = JSON.stringify(report);
@@ -275,6 +280,8 @@ def trouble_with_the_search(chromium):
         first = report[query][:3] if report else []
         if not any(link.startswith(expected) for link in first):
             yield "the search for %s does not find %s first, but %s" % (query, expected, " ".join(first) or "nothing")
+    if not report or report["colours"] != ["light", "dark", "light"]:
+        yield "the button does not switch the colours: %s" % (report and report["colours"])
 
 
 chromium = shutil.which("chromium")
