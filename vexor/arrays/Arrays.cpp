@@ -258,7 +258,8 @@ void MultiplyVectors(Matrices matrices, Operand<double> vectors, double* results
         return;
     MatrixOperand const matrix(matrices);
     Copy<double, 3> const vector(vectors);
-    chosen->multiplyVectors(matrix.operand, vector.Of(vectors), results, count);
+    OrPlain(chosen->multiplyVectors, plain::kernels.multiplyVectors)(matrix.operand, vector.Of(vectors),
+                                                                     results, count);
 }
 
 void Invert(Mat3Dbl const* matrices, Mat3Dbl* results, std::size_t count)

@@ -10,12 +10,12 @@ namespace vexor::arrays::detail::VEXOR_SET {
 
 namespace {
 
-/// Null for the baseline, which uses the plain set. Two lanes do not pay off if divisions, row
+/// Null for a kernel that does not pay off; the plain set's takes its place. Two lanes do not pay off if divisions, row
 /// exchanges, conversions from single or shuffles dominate: the plain set takes 0.6 to 0.95 of their time.
 template <class Kernel>
-constexpr Kernel UnlessBaseline(Kernel kernel, bool isWorthwhile = false)
+constexpr Kernel If(bool isWorthwhile, Kernel kernel)
 {
-    return width == 2 && !isWorthwhile ? nullptr : kernel;
+    return isWorthwhile ? kernel : nullptr;
 }
 
 template <MapOperation operation, int size, class Element>
@@ -43,31 +43,33 @@ constexpr VectorKernels<Element> KernelsOf()
     using S = SingleOperation;
     using T = TestOperation;
     using M = MapOperation;
+    constexpr bool isWide = width > 2;
     constexpr bool isDouble = sizeof(Element) == sizeof(double);
     using OnPairs = PairKernel<Element>;
     using OnSingles = SingleKernel<Element>;
     using OnTests = TestKernel<Element>;
     return {
         {RunFlat<AddRule, size, P::Add, Element>, RunFlat<SubtractRule, size, P::Subtract, Element>,
-         RunFlat<MultiplyRule, size, P::ElemMult, Element>, Scale<size, Element>,
-         UnlessBaseline<OnPairs>(CrossKernel<size, Element>()),
-         UnlessBaseline<OnPairs>(RunCombined<DotRule, P::Dot, size, Element>, size == 3 && isDouble),
+         RunFlat<MultiplyRule, size, P::ElemMult, Element>,
+         If<OnPairs>(isWide || size == 2 || !isDouble, Scale<size, Element>),
+         If<OnPairs>(isWide, CrossKernel<size, Element>()),
+         If<OnPairs>(isWide || (size == 3 && isDouble), RunCombined<DotRule, P::Dot, size, Element>),
          RunCombined<DistanceSqToRule<Element>, P::DistanceSqTo, size, Element>,
-         UnlessBaseline<OnPairs>(RunCombined<DistanceToRule<Element>, P::DistanceTo, size, Element>,
-                                 isDouble),
+         If<OnPairs>(isWide || isDouble, RunCombined<DistanceToRule<Element>, P::DistanceTo, size, Element>),
          AngleKernel<size, Element>()},
         {Negate<size, Element>,
-         UnlessBaseline<OnSingles>(Single<LengthSquaredRule, S::LengthSquared, size, 1, Element>, size == 3),
+         If<OnSingles>(size == 3 || width == 8 || (isWide && !isDouble),
+                       Single<LengthSquaredRule, S::LengthSquared, size, 1, Element>),
          Single<LengthRule<Element>, S::Length, size, 1, Element>,
-         UnlessBaseline<OnSingles>(Single<NormalizeRule<Element>, S::Normalize, size, size, Element>,
-                                   isDouble)},
-        {UnlessBaseline<OnTests>(Test<T::IsParallelTo, size, Element>),
-         UnlessBaseline<OnTests>(Test<T::IsCodirectionalTo, size, Element>),
-         UnlessBaseline<OnTests>(Test<T::IsPerpendicularTo, size, Element>),
-         UnlessBaseline<OnTests>(Test<T::IsUnitParallelTo, size, Element>, isDouble),
-         UnlessBaseline<OnTests>(Test<T::IsUnitCodirectionalTo, size, Element>),
-         UnlessBaseline<OnTests>(Test<T::IsUnitPerpendicularTo, size, Element>),
-         UnlessBaseline<OnTests>(Test<T::IsEqualTo, size, Element>, isDouble), TestPoints<size, Element>},
+         If<OnSingles>(isWide || isDouble,
+                       Single<NormalizeRule<Element>, S::Normalize, size, size, Element>)},
+        {If<OnTests>(isWide, Test<T::IsParallelTo, size, Element>),
+         If<OnTests>(isWide, Test<T::IsCodirectionalTo, size, Element>),
+         If<OnTests>(isWide, Test<T::IsPerpendicularTo, size, Element>),
+         If<OnTests>(isWide || isDouble, Test<T::IsUnitParallelTo, size, Element>),
+         If<OnTests>(isWide, Test<T::IsUnitCodirectionalTo, size, Element>),
+         If<OnTests>(isWide, Test<T::IsUnitPerpendicularTo, size, Element>),
+         If<OnTests>(isWide || isDouble, Test<T::IsEqualTo, size, Element>), TestPoints<size, Element>},
         {MapKernelOf<M::Linear, size, Element>(), MapKernelOf<M::LinearToSingle, size, Element>(),
          MapKernelOf<M::Affine, size, Element>()},
         AddProducts<size, Element>};
@@ -92,9 +94,9 @@ KernelSet const kernels = {
     MultiplyQuaternions,
     GetRotationMatrix,
     MultiplyMatrices,
-    MultiplyVectors,
-    UnlessBaseline<SingleKernel<double>>(Invert),
-    UnlessBaseline<PairKernel<double>>(Solve),
+    If<PairKernel<double>>(width > 2, MultiplyVectors),
+    If<SingleKernel<double>>(width > 2, Invert),
+    If<PairKernel<double>>(width > 2, Solve),
     eigenSymKernel,
 };
 

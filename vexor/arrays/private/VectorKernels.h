@@ -247,6 +247,12 @@ void Scale(Operand<Element> vectors, Operand<Element> scalars, Element* results,
     }
     constexpr int lanes = lanesOf<Element>;
     PairKernel<Element> const plainKernel = Plain<size, Element>().pairs[int(PairOperation::Scale)];
+    // From the second-level cache on, the plain loop's short loads and stores take 0.6 to 0.9 of the time.
+    constexpr Size large = Size(1 << 20) / ((2 * size + 1) * sizeof(Element));
+    if (count > large && !(width == 8 && size == 3)) {
+        plainKernel(vectors, scalars, results, count);
+        return;
+    }
     Size i = ElementsBeforeAligned<size>(vectors.data, count);
     if (i > 0)
         plainKernel(vectors, scalars, results, i);
