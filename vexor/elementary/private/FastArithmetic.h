@@ -133,7 +133,7 @@ inline Distance NearestPoint(double value, double spacing)
     // The sum with this constant rounds to a multiple of the spacing, whose index then stands in the last bits.
     double const shift = 0x1.8p+52 * spacing;
     double const shifted = MultiplyAdd(value, 1.0 - 0x1p-14, shift);
-    return {BitsOf(shifted) & 255, value - (shifted - shift)};
+    return {static_cast<std::size_t>(BitsOf(shifted) & 255), value - (shifted - shift)};
 }
 
 /// c2 + c3·d + … + c8·d⁶.
