@@ -312,6 +312,20 @@ def machine():
     return f"{name} (family {of('CPU family')}, model {of('Model')}), {of('CPU(s)')} cores; {caches}"
 
 
+def from_python(file):
+    """The Python module beside its peers; the loop and the bare copy in the last columns."""
+    if not file.exists():
+        return "Not measured in this run."
+    data = json.loads(file.read_text())
+    peers = ["NumPy", "SciPy", "loop", "copy"]
+    rows = [[name, duration(times["vexor"])] + [ratio(times, peer) for peer in peers] for name, times in data["rows"].items()]
+    calls = [[name, duration(times["vexor"]), duration(times["bare"]), f"{times['vexor'] / times['bare']:.2f}"]
+             for name, times in data["calls"].items()]
+    return (f"Python {data['python']}, NumPy {data['numpy']}, SciPy {data['scipy']}; arrays of {data['count']:,}, one core.\n\n"
+            + table(["operation", "an element", "× NumPy", "× SciPy", "× plain loop", "× copying"], rows) + "\n"
+            + table(["a single call", "vexor", "pybind11's least", "ratio"], calls))
+
+
 def main():
     folder, page, picture = (pathlib.Path(argument) for argument in sys.argv[1:])
     text = (pathlib.Path(__file__).parent / "performance.md.in").read_text()
@@ -372,6 +386,7 @@ def main():
         "ARRAY_GOALS": goals(Results(plain_client)) if plain_client.exists() else "",
         "ARRAY_MEMBERS": members(by_client) if by_client else "",
         "ELEMENTARY": elementary(folder / "g++-bench_elementary.json"),
+        "PYTHON": from_python(folder / "python.json"),
         "GUARD": table(["flags", "arrays of 1,000", "a single call"], guards),
         "GROWTH": growth(dynamic),
     }

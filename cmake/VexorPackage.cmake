@@ -27,6 +27,10 @@ if(VEXOR_BUILD_ARRAYS)
     list(APPEND packages libvexor-arrays${PROJECT_VERSION_MAJOR} libvexor-arrays-dev)
     list(APPEND components arrays arrays_dev)
 endif()
+if(TARGET vexor_python)
+    list(APPEND packages python3-vexor)
+    list(APPEND components python)
+endif()
 foreach(package component IN ZIP_LISTS packages components)
     # The name is "changelog.gz" if the version has no Debian revision, as here.
     install(FILES "${debian_files}/copyright"
@@ -119,4 +123,24 @@ set(CPACK_DEBIAN_ARRAYS_DEV_PACKAGE_DEPENDS
     "libvexor-arrays${PROJECT_VERSION_MAJOR} (= ${PROJECT_VERSION}), libvexor-dev (= ${PROJECT_VERSION})")
 set(CPACK_COMPONENT_ARRAYS_DEV_DESCRIPTION "Functions over arrays of vexor's classes (development files)
  Headers, CMake and pkg-config files of vexor's component for arrays.")
+if(TARGET vexor_python)
+    set(CPACK_DEBIAN_PYTHON_PACKAGE_NAME python3-vexor)
+    set(CPACK_DEBIAN_PYTHON_PACKAGE_SECTION python)
+    set(CPACK_DEBIAN_PYTHON_PACKAGE_SHLIBDEPS OFF) # as for the arrays
+    math(EXPR next_minor "${Python_VERSION_MINOR} + 1")
+    set(CPACK_DEBIAN_PYTHON_PACKAGE_DEPENDS
+        "libc6, libgcc-s1, libstdc++6 (>= 12), libvexor${PROJECT_VERSION_MAJOR} (= ${PROJECT_VERSION}), libvexor-arrays${PROJECT_VERSION_MAJOR} (= ${PROJECT_VERSION}), python3 (>= 3.${Python_VERSION_MINOR}), python3 (<< 3.${next_minor}), python3-numpy")
+    # Python compiles the sources to files of its own, which the package removes.
+    file(MAKE_DIRECTORY "${debian_files}/python")
+    file(WRITE "${debian_files}/python/postinst"
+        "#!/bin/sh\nset -e\nif command -v py3compile >/dev/null 2>&1; then\n    py3compile -p python3-vexor\nfi\n")
+    file(WRITE "${debian_files}/python/prerm"
+        "#!/bin/sh\nset -e\nif command -v py3clean >/dev/null 2>&1; then\n    py3clean -p python3-vexor\nfi\n")
+    file(CHMOD "${debian_files}/python/postinst" "${debian_files}/python/prerm"
+        PERMISSIONS OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE WORLD_READ WORLD_EXECUTE)
+    set(CPACK_DEBIAN_PYTHON_PACKAGE_CONTROL_EXTRA "${debian_files}/python/postinst;${debian_files}/python/prerm")
+    set(CPACK_COMPONENT_PYTHON_DESCRIPTION "Geometric and linear-algebra value classes (Python 3 module)
+ The classes of vexor in Python, which share their elements with NumPy, and
+ functions over NumPy arrays, with the bits of the C++ library.")
+endif()
 include(CPack)
