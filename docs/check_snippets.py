@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 """Holds the code in the documentation against the programs that are compiled and run.
 
-Every block of C++ in a Markdown file stands below a comment that names its source:
+Every block of C++ or Python in a Markdown file stands below a comment that names its source:
     <!-- snippet: docs/snippets/file.cpp -->           the whole file
     <!-- snippet: docs/snippets/file.cpp region -->    from '// [region]' to the next '// [region]'
 and a block of printed output below <!-- output: docs/snippets/file.out -->, or below
@@ -28,7 +28,7 @@ def source(path, region):
         if not 0 < first <= last <= len(text.splitlines()):
             raise SystemExit("%s has no lines %s" % (path, region))
         return "".join(line + "\n" for line in text.splitlines()[first - 1:last])
-    pieces = re.split(r"^ *// \[%s\]\n" % re.escape(region), text, flags=re.M)
+    pieces = re.split(r"^ *(?://|#) \[%s\]\n" % re.escape(region), text, flags=re.M)
     if len(pieces) != 3:
         raise SystemExit("%s: region %s does not stand between two marks" % (path, region))
     return textwrap.dedent(pieces[1])
@@ -45,8 +45,8 @@ def main():
             nonlocal wrong, blocks
             kind, path, region, language, body = match.groups()
             if kind is None:
-                if language in ("cpp", "c++"):
-                    print("%s: a block of C++ names no source:\n%s" % (page.name, body))
+                if language in ("cpp", "c++", "python"):
+                    print("%s: a block of code names no source:\n%s" % (page.name, body))
                     wrong += 1
                 return match.group(0)
             blocks += 1

@@ -39,6 +39,7 @@ NAVIGATION = [
         ("md_docs_guides_coming_from_eigen_glm_imath.html", "From Eigen, GLM, Imath"),
         ("md_docs_guides_checked_builds.html", "Checked builds"),
         ("md_docs_guides_arrays.html", "Arrays"),
+        ("md_docs_guides_from_python.html", "From Python"),
         ("md_docs_guides_extras.html", "Opt-in headers"),
         ("md_docs_guides_debuggers.html", "Debuggers"),
     ]),
