@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cstdint>
+#include <numeric>
 #include <thread>
 
 // Sums.h: the stated order, written again here, every way to share the work, and the error.
@@ -235,7 +236,7 @@ TEST(ArraysCuts, AnyNumberOfThreads)
 {
     auto const points = ScriptPoints(scriptCount);
     std::size_t const blocks = vexor::arrays::BlockCount(points.size());
-    for (std::size_t threadCount : {1u, 2u, 3u, 5u, 8u}) {
+    for (std::size_t threadCount = 1; threadCount <= 8; ++threadCount) {
         std::vector<Vec3Dbl> partials(blocks);
         std::vector<std::thread> threads;
         for (std::size_t t = 0; t < threadCount; ++t) {
@@ -251,6 +252,26 @@ TEST(ArraysCuts, AnyNumberOfThreads)
             thread.join();
         ExpectScriptSum(vexor::arrays::CombineAll(partials.data(), blocks, Vec3Dbl(0.0)),
                         std::to_string(threadCount) + " threads");
+    }
+}
+
+// Blocks whose sums are computed in any order.
+TEST(ArraysCuts, AnyOrderOfTheBlocks)
+{
+    auto const points = ScriptPoints(scriptCount);
+    std::vector<std::size_t> blocks(vexor::arrays::BlockCount(points.size()));
+    std::iota(blocks.begin(), blocks.end(), std::size_t(0));
+    std::mt19937 engine(16);
+    for (int round = 0; round < 5; ++round) {
+        std::shuffle(blocks.begin(), blocks.end(), engine);
+        std::vector<Vec3Dbl> partials(blocks.size());
+        for (std::size_t b : blocks) {
+            std::size_t const begin = b * blockSize;
+            partials[b] =
+                vexor::arrays::SumOfBlock(points.data() + begin, std::min(blockSize, points.size() - begin));
+        }
+        ExpectScriptSum(vexor::arrays::CombineAll(partials.data(), partials.size(), Vec3Dbl(0.0)),
+                        "shuffled");
     }
 }
 
