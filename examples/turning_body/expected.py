@@ -14,7 +14,7 @@ import sys
 from mpmath import mp, mpf
 
 mp.prec = 200
-STEP = 1e-4
+STEP = 0.01
 
 
 def sine(x):

@@ -18,7 +18,7 @@ namespace examples {
 
 namespace {
 
-constexpr double step = 1e-4; // seconds
+constexpr double step = 0.01; // seconds
 Vec3Dbl const inertia(1.0, 2.0, 3.0);
 
 /// The rate of change of the angular velocity, in the body's axes, without a torque: Euler's equations.
