@@ -90,7 +90,7 @@ public:
 };
 
 using VectorTypes = testing::Types<VecDbl, VecFlt>;
-TYPED_TEST_SUITE(VectorSizes, VectorTypes);
+TYPED_TEST_SUITE(VectorSizes, VectorTypes, );
 
 TYPED_TEST(VectorSizes, ArithmeticReachesEveryElement)
 {
