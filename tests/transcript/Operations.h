@@ -695,9 +695,17 @@ void RunSizes(Transcript& out, Source& source)
         Number const scalar = static_cast<Number>(source.Plain());
         Number const angular = static_cast<Number>(source.Tolerance());
         SharedByVectors(out, a, b, scalar, angular, static_cast<Number>(source.Tolerance()));
+        // The last element alone decides.
+        b = a;
+        b[size - 1] = static_cast<Number>(0x1p22);
+        out.Add(a == b);
+        out.Add(a.IsEqualTo(b, static_cast<Number>(1), static_cast<Number>(0)));
+        out.Add(b.MaxValue());
+        out.Add(b.MaxAbsValueIdx());
+        out.Add(b.GetNegatedCopy().MinValueIdx());
         a *= static_cast<Number>(0);
         out.Add(a.IsNull());
-        a[place] = static_cast<Number>(sign);
+        a[size - 1] = static_cast<Number>(1);
         out.Add(a.IsNull());
         out.Add(a.IsZeroLength(static_cast<Number>(0)));
     });
