@@ -4,6 +4,7 @@
 #include <vexor/foundation/detail/Scalar.h>
 #include <vexor/vectors/detail/FullRange.h>
 
+#include <algorithm>
 #include <limits>
 
 // Eigenvalues and eigenvectors of symmetric matrices in lanes, and angles. See vexor/matrices/Mat3Dbl.cpp for
@@ -23,10 +24,11 @@ VEXOR_ALWAYS_INLINE Mask ClampedArcCosine(Doubles const& cosine, Doubles& result
 {
     Mask const isZero = LessOrEqual(All(1.0), cosine);
     Mask const isPi = LessOrEqual(cosine, All(-1.0));
-    Mask const isClamped = Or(isZero, isPi);
-    Mask const isDecided = ArcCosine(Select(isClamped, Doubles{}, cosine), result);
+    // The bits of a NaN must not become an index of a table.
+    Mask const isInside = And(Less(All(-1.0), cosine), Less(cosine, All(1.0)));
+    Mask const isDecided = ArcCosine(Select(isInside, cosine, Doubles{}), result);
     result = Select(isZero, Doubles{}, Select(isPi, All(vexor::detail::pi), result));
-    return Or(isClamped, And(isDecided, Equal(cosine, cosine)));
+    return Or(Or(isZero, isPi), And(isDecided, isInside));
 }
 
 /// The upper triangles of symmetric matrices:
@@ -37,8 +39,13 @@ struct UpperTriangles {
     Doubles a, b, c, d, e, f;
 };
 
-/// The eigenvalues in ascending order; false if a lane needs the member.
-VEXOR_ALWAYS_INLINE bool EigenValues(UpperTriangles const& m, Lanes<3>& values)
+/// The roots of characteristic cubics are radius · cos(angle + k · 120°) − shift with 3 · angle = acos(cosine).
+struct Cubics {
+    Doubles radius, shift, cosine;
+    bool isPlain; ///< Whether no lane needs the member.
+};
+
+VEXOR_ALWAYS_INLINE Cubics CharacteristicCubics(UpperTriangles const& m)
 {
     Doubles const &a = m.a, &b = m.b, &c = m.c, &d = m.d, &e = m.e, &f = m.f;
     Doubles const third = All(0.3333333333333333);
@@ -48,14 +55,17 @@ VEXOR_ALWAYS_INLINE bool EigenValues(UpperTriangles const& m, Lanes<3>& values)
     Doubles const P = T - S * S * third;
     Doubles const R = All(2.0) * Root(P * -third);
     Doubles const Q = D + (All(2.0) * (S * S * S) / All(27.0) - T * S * third);
+    return {R, S * third, ((Q * All(3.0)) / P) / R, HasAll(Less(P, Doubles{}))};
+}
 
-    Doubles angle;
+/// The roots in ascending order; false if a lane needs the member.
+VEXOR_ALWAYS_INLINE bool Roots(Cubics const& cubics, Doubles const& angle, Lanes<3>& values)
+{
     Doubles sine;
     Doubles cosine;
-    Mask isPlain = And(Less(P, Doubles{}), ClampedArcCosine(((Q * All(3.0)) / P) / R, angle));
-    isPlain = And(isPlain, SineAndCosine(angle * third, sine, cosine));
+    bool const isDecided = HasAll(SineAndCosine(angle, sine, cosine));
     Doubles const scaledSine = All(vexor::detail::squareRootOfThree) * sine;
-    Doubles const z = S * third;
+    Doubles const &R = cubics.radius, &z = cubics.shift;
     Doubles const half = R * All(0.5);
     Doubles const e1 = R * cosine - z;
     Doubles const e2 = half * (scaledSine - cosine) - z;
@@ -69,7 +79,7 @@ VEXOR_ALWAYS_INLINE bool EigenValues(UpperTriangles const& m, Lanes<3>& values)
     values.c[0] = Select(isThirdLeast, e3, lower);
     values.c[1] = Select(isThirdLeast, lower, Select(isThirdGreatest, higher, e3));
     values.c[2] = Select(isThirdLeast, higher, Select(isThirdGreatest, e3, higher));
-    return HasAll(isPlain);
+    return isDecided && cubics.isPlain;
 }
 
 /// Of three values, the one whose index the masks of the indices 0 and 1 select.
@@ -177,24 +187,45 @@ VEXOR_ALWAYS_INLINE bool AllVectors(UpperTriangles const& m, Lanes<3> const& val
     return true;
 }
 
+VEXOR_ALWAYS_INLINE UpperTriangles LoadTriangles(double const* matrices)
+{
+    Lanes<9> const all = LoadMatrices(matrices);
+    return {all.c[0], all.c[1], all.c[2], all.c[4], all.c[5], all.c[8]};
+}
+
+/// Each step runs over several registers before the next one, since each step of a lane waits for the one before:
+/// the eigenvalues of 1,000 matrices take 0.63 of the time with AVX2, 0.68 with AVX-512.
 void EigenSym(double const* matrices, double* values, double* vectors, Size count)
 {
+    constexpr Size largest = 16;
     Size i = 0;
-    for (; i + width <= count; i += width) {
-        Lanes<9> const all = LoadMatrices(matrices + i * matrixStride);
-        UpperTriangles const m = {all.c[0], all.c[1], all.c[2], all.c[4], all.c[5], all.c[8]};
-        Lanes<3> eigenValues;
-        Lanes<9> eigenVectors = {};
-        bool const isPlain =
-            EigenValues(m, eigenValues) && (vectors == nullptr || AllVectors(m, eigenValues, eigenVectors));
-        double* const to = vectors == nullptr ? nullptr : vectors + i * matrixStride;
-        if (__builtin_expect(!isPlain, 0)) {
-            plain::kernels.eigenSym(matrices + i * matrixStride, values + i * 3, to, width);
-            continue;
+    while (i + width <= count) {
+        Size const registers = std::min(largest, (count - i) / width);
+        Cubics cubics[largest];
+        Doubles angles[largest];
+        for (Size k = 0; k < registers; ++k)
+            cubics[k] = CharacteristicCubics(LoadTriangles(matrices + (i + k * width) * matrixStride));
+        for (Size k = 0; k < registers; ++k) {
+            bool const isDecided = HasAll(ClampedArcCosine(cubics[k].cosine, angles[k]));
+            cubics[k].isPlain = cubics[k].isPlain && isDecided;
+            angles[k] = angles[k] * All(0.3333333333333333);
         }
-        StoreLanes(values + i * 3, eigenValues);
-        if (to != nullptr)
-            StoreMatrices(to, eigenVectors);
+        for (Size k = 0; k < registers; ++k, i += width) {
+            Lanes<3> eigenValues;
+            Lanes<9> eigenVectors = {};
+            double const* const from = matrices + i * matrixStride;
+            double* const to = vectors == nullptr ? nullptr : vectors + i * matrixStride;
+            bool isPlain = Roots(cubics[k], angles[k], eigenValues);
+            if (to != nullptr)
+                isPlain = isPlain && AllVectors(LoadTriangles(from), eigenValues, eigenVectors);
+            if (__builtin_expect(!isPlain, 0)) {
+                plain::kernels.eigenSym(from, values + i * 3, to, width);
+                continue;
+            }
+            StoreLanes(values + i * 3, eigenValues);
+            if (to != nullptr)
+                StoreMatrices(to, eigenVectors);
+        }
     }
     if (i < count)
         plain::kernels.eigenSym(matrices + i * matrixStride, values + i * 3,

@@ -753,19 +753,22 @@ VEXOR_ALWAYS_INLINE Doubles Doubled(Doubles const& points, At<i...>)
     return Shuffle(points, points, At<((i & ~1) | which)...>());
 }
 
+/// Two numbers in turn.
+template <int... i>
+VEXOR_ALWAYS_INLINE Doubles Alternating(double even, double odd, At<i...>)
+{
+    return Shuffle(All(even), All(odd), At<(i % 2 == 0 ? i : width + i)...>());
+}
+
 /// Points of the plane need not be split: each register holds x and y of its points in turn.
 template <MapOperation operation>
 void MapInPlane(double const* map, double const* operands, double* results, Size count)
 {
-    double columns[3][width];
-    for (int k = 0; k < width; ++k) {
-        columns[0][k] = map[k % 2 * 2];
-        columns[1][k] = map[k % 2 * 2 + 1];
-        columns[2][k] = map[4 + k % 2];
-    }
-    Doubles const x = Load<Doubles>(columns[0]);
-    Doubles const y = Load<Doubles>(columns[1]);
-    Doubles const translation = Load<Doubles>(columns[2]);
+    Doubles const x = Alternating(map[0], map[2], Indices<width>());
+    Doubles const y = Alternating(map[1], map[3], Indices<width>());
+    Doubles translation = {};
+    if constexpr (operation == MapOperation::Affine)
+        translation = Alternating(map[4], map[5], Indices<width>());
     constexpr int points = width / 2;
     Size i = ElementsBeforeAligned<2>(operands, count);
     if (i > 0)
