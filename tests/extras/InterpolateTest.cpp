@@ -125,16 +125,22 @@ TEST(Interpolate, RigidMotionsWithoutATurnAreStraight)
 TEST(Interpolate, RigidMotionsBySmallAngles)
 {
     // exp of a twist about z: the path is a circle of radius |v|/w. At half of the angle a the chord from the
-    // start is (sin(a/2)/a, (1 − cos(a/2))/a) for a unit velocity along x.
-    for (double const angle : {1e-9, 1e-4, 0.3, 0.49, 0.51, 1.0, 3.0}) {
-        auto const at = [angle](double t) {
-            double const a = angle * t;
-            double const half = std::sin(a / 2);
-            Mat3Dbl turn;
-            Quaternion(Vec3Dbl(0, 0, 1), a, 0).GetRotationMatrix(turn);
-            return AffMat3Dbl(turn, Vec3Dbl(std::sin(a) / angle, 2 * half * half / angle, 0));
+    // start is (sin(a/2)/a, (1 − cos(a/2))/a) for a unit velocity along x. The same about x and y.
+    for (int first = 0; first < 3; ++first) {
+        auto const along = [first](double x, double y, double z) {
+            double const numbers[] = {x, y, z};
+            return Vec3Dbl(numbers[(3 - first) % 3], numbers[(4 - first) % 3], numbers[(5 - first) % 3]);
         };
-        ExpectNear(vexor::InterpolateRigid(AffMat3Dbl(), at(1.0), 0.5), at(0.5), 4e-15);
+        for (double const angle : {1e-9, 1e-4, 0.3, 0.49, 0.51, 1.0, 3.0}) {
+            auto const at = [angle, along](double t) {
+                double const a = angle * t;
+                double const half = std::sin(a / 2);
+                Mat3Dbl turn;
+                Quaternion(along(0, 0, 1), a, 0).GetRotationMatrix(turn);
+                return AffMat3Dbl(turn, along(std::sin(a) / angle, 2 * half * half / angle, 0));
+            };
+            ExpectNear(vexor::InterpolateRigid(AffMat3Dbl(), at(1.0), 0.5), at(0.5), 4e-15);
+        }
     }
 }
 
