@@ -2,13 +2,12 @@
 #include <vexor/foundation/detail/Elementary.h>
 
 // Sine, cosine, arc cosine and arc tangent with the same bits on every platform. Each result is the
-// double nearest to the true value, for every argument, while the rounding mode is to nearest. The C
-// library's functions of these names differ from one platform to another in the last place. A NaN gives
-// a NaN.
+// double nearest to the true value, for every argument, if the rounding mode is to nearest. The C
+// library's functions of these names give other bits on other platforms. A NaN gives a NaN.
 
 namespace vexor {
 
-/// The sine of an angle in radians. ±0 stays as it is; an infinity gives NaN.
+/// The sine of an angle in radians. The sine of 0 is 0 and that of −0 is −0. An infinity gives NaN.
 inline double Sin(double x)
 {
     return detail::Sin(x);
@@ -20,21 +19,20 @@ inline double Cos(double x)
     return detail::Cos(x);
 }
 
-/// Both, in about the time of one.
+/// Sine and cosine of an angle in radians, faster than two calls.
 inline SineAndCosine SinCos(double x)
 {
     return detail::SinCos(x);
 }
 
-/// The arc cosine in radians, from 0 to π; NaN outside of [−1, 1].
+/// The arc cosine in radians, from 0 to π. An argument outside [−1, 1] gives NaN.
 inline double Acos(double x)
 {
     return detail::Acos(x);
 }
 
-/// The angle in radians, from −π to π, of the point with the abscissa x and the ordinate y. Zeros and
-/// infinities are as in the C standard's Annex F: the sign of y is that of the result, and
-/// Atan2(0, −0) is π.
+/// The angle of the point (x, y) in radians, from −π to π. The result has the sign of y. Zeros and infinities
+/// give the results of the C standard's Annex F: Atan2(0, −0) is π.
 inline double Atan2(double y, double x)
 {
     return detail::Atan2(y, x);

@@ -113,6 +113,7 @@ JUDGES = {
     "vectors/private/Wide": SPACE + PLANE + ["Quaternion"],
     "points/detail/Distance": POINTS,
     "matrices/private/Crout": ["SmallSolver", "Mat3Dbl"],
+    "matrices/private/LargestMagnitude": ["Mat3Dbl"],
     "matrices/private/FactorMark": ["Mat3Dbl", "SmallSolver"],
     "matrices/detail/Pair": ["Mat3Dbl"],
     "dynamic/private/": DYNAMIC,
