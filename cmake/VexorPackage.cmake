@@ -136,6 +136,7 @@ if(TARGET vexor_python)
         "#!/bin/sh\nset -e\nif command -v py3compile >/dev/null 2>&1; then\n    py3compile -p python3-vexor\nfi\n")
     file(WRITE "${debian_files}/python/prerm"
         "#!/bin/sh\nset -e\nif command -v py3clean >/dev/null 2>&1; then\n    py3clean -p python3-vexor\nfi\n")
+    # cmake-lint: disable=E1126
     file(CHMOD "${debian_files}/python/postinst" "${debian_files}/python/prerm"
         PERMISSIONS OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE WORLD_READ WORLD_EXECUTE)
     set(CPACK_DEBIAN_PYTHON_PACKAGE_CONTROL_EXTRA "${debian_files}/python/postinst;${debian_files}/python/prerm")
