@@ -131,14 +131,9 @@ if(TARGET vexor_python)
     set(CPACK_DEBIAN_PYTHON_PACKAGE_DEPENDS
         "libc6, libgcc-s1, libstdc++6 (>= 12), libvexor${PROJECT_VERSION_MAJOR} (= ${PROJECT_VERSION}), libvexor-arrays${PROJECT_VERSION_MAJOR} (= ${PROJECT_VERSION}), python3 (>= 3.${Python_VERSION_MINOR}), python3 (<< 3.${next_minor}), python3-numpy")
     # Python compiles the sources to files of its own, which the package removes.
-    file(MAKE_DIRECTORY "${debian_files}/python")
-    file(WRITE "${debian_files}/python/postinst"
-        "#!/bin/sh\nset -e\nif command -v py3compile >/dev/null 2>&1; then\n    py3compile -p python3-vexor\nfi\n")
-    file(WRITE "${debian_files}/python/prerm"
-        "#!/bin/sh\nset -e\nif command -v py3clean >/dev/null 2>&1; then\n    py3clean -p python3-vexor\nfi\n")
-    # cmake-lint: disable=E1126
-    file(CHMOD "${debian_files}/python/postinst" "${debian_files}/python/prerm"
-        PERMISSIONS OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE WORLD_READ WORLD_EXECUTE)
+    foreach(script postinst prerm)
+        configure_file("cmake/debian/python3-vexor/${script}" "${debian_files}/python/${script}" COPYONLY)
+    endforeach()
     set(CPACK_DEBIAN_PYTHON_PACKAGE_CONTROL_EXTRA "${debian_files}/python/postinst;${debian_files}/python/prerm")
     set(CPACK_COMPONENT_PYTHON_DESCRIPTION "Geometric and linear-algebra value classes (Python 3 module)
  The classes of vexor in Python, which share their elements with NumPy, and
