@@ -139,14 +139,26 @@ void RunStorage(Transcript& out, Source& source)
     out.Add(resized);
 }
 
+/// Little but transpositions, so that two of them meet.
+void RunTranspose(Transcript& out, Source& source)
+{
+    int const rows = 30 + source.Below(30);
+    int const columns = 30 + source.Below(30);
+    MatDbl a = PlainMatDbl(source, rows, columns);
+    for (int i = 0; i < 20; ++i)
+        a.Transpose();
+    out.Add(a);
+}
+
 /// Further operations, and those of the transcript.
 std::vector<Class> AllOperations()
 {
     std::vector<Class> operations = {
-        {"Solve", RunSolve, 40},       {"Solve, several", RunSolveSeveral, 40},
-        {"SolveSym", RunSolveSym, 40}, {"least squares", RunLeastSquares, 40},
-        {"Invert", RunInvert, 40},     {"Svd", RunSvd, 80},
-        {"EigenSym", RunEigenSym, 80}, {"storage", RunStorage, 20},
+        {"Solve", RunSolve, 40},         {"Solve, several", RunSolveSeveral, 40},
+        {"SolveSym", RunSolveSym, 40},   {"least squares", RunLeastSquares, 40},
+        {"Invert", RunInvert, 40},       {"Svd", RunSvd, 80},
+        {"EigenSym", RunEigenSym, 80},   {"storage", RunStorage, 20},
+        {"Transpose", RunTranspose, 40},
     };
     for (Class each : transcript::classes) {
         if (each.share == 1)
