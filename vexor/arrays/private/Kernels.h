@@ -50,8 +50,7 @@ constexpr VectorKernels<Element> KernelsOf()
     using OnTests = TestKernel<Element>;
     return {
         {RunFlat<AddRule, size, P::Add, Element>, RunFlat<SubtractRule, size, P::Subtract, Element>,
-         RunFlat<MultiplyRule, size, P::ElemMult, Element>,
-         If<OnPairs>(isWide || size == 2 || !isDouble, Scale<size, Element>),
+         RunFlat<MultiplyRule, size, P::ElemMult, Element>, Scale<size, Element>,
          If<OnPairs>(isWide, CrossKernel<size, Element>()),
          If<OnPairs>(isWide || (size == 3 && isDouble), RunCombined<DotRule, P::Dot, size, Element>),
          RunCombined<DistanceSqToRule<Element>, P::DistanceSqTo, size, Element>,

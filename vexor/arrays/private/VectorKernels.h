@@ -249,7 +249,9 @@ void Scale(Operand<Element> vectors, Operand<Element> scalars, Element* results,
     PairKernel<Element> const plainKernel = Plain<size, Element>().pairs[int(PairOperation::Scale)];
     // From the second-level cache on, the plain loop's short loads and stores take 0.6 to 0.9 of the time.
     constexpr Size large = Size(1 << 20) / ((2 * size + 1) * sizeof(Element));
-    if (count > large && !(width == 8 && size == 3)) {
+    // Two lanes need more shuffles for Vec3Dbl than they spare multiplications.
+    constexpr bool isSlow = width == 2 && size == 3 && sizeof(Element) == sizeof(double);
+    if (isSlow || (count > large && !(width == 8 && size == 3))) {
         plainKernel(vectors, scalars, results, count);
         return;
     }
