@@ -15,7 +15,7 @@ inline int DrawnLength(Source& source)
         return 1 + source.Below(sizes::allUpTo);
     if (source.OneIn(150))
         return sizes::larger[source.Below(4)] - 1 + source.Below(3);
-    if (source.OneIn(600))
+    if (source.OneIn(300))
         return sizes::larger[4 + source.Below(2)] + (source.Below(2) ? 1 : -source.Below(2));
     constexpr int small[] = {1, 2, 3, 3, 4, 7};
     return small[source.Below(6)];
