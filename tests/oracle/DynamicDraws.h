@@ -40,6 +40,14 @@ inline int DrawnPlace(Source& source, int size)
     }
 }
 
+/// An infinity or a NaN would hide what happens to all other elements of a long operand: most often there is none.
+template <class T>
+bool IsHarmless(T value)
+{
+    T const size = std::fabs(value);
+    return size == T(0) || (size > T(1e-6) && size < T(1e6));
+}
+
 template <class T>
 Array<T> DrawnArray(Source& source)
 {
@@ -64,6 +72,9 @@ Array<T> DrawnArray(Source& source)
     default:
         Fill(source, v);
     }
+    if (IsLong(v.size) && !source.OneIn(4))
+        for (T& element : v.e)
+            element = IsHarmless(element) ? element : source.Ordinary<T>();
     return v;
 }
 
@@ -73,6 +84,10 @@ std::pair<Array<T>, Array<T>> DrawnArrays(Source& source)
 {
     Array<T> a(DrawnLength(source)), b(a.size);
     Relate(source, a, b);
+    if (IsLong(a.size) && !source.OneIn(4))
+        for (int i = 0; i < a.size; ++i)
+            if (!IsHarmless(a[i]) || !IsHarmless(b[i]))
+                a[i] = b[i] = source.Ordinary<T>();
     if (source.OneIn(12))
         b = DrawnArray<T>(source);
     return {a, b};
@@ -104,6 +119,9 @@ inline Grid DrawnGrid(Source& source, int rows, int columns)
     for (int r = 0; r < rows; ++r)
         for (int c = 0; c < columns; ++c)
             grid(r, c) = source.OneIn(10) ? (source.Below(2) ? 0.0 : -0.0) : source.Number<double>();
+    if ((IsLong(rows) || IsLong(columns)) && !source.OneIn(4))
+        for (double& element : grid.e)
+            element = IsHarmless(element) ? element : source.Ordinary<double>();
     return grid;
 }
 
