@@ -65,7 +65,7 @@ draw("from-python-plane.svg", ground[:, [0, 2]], deviations, -0.08, 0.08)
 # [plane]
 
 # [body]
-inertia, step = Vec3Dbl(1, 2, 3), 1e-4
+inertia, step = Vec3Dbl(1, 2, 3), 0.01
 
 
 def acceleration(w):
