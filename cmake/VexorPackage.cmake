@@ -101,7 +101,7 @@ set(CPACK_DEBIAN_DOC_PACKAGE_SECTION doc)
 set(CPACK_DEBIAN_DOC_PACKAGE_ARCHITECTURE all)
 set(CPACK_COMPONENT_DOC_DESCRIPTION "Geometric and linear-algebra value classes (documentation)
  Guides, reference and examples of vexor: its site as HTML, the README with
- the pages that it links to, and four example programs with their data.")
+ the pages that it links to, and the example programs with their data.")
 set(CPACK_DEBIAN_ARRAYS_PACKAGE_NAME libvexor-arrays${PROJECT_VERSION_MAJOR})
 set(CPACK_DEBIAN_ARRAYS_PACKAGE_SECTION libs)
 # Written by hand: dpkg-shlibdeps finds installed packages only, and libvexor1 is not installed yet.
