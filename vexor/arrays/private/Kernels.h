@@ -1,6 +1,6 @@
 #pragma once
+#include <vexor/arrays/private/EigenKernels.h>
 #include <vexor/arrays/private/MatrixKernels.h>
-#include <vexor/arrays/private/SpectrumKernels.h>
 #include <vexor/arrays/private/SumKernels.h>
 #include <vexor/arrays/private/VectorKernels.h>
 
