@@ -1,9 +1,11 @@
 #include "Passes.h"
 
-#include <vexor/arrays/private/MatrixKernels.h>
+#include <vexor/arrays/private/Lanes.h>
 
-// What bounds an operation over registers from below: its divisions and roots alone, and its loads, stores and
-// shuffles alone. Each source that includes this file defines one instruction set.
+#include <algorithm>
+
+// What bounds an array function from below: parts of its work that no implementation of the rule can leave out, each
+// part alone. Each source that includes this file defines one instruction set.
 
 VEXOR_SET_BEGIN
 
@@ -12,8 +14,6 @@ namespace bench::VEXOR_SET {
 namespace {
 
 using namespace vexor::arrays::detail::VEXOR_SET;
-using vexor::arrays::detail::matrixStride;
-using vexor::arrays::detail::Size;
 
 /// Hides from the compiler that a register keeps its value.
 VEXOR_ALWAYS_INLINE void Hide(Doubles& values)
@@ -21,78 +21,129 @@ VEXOR_ALWAYS_INLINE void Hide(Doubles& values)
     __asm__ volatile("" : "+v"(values));
 }
 
-template <int size>
-VEXOR_ALWAYS_INLINE void Hide(Lanes<size>& lanes)
+/// Makes the compiler compute a value that nothing uses.
+VEXOR_ALWAYS_INLINE void Keep(Doubles const& values)
 {
-    VEXOR_UNROLL(24)
-    for (int k = 0; k < size; ++k)
-        Hide(lanes.c[k]);
+    __asm__ volatile("" : : "v"(values));
 }
 
-/// As many independent roots and divisions for each element as given.
-template <int roots, int divisions>
-void Divide(Size count)
+template <int... i>
+VEXOR_ALWAYS_INLINE Doubles Reversed(Doubles const& values, At<i...>)
 {
-    Doubles dividend = All(1.0);
-    Doubles divisor = All(3.0);
-    for (Size i = 0; i + width <= count; i += width) {
-        Hide(dividend);
-        Hide(divisor);
-        VEXOR_UNROLL(24)
-        for (int k = 0; k < roots; ++k) {
-            Doubles operand = divisor;
-            Hide(operand);
-            Doubles root = Root(operand);
-            Hide(root);
+    return Shuffle(values, values, At<(width - 1 - i)...>());
+}
+
+/// As many operations on registers for each `width` elements as given, all independent of each other, without
+/// loads and stores: only the execution units bound the time. The kinds are spread evenly.
+template <int products, int sums, int shuffles = 0, int roots = 0, int divisions = 0>
+void Compute(std::size_t count)
+{
+    constexpr int steps = std::max({products, sums, shuffles, roots, divisions});
+    auto const isNext = [](int k, int number) { return (k + 1) * number / steps > k * number / steps; };
+    Doubles a = All(1.0);
+    Doubles b = All(3.0);
+    for (std::size_t i = 0; i + width <= count; i += width) {
+        VEXOR_UNROLL(64)
+        for (int k = 0; k < steps; ++k) {
+            Hide(a);
+            if (isNext(k, shuffles))
+                Keep(Reversed(a, Indices<width>()));
+            if (isNext(k, products))
+                Keep(a * b);
+            if (isNext(k, sums))
+                Keep(a + b);
+            if (isNext(k, roots))
+                Keep(Root(a));
+            if (isNext(k, divisions))
+                Keep(b / a);
         }
-        VEXOR_UNROLL(24)
-        for (int k = 0; k < divisions; ++k) {
-            Doubles operand = dividend;
-            Hide(operand);
-            Doubles quotient = operand / divisor;
-            Hide(quotient);
+    }
+}
+
+constexpr std::ptrdiff_t line = 64;
+
+/// Two arrays of operands and one of results.
+std::vector<double> arrays[3];
+
+/// The whole cache lines among the first bytes of an array.
+struct Lines {
+    Lines(std::vector<double>& array, std::ptrdiff_t bytes)
+        : next(reinterpret_cast<char*>(array.data())), end(next + bytes)
+    {
+        next += -reinterpret_cast<std::intptr_t>(next) & (line - 1);
+    }
+
+    /// Whether so many bytes are left.
+    VEXOR_ALWAYS_INLINE bool Holds(std::ptrdiff_t bytes) const
+    {
+        return end - next >= bytes;
+    }
+
+    char* next;
+    char* end;
+};
+
+/// Reads `bytes` bytes, which are whole registers.
+template <int bytes>
+VEXOR_ALWAYS_INLINE void Read(char const* from)
+{
+    VEXOR_UNROLL(64)
+    for (int k = 0; k < bytes; k += int(sizeof(Doubles)))
+        Keep(*reinterpret_cast<Doubles const*>(from + k)); // aligned, unlike Load
+}
+
+/// Writes whole registers or 8 bytes.
+template <int bytes>
+VEXOR_ALWAYS_INLINE void Write(char* to, Doubles const& value)
+{
+    if constexpr (bytes == sizeof(double)) {
+        std::memcpy(to, &value, bytes);
+    } else {
+        VEXOR_UNROLL(64)
+        for (int k = 0; k < bytes; k += int(sizeof(Doubles)))
+            *reinterpret_cast<Doubles*>(to + k) = value;
+    }
+}
+
+template <int bytes, bool isWritten>
+VEXOR_ALWAYS_INLINE void Prefetch(char const* at)
+{
+    VEXOR_UNROLL(64)
+    for (int k = 0; k < bytes; k += line)
+        __builtin_prefetch(at + k, isWritten);
+}
+
+/// Reads all whole lines of two operands of `left` and `right` bytes an element, writes those of the results,
+/// and computes nothing. It goes by 8 elements, with the widest registers, all aligned. The stores, and the loads
+/// too, can be prefetched by a number of lines.
+template <int left, int right, int result, int storesAhead, int loadsAhead>
+void Move(std::size_t count)
+{
+    Lines a(arrays[0], std::ptrdiff_t(count * left));
+    Lines b(arrays[1], std::ptrdiff_t(count * right));
+    Lines to(arrays[2], std::ptrdiff_t(count * result));
+    Doubles value = All(1.0);
+    Hide(value);
+    while (a.Holds(8 * left) && b.Holds(8 * right) && to.Holds(8 * result)) {
+        if constexpr (storesAhead > 0)
+            Prefetch<8 * result, true>(to.next + storesAhead * line);
+        if constexpr (loadsAhead > 0) {
+            Prefetch<8 * left, false>(a.next + loadsAhead * line);
+            Prefetch<8 * right, false>(b.next + loadsAhead * line);
         }
+        Read<8 * left>(a.next);
+        Read<8 * right>(b.next);
+        Write<8 * result>(to.next, value);
+        a.next += 8 * left;
+        b.next += 8 * right;
+        to.next += 8 * result;
     }
-}
-
-/// The next multiple of a cache line. The loops of the library begin there.
-template <class Element>
-Element* NextLine(Element* at)
-{
-    return reinterpret_cast<Element*>((reinterpret_cast<std::uintptr_t>(at) + 63) / 64 * 64);
-}
-
-/// Takes elements of `size` doubles apart into lanes and puts them together, but for the last few.
-template <int size>
-void TakeApart(double const* from, double* to, Size count)
-{
-    from = NextLine(from);
-    to = NextLine(to);
-    count -= width;
-    for (Size i = 0; i + width <= count; i += width) {
-        Lanes<size> lanes = LoadLanes<size>(from + i * size);
-        Hide(lanes);
-        StoreLanes(to + i * size, lanes);
-    }
-}
-
-template <int size>
-void TakeTwoApart(double const* left, double const* right, double* to, Size count)
-{
-    left = NextLine(left);
-    right = NextLine(right);
-    to = NextLine(to);
-    count -= width;
-    for (Size i = 0; i + width <= count; i += width) {
-        Lanes<size> a = LoadLanes<size>(left + i * size);
-        Lanes<size> b = LoadLanes<size>(right + i * size);
-        Hide(a);
-        Hide(b);
-        VEXOR_UNROLL(24)
-        for (int k = 0; k < size; ++k)
-            a.c[k] = a.c[k] + b.c[k];
-        StoreLanes(to + i * size, a);
-    }
+    for (; a.Holds(line); a.next += line)
+        Read<line>(a.next);
+    for (; b.Holds(line); b.next += line)
+        Read<line>(b.next);
+    for (; to.Holds(line); to.next += line)
+        Write<line>(to.next, value);
 }
 
 } // namespace
@@ -103,15 +154,32 @@ VEXOR_SET_END
 
 namespace {
 
-using namespace bench;
+using namespace bench::VEXOR_SET;
 
-struct Three {
-    double c[3];
-};
-
-Three MakeThree(double const* n)
+/// Registers a limit of an operation for this instruction set: `work(count)` does one part of the work of `count`
+/// elements, which `part` names. The page names the parts of a goal that is not reached. Of several ways to do the
+/// same, which differ by a remark in parentheses, the fastest counts.
+void Limit(std::string const& operation, std::string const& part, void (*work)(std::size_t count))
 {
-    return {{n[0], n[1], n[2]}};
+    for (std::size_t size : bench::arraySizes) {
+        bench::Register(operation, (part + " alone " VEXOR_SET_NAME).c_str(), std::to_string(size),
+                        [=](benchmark::State& state) {
+                            work(size); // fetches the memory into the caches
+                            for (auto _ : state) {
+                                work(size);
+                                benchmark::ClobberMemory();
+                            }
+                        });
+    }
+}
+
+/// The limit of moving the bytes, for operands and results of the given sizes.
+template <int left, int right, int result>
+void LimitMoving(std::string const& operation)
+{
+    Limit(operation, "moving the bytes", Move<left, right, result, 0, 0>);
+    Limit(operation, "moving the bytes (stores prefetched)", Move<left, right, result, 48, 0>);
+    Limit(operation, "moving the bytes (prefetched)", Move<left, right, result, 32, 32>);
 }
 
 [[maybe_unused]] bool const registered = [] {
@@ -122,22 +190,40 @@ Three MakeThree(double const* n)
 #endif
     if (!canRun)
         return false;
-    auto const divisions = [](std::string const& name, auto divide) {
-        OverArrays<Three>(name, "divisions " VEXOR_SET_NAME, MakeNothing, MakeNothing,
-                          [divide](Nothing const*, Nothing const*, Three*, std::size_t n) { divide(n); });
-    };
-    divisions("Normalize", bench::VEXOR_SET::Divide<1, 1>);
-    divisions("Solve 3x3", bench::VEXOR_SET::Divide<0, 6>);
-    divisions("Invert 3x3", bench::VEXOR_SET::Divide<0, 6>);
-    for (char const* name : {"Affine map x point", "RotatePoint", "Normalize"})
-        OverArrays<Three>(name, "shuffles " VEXOR_SET_NAME, MakeThree, MakeNothing,
-                          [](Three const* from, Nothing const*, Three* to, std::size_t n) {
-                              bench::VEXOR_SET::TakeApart<3>(from->c, to->c, n);
-                          });
-    OverArrays<Three>("Cross", "shuffles " VEXOR_SET_NAME, MakeThree, MakeThree,
-                      [](Three const* left, Three const* right, Three* to, std::size_t n) {
-                          bench::VEXOR_SET::TakeTwoApart<3>(left->c, right->c, to->c, n);
-                      });
+    constexpr int number = 8;
+    constexpr int vector = 3 * number;
+    constexpr int matrix = 10 * number;
+    for (std::vector<double>& array : arrays)
+        array.resize(10 * std::end(bench::arraySizes)[-1]);
+    LimitMoving<vector, 0, vector>("Normalize");
+    LimitMoving<vector, 0, number>("Length");
+    LimitMoving<vector, vector, vector>("Cross");
+    LimitMoving<vector, vector, number>("Dot");
+    LimitMoving<vector, vector, vector>("Sum of two");
+    LimitMoving<vector, vector, number>("DistanceTo");
+    LimitMoving<vector, vector, 1>("IsParallelTo");
+    LimitMoving<vector, 0, vector>("Affine map x point");
+    LimitMoving<vector, 0, vector>("RotatePoint");
+    LimitMoving<matrix, matrix, matrix>("Mat3 x Mat3");
+    LimitMoving<matrix, vector, vector>("Solve 3x3");
+    LimitMoving<matrix, 0, matrix>("Invert 3x3");
+    LimitMoving<matrix, 0, vector>("EigenSym 3x3");
+    LimitMoving<vector, 0, 0>("Sum");
+
+    // The products and sums of each rule. The shuffles are the fewest known that only one port executes: those
+    // that split three registers of vectors into components, and those that join them again. Blends do not count.
+    constexpr bool isWidest = width == 8;
+    constexpr int split = isWidest ? 6 : 2;
+    constexpr int join = isWidest ? 6 : 4;
+    Limit("Affine map x point", "arithmetic", Compute<9, 9>);
+    Limit("Affine map x point", "arithmetic and shuffles", Compute<9, 9, std::min(9, split + join)>);
+    Limit("RotatePoint", "arithmetic", Compute<24, 17>);
+    Limit("RotatePoint", "arithmetic and shuffles", Compute<24, 17, split + join>);
+    Limit("Cross", "arithmetic", Compute<6, 3>);
+    Limit("Cross", "arithmetic and shuffles", Compute<6, 3, 2 * split + join>);
+    Limit("Normalize", "divisions and roots", Compute<0, 0, 0, 1, 1>);
+    Limit("Solve 3x3", "divisions", Compute<0, 0, 0, 0, 6>);
+    Limit("Invert 3x3", "divisions", Compute<0, 0, 0, 0, 6>);
     return true;
 }();
 

@@ -60,36 +60,6 @@ void OverElements(std::string const& name, std::string const& library, MakeLeft 
                        });
 }
 
-#if defined(__x86_64__)
-#    define BENCH_WIDE __attribute__((target("avx2")))
-#else
-#    define BENCH_WIDE
-#endif
-
-/// Reads the bytes of two arrays and writes those of the results, and computes next to nothing.
-template <class Left, class Right, class Result>
-BENCH_WIDE void MoveAlone(Left const* left, Right const* right, Result* results, std::size_t count)
-{
-    typedef long long Line __attribute__((vector_size(32)));
-    constexpr std::size_t block = sizeof(Line); // elements, so that a block is whole lines of each array
-    Line sum = {};
-    auto const read = [&sum](auto const* from) BENCH_WIDE {
-        if constexpr (!std::is_empty_v<std::decay_t<decltype(*from)>>) {
-            for (std::size_t k = 0; k < sizeof *from; ++k) {
-                Line line;
-                std::memcpy(&line, reinterpret_cast<char const*>(from) + k * sizeof line, sizeof line);
-                sum ^= line;
-            }
-        }
-    };
-    for (std::size_t i = 0; i + block <= count; i += block) {
-        read(left + i);
-        read(right + i);
-        for (std::size_t k = 0; k < sizeof *results; ++k)
-            std::memcpy(reinterpret_cast<char*>(results + i) + k * sizeof sum, &sum, sizeof sum);
-    }
-}
-
 /// A matrix that needs no luck to be solved: its diagonal is raised.
 inline double Regular(double const* numbers, int i, int k)
 {

@@ -53,10 +53,6 @@ void Compare(std::string const& name, MakeLeft makeLeft, MakeRight makeRight, Op
              Function function)
 {
     OverElements<Result>(name, "loop", makeLeft, makeRight, operation);
-    OverArrays<Result>(name, "moving alone", makeLeft, makeRight,
-                       [](auto const* left, auto const* right, Result* results, std::size_t count) {
-                           MoveAlone(left, right, results, count);
-                       });
     for (int i = 1; KernelSet const* set = vexor::arrays::detail::RunnableSet(i); ++i) {
         OverArrays<Result>(name, set->name, makeLeft, makeRight,
                            [=](auto const* left, auto const* right, Result* results, std::size_t count) {
