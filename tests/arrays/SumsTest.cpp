@@ -92,6 +92,40 @@ TYPED_TEST(ArraysSums, SumHasTheStatedOrder)
     }
 }
 
+// The kernels begin at a multiple of a register's length and end with a part of one.
+TYPED_TEST(ArraysSums, EveryCountAndAlignment)
+{
+    Operands operands(17);
+    auto const strewn = operands.Many<TypeParam>(200, Kind::Strewn);
+    std::vector<TypeParam> negativeZeros(200);
+    for (TypeParam& value : negativeZeros) {
+        for (int k = 0; k < numberCount<TypeParam>; ++k)
+            SetNumber(value, k, -0.0);
+    }
+    for (auto const& all : {strewn, negativeZeros}) {
+        for (std::size_t count = 0; count <= 200; ++count) {
+            std::vector<TypeParam> const values(all.begin(), all.begin() + std::ptrdiff_t(count));
+            for (std::size_t offset = 0; offset < 4; ++offset) {
+                Block<TypeParam> block(values, count, offset);
+                WithEachSet([&](std::string const& set) {
+                    auto const sum = vexor::arrays::Sum(block.Data(), count);
+                    auto const box = vexor::arrays::BoundingBox(block.Data(), count);
+                    for (int k = 0; k < numberCount<TypeParam>; ++k) {
+                        EXPECT_SAME_BITS(NumberAt(sum, k),
+                                         StatedSum(Component(values, k), runningSumsOf<TypeParam>))
+                            << set << ", " << count << ", " << offset;
+                        double least = vexor_test::infinity;
+                        for (double number : Component(values, k))
+                            least = number < least ? number : least;
+                        EXPECT_EQ(Component(std::vector<TypeParam>{box.lower}, k)[0], least)
+                            << set << ", " << count << ", " << offset;
+                    }
+                });
+            }
+        }
+    }
+}
+
 TYPED_TEST(ArraysSums, BoundingBoxPassesOverNaN)
 {
     Operands operands(12);

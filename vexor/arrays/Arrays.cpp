@@ -3,9 +3,6 @@
 #include <vexor/foundation/detail/Tolerance.h>
 #include <vexor/points/detail/Distance.h>
 
-#include <algorithm>
-#include <limits>
-
 // The exported functions of the component: they check the operation's arguments and run the loop of the
 // chosen
 
@@ -291,22 +288,15 @@ void EigenSym(Mat3Dbl const* matrices, Vec3Dbl* eigenValues, Mat3Dbl* vectors, s
 
 namespace {
 
-/// Combines the first `count` of numbers that are `stride` apart in pairs of neighbours, until one is left.
-template <class Operation>
-double CombineNeighbours(double* numbers, int count, int stride, Operation operation)
+template <class Element, int dimension>
+SumKernels<Element> const& SumKernelsFor(KernelSet const& set)
 {
-    for (; count > 1; count = (count + 1) / 2) {
-        for (int i = 0; i < count; i += 2)
-            numbers[i / 2 * stride] = i + 1 < count
-                                          ? operation(numbers[i * stride], numbers[(i + 1) * stride])
-                                          : numbers[i * stride];
-    }
-    return numbers[0];
-}
-
-double SumOfTwo(double left, double right)
-{
-    return left + right;
+    if constexpr (dimension > 1)
+        return KernelsFor<Element, dimension>(set).sums;
+    else if constexpr (sizeof(Element) == sizeof(float))
+        return set.numbersSingle;
+    else
+        return set.numbers;
 }
 
 } // namespace
@@ -314,44 +304,19 @@ double SumOfTwo(double left, double right)
 template <class Element, int dimension>
 void SumBlock(Element const* elements, std::size_t count, double* sum)
 {
-    double sums[runningSums] = {};
-    if constexpr (sizeof(Element) == sizeof(float))
-        chosen->addElementsSingle(elements, count * dimension, sums);
-    else
-        chosen->addElements(elements, count * dimension, sums);
-    for (int k = 0; k < dimension; ++k)
-        sum[k] = CombineNeighbours(sums + k, runningSums / dimension, dimension, SumOfTwo);
+    SumKernelsFor<Element, dimension>(*chosen).sum(elements, count, sum);
 }
 
 template <class Element, int dimension>
 void CovarianceBlock(Element const* elements, std::size_t count, double const* centroid, double* products)
 {
-    constexpr int productCount = dimension * (dimension + 1) / 2;
-    double sums[productCount * runningProducts] = {};
-    KernelsFor<Element, dimension>(*chosen).addProducts(elements, count, centroid, sums);
-    for (int m = 0; m < productCount; ++m)
-        products[m] = CombineNeighbours(sums + m * runningProducts, runningProducts, 1, SumOfTwo);
+    KernelsFor<Element, dimension>(*chosen).sumProducts(elements, count, centroid, products);
 }
 
 template <class Element, int dimension>
 void ExtremesBlock(Element const* elements, std::size_t count, Element* least, Element* greatest)
 {
-    constexpr double infinity = std::numeric_limits<double>::infinity();
-    double low[runningSums];
-    double high[runningSums];
-    std::fill(low, low + runningSums, infinity);
-    std::fill(high, high + runningSums, -infinity);
-    if constexpr (sizeof(Element) == sizeof(float))
-        chosen->findExtremesSingle(elements, count * dimension, low, high);
-    else
-        chosen->findExtremes(elements, count * dimension, low, high);
-    for (int k = 0; k < dimension; ++k) {
-        // Widened singles are converted back exactly.
-        least[k] = static_cast<Element>(CombineNeighbours(low + k, runningSums / dimension, dimension,
-                                                          [](double a, double b) { return b < a ? b : a; }));
-        greatest[k] = static_cast<Element>(CombineNeighbours(
-            high + k, runningSums / dimension, dimension, [](double a, double b) { return b > a ? b : a; }));
-    }
+    SumKernelsFor<Element, dimension>(*chosen).findExtremes(elements, count, least, greatest);
 }
 
 #define VEXOR_INSTANTIATE(Element, dimension)                                                                \

@@ -125,10 +125,12 @@ using MatrixOf = std::conditional_t<ShapeOf<Value>::size == 3, Mat3Dbl, Mat2Dbl>
 template <class Value>
 using CentroidOf = std::conditional_t<ShapeOf<Value>::size == 3, Pnt3Dbl, Pnt2Dbl>;
 
-/// Calls `block(data, count)` for each block of a view and combines the results.
+/// Calls `block(data, count)` for each block of a view and combines the results. Without elements it is called once.
 template <class Value, class Partial, class Block>
 Partial OverBlocks(View<Value> const& view, Partial const& ofNone, Block block)
 {
+    if (view.count <= blockSize)
+        return block(view.data, view.count);
     Pairwise<Partial> pairwise(ofNone);
     for (std::size_t begin = 0; begin < view.count; begin += blockSize) {
         std::size_t const rest = view.count - begin;

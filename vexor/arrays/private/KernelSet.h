@@ -40,6 +40,13 @@ using TestKernel = void (*)(Operand<Element> left, Operand<Element> right, Limit
 template <class Element>
 using MapKernel = void (*)(double const* map, Element const* operands, Element* results, Size count);
 
+/// The kernels of a block of numbers, vectors or points.
+template <class Element>
+struct SumKernels {
+    void (*sum)(Element const* elements, Size count, double* sum);
+    void (*findExtremes)(Element const* elements, Size count, Element* least, Element* greatest);
+};
+
 /// The kernels of a shape, by the operations' numbers. If one is null, the plain set's is used.
 template <class Element>
 struct VectorKernels {
@@ -47,12 +54,14 @@ struct VectorKernels {
     SingleKernel<Element> singles[singleOperations];
     TestKernel<Element> tests[testOperations];
     MapKernel<Element> maps[mapOperations];
-    /// Adds the products of the differences from the centroid to eight running sums of each.
-    void (*addProducts)(Element const* elements, Size count, double const* centroid, double* sums);
+    SumKernels<Element> sums;
+    /// The sums of the products of the differences from the centroid.
+    void (*sumProducts)(Element const* elements, Size count, double const* centroid, double* sums);
 };
 
-/// How many running sums, least and greatest numbers a block has over its single elements: a multiple of 2
-/// and of 3, so that each belongs to one coordinate. And how many each product of a covariance has.
+/// How many running sums, least and greatest numbers a block has over its single elements: element j goes to number
+/// j mod 24. It is a multiple of 2 and of 3, so that each belongs to one coordinate. And how many each product of a
+/// covariance has.
 inline constexpr int runningSums = 24;
 inline constexpr int runningProducts = 8;
 
@@ -68,11 +77,8 @@ struct KernelSet {
     VectorKernels<float> inPlaneSingle;
     void (*toSingle)(double const* from, float* to, Size count);
     void (*toDouble)(float const* from, double* to, Size count);
-    // Over the single elements of a block: element j goes to the running sum j mod 24.
-    void (*addElements)(double const* elements, Size count, double* sums);
-    void (*addElementsSingle)(float const* elements, Size count, double* sums);
-    void (*findExtremes)(double const* elements, Size count, double* least, double* greatest);
-    void (*findExtremesSingle)(float const* elements, Size count, double* least, double* greatest);
+    SumKernels<double> numbers;
+    SumKernels<float> numbersSingle;
     PairKernel<double> rotatePoint; ///< quaternions on the left
     PairKernel<double> multiplyQuaternions;
     SingleKernel<double> getRotationMatrix; ///< to matrices

@@ -71,7 +71,8 @@ constexpr VectorKernels<Element> KernelsOf()
          If<OnTests>(isWide || isDouble, Test<T::IsEqualTo, size, Element>), TestPoints<size, Element>},
         {MapKernelOf<M::Linear, size, Element>(), MapKernelOf<M::LinearToSingle, size, Element>(),
          MapKernelOf<M::Affine, size, Element>()},
-        AddProducts<size, Element>};
+        {SumUp<size, Element>, FindExtremes<size, Element>},
+        SumProducts<size, Element>};
 }
 
 } // namespace
@@ -85,10 +86,8 @@ KernelSet const kernels = {
     KernelsOf<2, float>(),
     ToSingle,
     ToDouble,
-    AddElements<double>,
-    AddElements<float>,
-    FindExtremes<double>,
-    FindExtremes<float>,
+    {SumUp<1, double>, FindExtremes<1, double>},
+    {SumUp<1, float>, FindExtremes<1, float>},
     RotatePoint,
     MultiplyQuaternions,
     GetRotationMatrix,

@@ -1,9 +1,12 @@
 #include <vexor/arrays/detail/Operands.h>
 #include <vexor/arrays/private/KernelSet.h>
+#include <vexor/arrays/private/Neighbours.h>
 #include <vexor/matrices/AffMat2Dbl.h>
 #include <vexor/matrices/AffMat3Dbl.h>
 #include <vexor/rotations/Quaternion.h>
 
+#include <algorithm>
+#include <limits>
 #include <type_traits>
 
 // The loops over the members. They define what the array functions compute. The other sets give the same
@@ -196,38 +199,52 @@ void MapKernelOf(double const* map, Element const* operands, Element* results, S
 
 // These sums have their own order: see Sums.h.
 
-template <class Element>
-void AddElements(Element const* elements, Size count, double* sums)
+template <int size, class Element>
+void SumUp(Element const* elements, Size count, double* sum)
 {
-    for (Size j = 0; j < count; ++j)
+    double sums[runningSums] = {};
+    for (Size j = 0; j < count * size; ++j)
         sums[j % runningSums] += double(elements[j]);
+    for (int k = 0; k < size; ++k)
+        sum[k] = CombineNeighbours<runningSums / size, size>(sums + k, SumOfTwo());
 }
 
-template <class Element>
-void FindExtremes(Element const* elements, Size count, double* least, double* greatest)
+template <int size, class Element>
+void FindExtremes(Element const* elements, Size count, Element* least, Element* greatest)
 {
-    for (Size j = 0; j < count; ++j) {
-        double const next = elements[j];
-        double& low = least[j % runningSums];
-        double& high = greatest[j % runningSums];
-        low = next < low ? next : low;
-        high = next > high ? next : high;
+    constexpr Element infinity = std::numeric_limits<Element>::infinity();
+    Element low[runningSums];
+    Element high[runningSums];
+    std::fill(low, low + runningSums, infinity);
+    std::fill(high, high + runningSums, -infinity);
+    for (Size j = 0; j < count * size; ++j) {
+        Size const k = j % runningSums;
+        low[k] = LesserOfTwo()(low[k], elements[j]);
+        high[k] = GreaterOfTwo()(high[k], elements[j]);
+    }
+    for (int k = 0; k < size; ++k) {
+        least[k] = CombineNeighbours<runningSums / size, size>(low + k, LesserOfTwo());
+        greatest[k] = CombineNeighbours<runningSums / size, size>(high + k, GreaterOfTwo());
     }
 }
 
 template <int size, class Element>
-void AddProducts(Element const* elements, Size count, double const* centroid, double* sums)
+void SumProducts(Element const* elements, Size count, double const* centroid, double* products)
 {
+    constexpr int productCount = size * (size + 1) / 2;
+    double sums[productCount][runningProducts] = {};
     for (Size i = 0; i < count; ++i) {
         double d[size];
         for (int k = 0; k < size; ++k)
             d[k] = double(elements[i * size + static_cast<Size>(k)]) - centroid[k];
-        double* sum = sums + i % runningProducts;
+        int m = 0;
         for (int k = 0; k < size; ++k) {
-            for (int l = k; l < size; ++l, sum += runningProducts)
-                *sum += d[k] * d[l];
+            for (int l = k; l < size; ++l, ++m)
+                sums[m][i % runningProducts] += d[k] * d[l];
         }
     }
+    for (int m = 0; m < productCount; ++m)
+        products[m] = CombineNeighbours<runningProducts, 1>(sums[m], SumOfTwo());
 }
 
 template <int size, class Element>
@@ -252,7 +269,8 @@ constexpr VectorKernels<Element> KernelsOf()
              TestKernelOf<T::IsPointEqualTo, size, Element>},
             {MapKernelOf<M::Linear, size, Element>, MapKernelOf<M::LinearToSingle, size, Element>,
              MapKernelOf<M::Affine, size, Element>},
-            AddProducts<size, Element>};
+            {SumUp<size, Element>, FindExtremes<size, Element>},
+            SumProducts<size, Element>};
 }
 
 void ToSingle(double const* from, float* to, Size count)
@@ -339,10 +357,8 @@ KernelSet const kernels = {
     KernelsOf<2, float>(),
     ToSingle,
     ToDouble,
-    AddElements<double>,
-    AddElements<float>,
-    FindExtremes<double>,
-    FindExtremes<float>,
+    {SumUp<1, double>, FindExtremes<1, double>},
+    {SumUp<1, float>, FindExtremes<1, float>},
     RotatePoint,
     MultiplyQuaternions,
     GetRotationMatrix,
