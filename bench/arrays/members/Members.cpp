@@ -3,7 +3,9 @@
 #include <vexor/arrays/Arrays.h>
 #include <vexor/arrays/private/KernelSet.h>
 
-// Every array function beside the loop over its member, for each class and instruction set.
+#include <algorithm>
+
+// Every array function beside the loop over its member, every reduction beside a plain loop, for each class and instruction set.
 
 namespace {
 
@@ -130,6 +132,127 @@ void ComparePoints(std::string const& of, Map const& map)
         });
 }
 
+/// The same for a reduction: `loop` and `function` return one result of an array.
+template <class Result, class Make, class Loop, class Function>
+void CompareReduction(std::string const& name, Make make, Loop loop, Function function)
+{
+    OverArrays<Result>(name, "own loop", make, MakeNothing,
+                       [loop](auto const* a, Nothing const*, Result* r, std::size_t n) { *r = loop(a, n); });
+    for (int i = 1; KernelSet const* set = vexor::arrays::detail::RunnableSet(i); ++i) {
+        OverArrays<Result>(name, set->name, make, MakeNothing,
+                           [=](auto const* a, Nothing const*, Result* r, std::size_t n) {
+                               vexor::arrays::detail::chosen = set;
+                               *r = function(a, n);
+                           });
+    }
+}
+
+#define REDUCTION(function) [](auto const* a, std::size_t n) { return vexor::arrays::function(a, n); }
+
+template <class Vector, class Point>
+Vector PlainSum(Point const* points, std::size_t count)
+{
+    Vector sum(0.0);
+    for (std::size_t i = 0; i < count; ++i)
+        sum += Vector(points[i].Vector());
+    return sum;
+}
+
+template <class Point>
+Mat3Dbl PlainCovariance(Point const* points, std::size_t count, Vec3Dbl const& centroid)
+{
+    double xx = 0.0, xy = 0.0, xz = 0.0, yy = 0.0, yz = 0.0, zz = 0.0;
+    for (std::size_t i = 0; i < count; ++i) {
+        Vec3Dbl const d = Vec3Dbl(points[i].Vector()) - centroid;
+        xx += d.x * d.x;
+        xy += d.x * d.y;
+        xz += d.x * d.z;
+        yy += d.y * d.y;
+        yz += d.y * d.z;
+        zz += d.z * d.z;
+    }
+    return Mat3Dbl(Vec3Dbl(xx, xy, xz), Vec3Dbl(xy, yy, yz), Vec3Dbl(xz, yz, zz)) / double(count);
+}
+
+template <class Point>
+Mat2Dbl PlainCovariance(Point const* points, std::size_t count, Vec2Dbl const& centroid)
+{
+    double xx = 0.0, xy = 0.0, yy = 0.0;
+    for (std::size_t i = 0; i < count; ++i) {
+        Vec2Dbl const d = Vec2Dbl(points[i].Vector()) - centroid;
+        xx += d.x * d.x;
+        xy += d.x * d.y;
+        yy += d.y * d.y;
+    }
+    return Mat2Dbl(Vec2Dbl(xx, xy), Vec2Dbl(xy, yy)) / double(count);
+}
+
+template <class Point>
+vexor::arrays::Box<Point> PlainBox(Point const* points, std::size_t count)
+{
+    Point lower = points[0];
+    Point upper = points[0];
+    for (std::size_t i = 1; i < count; ++i) {
+        Point const& next = points[i];
+        lower.x = std::min(lower.x, next.x);
+        upper.x = std::max(upper.x, next.x);
+        lower.y = std::min(lower.y, next.y);
+        upper.y = std::max(upper.y, next.y);
+        if constexpr (vexor::arrays::detail::ShapeOf<Point>::size == 3) {
+            lower.z = std::min(lower.z, next.z);
+            upper.z = std::max(upper.z, next.z);
+        }
+    }
+    return {lower, upper};
+}
+
+template <class Point, class Vector, class Matrix>
+void ComparePointReductions(std::string const& of)
+{
+    using Centroid = decltype(vexor::arrays::Centroid(static_cast<Point const*>(nullptr), 0));
+    auto const make = Make<Point>;
+    CompareReduction<Vector>(
+        "Sum" + of, make, [](Point const* a, std::size_t n) { return PlainSum<Vector>(a, n); },
+        REDUCTION(Sum));
+    CompareReduction<Centroid>(
+        "Centroid" + of, make,
+        [](Point const* a, std::size_t n) { return Centroid(PlainSum<Vector>(a, n) / double(n)); },
+        REDUCTION(Centroid));
+    CompareReduction<Matrix>(
+        "Covariance" + of, make,
+        [](Point const* a, std::size_t n) {
+            return PlainCovariance(a, n, PlainSum<Vector>(a, n) / double(n));
+        },
+        REDUCTION(Covariance));
+    CompareReduction<vexor::arrays::Box<Point>>(
+        "BoundingBox" + of, make, [](Point const* a, std::size_t n) { return PlainBox(a, n); },
+        REDUCTION(BoundingBox));
+}
+
+template <class Number>
+void CompareNumberReductions(std::string const& of)
+{
+    using Extremes = vexor::arrays::Box<Number>;
+    CompareReduction<double>(
+        "Sum" + of, MakeNumber<Number>,
+        [](Number const* a, std::size_t n) {
+            double sum = 0.0;
+            for (std::size_t i = 0; i < n; ++i)
+                sum += double(a[i]);
+            return sum;
+        },
+        REDUCTION(Sum));
+    CompareReduction<Extremes>(
+        "MinMax" + of, MakeNumber<Number>,
+        [](Number const* a, std::size_t n) {
+            Extremes extremes = {a[0], a[0]};
+            for (std::size_t i = 1; i < n; ++i)
+                extremes = {std::min(extremes.lower, a[i]), std::max(extremes.upper, a[i])};
+            return extremes;
+        },
+        REDUCTION(MinMax));
+}
+
 Mat3Dbl const linear(Vec3Dbl(0.36, 0.48, -0.8), Vec3Dbl(-0.8, 0.6, 0.0), Vec3Dbl(0.48, 0.64, 0.6));
 AffMat3Dbl const map(linear, Vec3Dbl(1.5, -2.5, 0.25));
 AffMat2Dbl const planeMap(Mat2Dbl(Vec2Dbl(0.6, 0.8), Vec2Dbl(-0.8, 0.6)), Vec2Dbl(1.5, -2.5));
@@ -143,6 +266,12 @@ AffMat2Dbl const planeMap(Mat2Dbl(Vec2Dbl(0.6, 0.8), Vec2Dbl(-0.8, 0.6)), Vec2Db
     ComparePoints<Pnt3Flt>(", Pnt3Flt", map);
     ComparePoints<Pnt2Dbl>(", Pnt2Dbl", planeMap);
     ComparePoints<Pnt2Flt>(", Pnt2Flt", planeMap);
+    ComparePointReductions<Pnt3Dbl, Vec3Dbl, Mat3Dbl>(", Pnt3Dbl");
+    ComparePointReductions<Pnt3Flt, Vec3Dbl, Mat3Dbl>(", Pnt3Flt");
+    ComparePointReductions<Pnt2Dbl, Vec2Dbl, Mat2Dbl>(", Pnt2Dbl");
+    ComparePointReductions<Pnt2Flt, Vec2Dbl, Mat2Dbl>(", Pnt2Flt");
+    CompareNumberReductions<double>(", double");
+    CompareNumberReductions<float>(", float");
     Compare<Vec3Flt>("Convert, Vec3Dbl to Vec3Flt", Make<Vec3Dbl>, MakeNothing, OWN(ToVec3Flt),
                      SINGLE(Convert));
     Compare<Vec3Dbl>(

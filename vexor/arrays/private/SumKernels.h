@@ -205,14 +205,23 @@ void FindExtremes(Element const* elements, Size count, Element* least, Element* 
         low[k] = Broadcast<Vector>(std::numeric_limits<Element>::infinity());
         high[k] = -low[k];
     }
-    Size j = 0;
-    for (; j + runningSums <= count; j += runningSums) {
+    for (; count >= runningSums; count -= runningSums, elements += runningSums) {
         VEXOR_UNROLL(24)
         for (int k = 0; k < registers; ++k) {
-            auto const next = Load<Vector>(elements + j + k * lanes);
+            auto const next = Load<Vector>(elements + k * lanes);
             low[k] = Lesser(next, low[k]);
             high[k] = Greater(next, high[k]);
         }
+    }
+    Size const rest = count;
+    VEXOR_UNROLL(24)
+    for (int k = 0; k < registers; ++k) {
+        if (count < Size(lanes))
+            break;
+        auto const next = Load<Vector>(elements + k * lanes);
+        low[k] = Lesser(next, low[k]);
+        high[k] = Greater(next, high[k]);
+        count -= lanes;
     }
     Element lows[runningSums];
     Element highs[runningSums];
@@ -221,9 +230,9 @@ void FindExtremes(Element const* elements, Size count, Element* least, Element* 
         Store(lows + k * lanes, low[k]);
         Store(highs + k * lanes, high[k]);
     }
-    for (int k = 0; j < count; ++j, ++k) {
-        lows[k] = LesserOfTwo()(lows[k], elements[j]);
-        highs[k] = GreaterOfTwo()(highs[k], elements[j]);
+    for (Size k = rest - count; k < rest; ++k) {
+        lows[k] = LesserOfTwo()(lows[k], elements[k]);
+        highs[k] = GreaterOfTwo()(highs[k], elements[k]);
     }
     for (int k = 0; k < size; ++k) {
         least[k] = CombineNeighbours<runningSums / size, size>(lows + k, LesserOfTwo());
