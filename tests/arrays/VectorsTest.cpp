@@ -135,10 +135,46 @@ TEST(ArraysNormalize, ManyVectors)
             double const number = 1.0 + double(mantissa) * 0x1p-52;
             vector[k] = std::ldexp(engine() % 2 ? number : -number, int(engine() % 40) - 20);
         }
+        if (engine() % 8 == 0) { // powers of two beside a length that is 2 − 2^-52, or close to it
+            vector = Vec3Dbl(2.0 - double(1 + engine() % 4) * 0x1p-52, std::ldexp(1.0, -28 - int(engine() % 9)),
+                             std::ldexp(1.0, -28 - int(engine() % 9)));
+        }
         if (engine() % 16 == 0)
             vector *= std::ldexp(1.0, int(engine() % 1200) - 600);
     }
     CompareSingle("Normalize", vectors, SINGLE(Normalize), OWN(GetNormalizedCopy), false);
+}
+
+/// The nearest number of `precision` bits, by the current rounding, which is to nearest, ties to even.
+double RoundToBits(double number, int precision)
+{
+    int exponent = 0;
+    double const fraction = std::frexp(number, &exponent);
+    return std::ldexp(std::nearbyint(std::ldexp(fraction, precision)), exponent - precision);
+}
+
+// The method by which a kernel divides, in numbers of a few bits: for every divisor, every reciprocal within one
+// unit in the last place and every dividend the quotient is the rounded one. Doubles hold all steps exactly.
+TEST(ArraysNormalize, MethodOfDivisionInSmallPrecisions)
+{
+    for (int precision = 5; precision <= 9; ++precision) {
+        auto const round = [precision](double number) { return RoundToBits(number, precision); };
+        double const unit = std::ldexp(1.0, 1 - precision);
+        for (double divisor = 1.0; divisor < 2.0; divisor += unit) {
+            for (double near = 0.5; near <= 1.0; near += unit / 2.0) {
+                if (std::fabs(divisor * near - 1.0) > divisor * unit / 2.0)
+                    continue;
+                double const error = round(1.0 - divisor * near) + std::ldexp(1.0, 1 - 2 * precision);
+                double const reciprocal = round(near + near * error);
+                for (double dividend = 1.0; dividend < 2.0; dividend += unit) {
+                    double const quotient = round(dividend * reciprocal);
+                    double const remainder = round(dividend - quotient * divisor);
+                    ASSERT_EQ(round(quotient + remainder * reciprocal), round(dividend / divisor))
+                        << dividend << " / " << divisor << " by " << near << ", " << precision << " bits";
+                }
+            }
+        }
+    }
 }
 
 // Wide tolerances, so that about half of the results are 1, which is rare in the tests above.

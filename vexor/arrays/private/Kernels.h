@@ -37,6 +37,17 @@ constexpr PairKernel<Element> CrossKernel()
 }
 
 template <int size, class Element>
+constexpr SingleKernel<Element> NormalizeKernel()
+{
+#if defined(VEXOR_SET_FUSED)
+    if constexpr (sizeof(Element) == sizeof(double))
+        return Normalize<size>;
+    else
+#endif
+        return Single<NormalizeRule<Element>, SingleOperation::Normalize, size, size, Element>;
+}
+
+template <int size, class Element>
 constexpr VectorKernels<Element> KernelsOf()
 {
     using P = PairOperation;
@@ -60,8 +71,7 @@ constexpr VectorKernels<Element> KernelsOf()
          If<OnSingles>(size == 3 || width == 8 || (isWide && !isDouble),
                        Single<LengthSquaredRule, S::LengthSquared, size, 1, Element>),
          Single<LengthRule<Element>, S::Length, size, 1, Element>,
-         If<OnSingles>(isWide || isDouble,
-                       Single<NormalizeRule<Element>, S::Normalize, size, size, Element>)},
+         If<OnSingles>(isWide || isDouble, NormalizeKernel<size, Element>())},
         {If<OnTests>(isWide, Test<T::IsParallelTo, size, Element>),
          If<OnTests>(isWide, Test<T::IsCodirectionalTo, size, Element>),
          If<OnTests>(isWide, Test<T::IsPerpendicularTo, size, Element>),
