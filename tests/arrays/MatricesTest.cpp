@@ -1,5 +1,7 @@
 #include <arrays/Loops.h>
 
+#include <cstdint>
+
 // Matrices.h compared with loops over the members, byte for byte, in every instruction set.
 
 namespace {
@@ -151,6 +153,38 @@ TEST(ArraysMatrices, EigenSym)
             return;
     }
     EXPECT_GT(failures, 0U) << "no matrix on which EigenSym fails was among them";
+}
+
+// The lanes compute indices of tables from the bits of cosines. A NaN has any bits, and a matrix with one passes it on.
+TEST(ArraysMatrices, EigenSymOfEveryKindOfNaN)
+{
+    Operands operands(18);
+    auto const ordinary = SymmetricMatrices(laneCount, operands);
+    for (std::uint64_t payload = 0; payload < 256 + 51; ++payload) {
+        std::uint64_t const low = payload < 256 ? payload : std::uint64_t(1) << (payload - 256U);
+        for (std::uint64_t sign : {std::uint64_t(0), std::uint64_t(1) << 63U}) {
+            std::uint64_t const bits = sign | 0x7ff8000000000000U | low;
+            double nan;
+            std::memcpy(&nan, &bits, sizeof nan);
+            auto matrices = ordinary;
+            std::size_t const lane = std::size_t(payload) % laneCount;
+            matrices[lane] = Mat3Dbl(1.0);
+            matrices[lane](int(payload % 3), int(payload % 3)) = nan;
+            auto const expected = Loop<Vec3Dbl>(laneCount, [&](std::size_t i) {
+                Mat3Dbl copy(matrices[i]);
+                Vec3Dbl eigenValues;
+                copy.EigenSym(eigenValues, 0);
+                return eigenValues;
+            });
+            WithEachSet([&](std::string const& set) {
+                Block<Vec3Dbl> values(laneCount);
+                ASSERT_TRUE(Matches(
+                    expected, laneCount, values.Data(),
+                    [&] { vexor::arrays::EigenSymValues(matrices.data(), values.Data(), laneCount); }))
+                    << set << ", payload " << low;
+            });
+        }
+    }
 }
 
 } // namespace

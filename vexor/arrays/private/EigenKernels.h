@@ -19,12 +19,12 @@ namespace {
 
 #if defined(VEXOR_SET_FUSED)
 
-/// `vexor::detail::ClampedArcCosine`; a NaN is never decided.
+/// `vexor::detail::ClampedArcCosine`; a NaN is never decided. The results are from 0 to π in every lane.
 VEXOR_ALWAYS_INLINE Mask ClampedArcCosine(Doubles const& cosine, Doubles& result)
 {
     Mask const isZero = LessOrEqual(All(1.0), cosine);
     Mask const isPi = LessOrEqual(cosine, All(-1.0));
-    // The bits of a NaN must not become an index of a table.
+    // The bits of other numbers and of a NaN must not become an index of a table.
     Mask const isInside = And(Less(All(-1.0), cosine), Less(cosine, All(1.0)));
     Mask const isDecided = ArcCosine(Select(isInside, cosine, Doubles{}), result);
     result = Select(isZero, Doubles{}, Select(isPi, All(vexor::detail::pi), result));

@@ -65,18 +65,20 @@ VEXOR_ALWAYS_INLINE Lanes<4> LoadFours(double const* const (&rows)[width], int o
     return Split(r);
 }
 
-/// The last bits of a sum with `wholePlaces`.
+/// The whole numbers k of the sums k + `wholePlaces`. Nothing bounds them: the callers' comments say why they stay
+/// within the tables.
 VEXOR_ALWAYS_INLINE void StoreIndices(std::uint64_t (&indices)[width], Doubles const& shifted)
 {
-    Store(indices, shifted);
-    VEXOR_UNROLL(24)
-    for (std::uint64_t& index : indices)
-        index &= 255U;
+    typedef long long Integers __attribute__((vector_size(sizeof(Doubles))));
+    Store(indices, reinterpret_cast<Integers>(shifted) - reinterpret_cast<Integers>(All(wholePlaces)));
 }
 
 /// The arc cosines of numbers in (−1, 1). Up to 1/2 in magnitude they are π/2 less the arc sine, beyond that
 /// √(2t)·f(t) with t = 1 − |x|, and π less that for the negative numbers. Both kinds of lanes take one course: the
 /// first with 1 for the root.
+///
+/// Of a number outside (−1, 1) or a NaN the index is beyond the tables. Within, magnitude · 128 is at most 64 for the
+/// first kind and t · 64 below 32 for the second, and so are the whole numbers nearest to them.
 VEXOR_ALWAYS_INLINE Mask ArcCosine(Doubles const& x, Doubles& result)
 {
     namespace tables = vexor::detail::elementary;
@@ -149,7 +151,8 @@ VEXOR_ALWAYS_INLINE Mask SineOfSum(Sum const& sine, Sum const& cosine, Sum const
     return IsDecided({sum.high, sum.low + low}, error, result);
 }
 
-/// The sines and cosines of angles from 0 to π/2.
+/// The sines and cosines of angles from 0 to π/2, the nearest multiples of π/256 to which are 0 to 128. Of a greater
+/// angle or a NaN the index is beyond the table.
 VEXOR_ALWAYS_INLINE Mask SineAndCosine(Doubles const& x, Doubles& sine, Doubles& cosine)
 {
     namespace tables = vexor::detail::elementary;
