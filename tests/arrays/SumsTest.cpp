@@ -333,4 +333,119 @@ TEST(ArraysError, StaysWithinTheBoundForSumsThatCancel)
     EXPECT_LE(std::fabs(vexor::arrays::Sum(numbers) - rest), bound);
 }
 
+// The next tests use numbers whose exact sums are known, and in which a small addend is half a last place of a large
+// running sum: each of them is lost. So the errors come close to their bounds. A loop that adds all 131,072 elements to
+// one sum, or all of a block, exceeds the bounds. All numbers below are exact unless a rounding is named.
+
+constexpr std::size_t manyCount = 1U << 17U; // 32 blocks; a product with it is exact
+constexpr double sumBound = (512.0 + 3.0 + 5.0) * 0x1p-53;
+constexpr double covarianceBound = (519.0 + 5.0) * 0x1p-53;
+
+TEST(ArraysError, OfCentroidStaysWithinTheBound)
+{
+    // x: 1 and small addends; 131,070 · 2^-53 of them.
+    // y: the large numbers, in different running sums of the first block, cancel to 2^-37 of their magnitude.
+    // z: far from the origin: 2^22 and multiples of 2^-30.
+    std::vector<Pnt3Dbl> points(manyCount, Pnt3Dbl(0x1p-53, 0x1p-53, 0.0));
+    points[0].x = 1.0;
+    points[1].x = 0x1p-52;
+    points[0].y = 1.5;
+    points[7].y = -1.5;
+    std::mt19937_64 engine(19);
+    double offsets = 0.0;
+    for (Pnt3Dbl& point : points) {
+        double const offset = double(engine() % 1024U) * 0x1p-30;
+        offsets += offset;
+        point.z = 0x1p+22 + offset;
+    }
+    double const n = double(manyCount);
+    double const sumOfX = 1.0 + n * 0x1p-53;
+    double const sumOfY = (n - 2.0) * 0x1p-53;
+    WithEachSet([&](std::string const& set) {
+        Pnt3Dbl const centroid = vexor::arrays::Centroid(points);
+        EXPECT_LE(std::fabs(centroid.x * n - sumOfX), (sumBound + 0x1p-53) * sumOfX) << set;
+        EXPECT_LE(std::fabs(centroid.y * n - sumOfY), sumBound * 3.0 + 0x1p-53 * sumOfY) << set;
+        EXPECT_LE(std::fabs((centroid.z - 0x1p+22) - offsets / n), (sumBound + 0x1p-53) * (0x1p+22 + 1e-6))
+            << set;
+    });
+}
+
+TEST(ArraysError, OfCovarianceStaysWithinTheBound)
+{
+    // The centroid is exactly 0. The squares are 2.25 twice and 2^-52, half the last place of 2.25.
+    std::vector<Pnt3Dbl> points;
+    for (std::size_t i = 0; i < manyCount; ++i) {
+        double const number = (i % 2 == 0 ? 1.0 : -1.0) * (i < 2 ? 1.5 : 0x1p-26);
+        points.emplace_back(number, 2.0 * number, -number);
+    }
+    double const n = double(manyCount);
+    double const rest = (n - 2.0) * 0x1p-52;
+    WithEachSet([&](std::string const& set) {
+        ASSERT_TRUE(vexor::arrays::Centroid(points) == Pnt3Dbl(0.0, 0.0, 0.0));
+        Mat3Dbl const covariance = vexor::arrays::Covariance(points);
+        constexpr double factors[] = {1.0, 2.0, -1.0};
+        for (int i = 0; i < 3; ++i) {
+            for (int k = 0; k < 3; ++k) {
+                double const sum = covariance(i, k) * n / (factors[i] * factors[k]);
+                EXPECT_LE(std::fabs((sum - 4.5) - rest), covarianceBound * (4.5 + rest))
+                    << set << ", " << i << k;
+            }
+        }
+    });
+}
+
+// Points near (2^30, −2^29, 2^30), whose distances from it are integer multiples of 2^-20: the exact covariance is a
+// quotient of integers. The digits that a single pass would keep are fewer than those that cancel.
+TEST(ArraysError, OfCovarianceFarFromTheOriginStaysWithinTheBound)
+{
+    constexpr std::int64_t count = 1 << 13;
+    constexpr double origin[] = {0x1p+30, -0x1p+29, 0x1p+30};
+    std::mt19937_64 engine(20);
+    std::vector<Pnt3Dbl> points;
+    std::int64_t sums[3] = {};
+    std::int64_t products[3][3] = {};
+    std::vector<std::array<std::int64_t, 3>> steps;
+    for (std::int64_t n = 0; n < count; ++n) {
+        std::array<std::int64_t, 3> step;
+        for (std::int64_t& each : step)
+            each = std::int64_t(engine() >> 45U) - (1 << 18); // below 2^18 in magnitude
+        step[2] = step[0] + step[1] / 16;                     // nearly in a plane
+        steps.push_back(step);
+        points.emplace_back(origin[0] + double(step[0]) * 0x1p-20, origin[1] + double(step[1]) * 0x1p-20,
+                            origin[2] + double(step[2]) * 0x1p-20);
+        for (int i = 0; i < 3; ++i) {
+            sums[i] += step[std::size_t(i)];
+            for (int k = 0; k < 3; ++k)
+                products[i][k] += step[std::size_t(i)] * step[std::size_t(k)];
+        }
+    }
+    WithEachSet([&](std::string const& set) {
+        Pnt3Dbl const centroid = vexor::arrays::Centroid(points);
+        Mat3Dbl const covariance = vexor::arrays::Covariance(points);
+        double errors[3];
+        for (int i = 0; i < 3; ++i) {
+            double const exact = double(sums[i]) * 0x1p-20 / double(count);
+            errors[i] = std::fabs((NumberAt(centroid, i) - origin[i]) - exact);
+            double const bound = (512.0 + 3.0 + 1.0 + 1.0) * 0x1p-53 * (0x1p+30 + 1.0);
+            EXPECT_LE(errors[i], bound) << set << ", " << i;
+        }
+        for (int i = 0; i < 3; ++i) {
+            for (int k = 0; k < 3; ++k) {
+                // Integers below 2^63; the conversion rounds once, and so do the products below.
+                std::int64_t const integer = count * products[i][k] - sums[i] * sums[k];
+                double const exact = double(integer) * 0x1p-40 / (double(count) * double(count));
+                double magnitudes = 0.0;
+                for (auto const& step : steps)
+                    magnitudes +=
+                        std::fabs((double(step[std::size_t(i)]) - double(sums[i]) / double(count))
+                                  * (double(step[std::size_t(k)]) - double(sums[k]) / double(count)));
+                magnitudes *= 0x1p-40 / double(count);
+                EXPECT_LE(std::fabs(covariance(i, k) - exact),
+                          (519.0 + 1.0 + 1.0) * 0x1p-53 * magnitudes + errors[i] * errors[k])
+                    << set << ", element " << i << ", " << k;
+            }
+        }
+    });
+}
+
 } // namespace
