@@ -74,10 +74,7 @@ struct Lines {
     }
 
     /// Whether so many bytes are left.
-    VEXOR_ALWAYS_INLINE bool Holds(std::ptrdiff_t bytes) const
-    {
-        return end - next >= bytes;
-    }
+    VEXOR_ALWAYS_INLINE bool Holds(std::ptrdiff_t bytes) const { return end - next >= bytes; }
 
     char* next;
     char* end;
