@@ -1,6 +1,6 @@
 #include "Passes.h"
 
-#include <vexor/arrays/private/Lanes.h>
+#include <vexor/arrays/private/VectorKernels.h>
 
 #include <algorithm>
 
@@ -57,6 +57,29 @@ void Compute(std::size_t count)
                 Keep(Root(a));
             if (isNext(k, divisions))
                 Keep(b / a);
+        }
+    }
+}
+
+/// The unit vectors of registers, in the order that the rule and its method of division fix: sum of squares, root,
+/// reciprocal, quotients. Without loads, shuffles and stores; registers are independent of each other.
+void NormalizeRegisters(std::size_t count)
+{
+    constexpr int turn = width == 8 ? 1 : 3;
+    Lanes<3> vectors = {{All(1.7320508075688772), All(2.2360679774997897), All(1.4142135623730951)}};
+    for (std::size_t i = 0; i + width * turn <= count; i += width * turn) {
+        VEXOR_UNROLL(3)
+        for (int k = 0; k < turn; ++k) {
+            Hide(vectors.c[0]);
+            Hide(vectors.c[1]);
+            Hide(vectors.c[2]);
+            Measured<3> const measured(vectors);
+            Lanes<3> const units = measured.UnitVectors(turn == 3 && k != 1
+                                                            ? All(1.0) / measured.lengths
+                                                            : Reciprocal(measured.lengths, measured.squared));
+            Keep(units.c[0]);
+            Keep(units.c[1]);
+            Keep(units.c[2]);
         }
     }
 }
@@ -225,6 +248,7 @@ void LimitMoving(std::string const& operation)
     Limit("Normalize", "roots", Compute<0, 0, 0, 1>);
     Limit("Normalize", "arithmetic", Compute<3 + fused, 2 + 1 + 4, 0, 1>);
     Limit("Normalize", "arithmetic and shuffles", Compute<3 + fused, 2 + 1 + 4, split + join, 1>);
+    Limit("Normalize", "chain of roots and quotients", NormalizeRegisters);
     Limit("Solve 3x3", "divisions", Compute<0, 0, 0, 0, 6>);
     Limit("Invert 3x3", "divisions", Compute<0, 0, 0, 0, 6>);
     return true;

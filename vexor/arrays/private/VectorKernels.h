@@ -665,7 +665,7 @@ struct Measured {
     Doubles lengths;
     Mask ordinary; ///< lanes with a finite sum and no small component
 
-    VEXOR_ALWAYS_INLINE explicit Measured(double const* from) : vectors(LoadLanes<size>(from))
+    VEXOR_ALWAYS_INLINE explicit Measured(Lanes<size> const& lanes) : vectors(lanes)
     {
         Doubles least = vectors.c[0] * vectors.c[0];
         VEXOR_UNROLL(24)
@@ -695,6 +695,15 @@ struct Measured {
         return HasAll(isClear);
     }
 
+    VEXOR_ALWAYS_INLINE Lanes<size> UnitVectors(Doubles const& reciprocals) const
+    {
+        Lanes<size> units;
+        VEXOR_UNROLL(24)
+        for (int k = 0; k < size; ++k)
+            units.c[k] = Quotient(vectors.c[k], lengths, reciprocals);
+        return units;
+    }
+
     /// Stores the unit vectors of the elements at `from`.
     VEXOR_ALWAYS_INLINE void Divide(Doubles const& reciprocals, double const* from, double* to) const
     {
@@ -703,11 +712,7 @@ struct Measured {
                 from, to, width, Plain<size, double>().singles[int(SingleOperation::Normalize)]);
             return;
         }
-        Lanes<size> units;
-        VEXOR_UNROLL(24)
-        for (int k = 0; k < size; ++k)
-            units.c[k] = Quotient(vectors.c[k], lengths, reciprocals);
-        StoreLanes(to, units);
+        StoreLanes(to, UnitVectors(reciprocals));
     }
 };
 
@@ -721,11 +726,11 @@ void Normalize(double const* operands, double* results, Size count)
 #    if defined(VEXOR_SET_AVX512)
     // The root of the next register is under way while this one is divided: 1.06 times as fast.
     if (i + width <= count) {
-        Measured<size> next(operands + i * size);
+        Measured<size> next(LoadLanes<size>(operands + i * size));
         for (; i + width <= count; i += width) {
             Measured<size> const current = next;
             if (i + 2 * width <= count)
-                next = Measured<size>(operands + (i + width) * size);
+                next = Measured<size>(LoadLanes<size>(operands + (i + width) * size));
             current.Divide(Reciprocal(current.lengths, current.squared), operands + i * size,
                            results + i * size);
         }
@@ -738,13 +743,15 @@ void Normalize(double const* operands, double* results, Size count)
         double const* const from = operands + i * size;
         double* const to = results + i * size;
         constexpr int step = width * size;
-        Measured<size> const first(from), second(from + step), third(from + 2 * step);
+        Measured<size> const first(LoadLanes<size>(from));
+        Measured<size> const second(LoadLanes<size>(from + step));
+        Measured<size> const third(LoadLanes<size>(from + 2 * step));
         first.Divide(All(1.0) / first.lengths, from, to);
         second.Divide(Reciprocal(second.lengths, second.squared), from + step, to + step);
         third.Divide(All(1.0) / third.lengths, from + 2 * step, to + 2 * step);
     }
     for (; i + width <= count; i += width) {
-        Measured<size> const last(operands + i * size);
+        Measured<size> const last(LoadLanes<size>(operands + i * size));
         last.Divide(All(1.0) / last.lengths, operands + i * size, results + i * size);
     }
 #    endif
