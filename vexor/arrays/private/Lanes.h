@@ -533,6 +533,30 @@ VEXOR_ALWAYS_INLINE void StoreLanes(Element* to, Lanes<size> const& lanes)
     }
 }
 
+/// Loops that compute for a while on each register prefetch long arrays, which the caches near the core do not hold: the
+/// processor by itself is too late. Short arrays gain nothing.
+constexpr Size largeCount = 10000;
+/// How many elements ahead.
+constexpr Size prefetchDistance = 88;
+
+/// Fetches the lines of some bytes into the first-level cache, for stores or for loads.
+template <int bytes, bool forStores>
+VEXOR_ALWAYS_INLINE void Prefetch(void const* from)
+{
+    VEXOR_UNROLL(24)
+    for (int k = 0; k < bytes; k += 64) {
+        auto const& line = *(static_cast<char const*>(from) + k);
+#if defined(VEXOR_SET_AVX512)
+        if constexpr (forStores)
+            __asm__ volatile("prefetchw %0" : : "m"(line));
+        else
+            __asm__ volatile("prefetcht0 %0" : : "m"(line));
+#else
+        __builtin_prefetch(&line, forStores);
+#endif
+    }
+}
+
 /// An operand in lanes, from an array or from one value.
 template <int size, class Element, Order order = Order::ByIndex>
 struct Source {
@@ -549,6 +573,12 @@ struct Source {
     VEXOR_ALWAYS_INLINE Lanes<size> From(Size i) const
     {
         return operand.isOne ? one : LoadLanes<size, order>(operand.data + i * size);
+    }
+
+    VEXOR_ALWAYS_INLINE void PrefetchFrom(Size i) const
+    {
+        if (!operand.isOne)
+            Prefetch<size * width* int(sizeof(Element)), false>(operand.data + i * size);
     }
 
     Operand<Element> operand;

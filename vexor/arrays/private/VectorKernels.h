@@ -55,20 +55,6 @@ VEXOR_ALWAYS_INLINE Size ElementsBeforeAligned(Operand<Element> const& left, Ope
 
 #if defined(VEXOR_SET_AVX512)
 
-/// Fetches the lines of some bytes into the first-level cache, for stores or for loads.
-template <int bytes, bool forStores>
-VEXOR_ALWAYS_INLINE void Prefetch(void const* from)
-{
-    VEXOR_UNROLL(24)
-    for (int k = 0; k < bytes; k += 64) {
-        auto const& line = *(static_cast<char const*>(from) + k);
-        if constexpr (forStores)
-            __asm__ volatile("prefetchw %0" : : "m"(line));
-        else
-            __asm__ volatile("prefetcht0 %0" : : "m"(line));
-    }
-}
-
 /// Runs an operation that never fails, `blocks.From(i)` for `width` elements from i on, over at least three registers of
 /// elements. The first and the last elements outside of whole aligned registers are computed with neighbours that are
 /// computed twice: 1,000 points take 20 ns less than with the plain loop for 8 of them. Both registers are computed
@@ -84,12 +70,11 @@ VEXOR_ALWAYS_INLINE void RunBlocks(Blocks const& blocks, Element* results, Size 
     Lanes<3> const second = blocks.From(i);
     StoreLanes<3, order, blends>(results, first);
     StoreLanes<3, order, blends>(results + i * 3, second);
-    constexpr Size ahead = 88;
-    bool const isLarge = count > 10000;
+    bool const isLarge = count > largeCount;
     for (i += width; i + 2 * width <= count; i += width) {
-        if (isLarge && i + ahead < count) {
-            Prefetch<3 * width* int(sizeof(Element)), true>(results + (i + ahead) * 3);
-            blocks.PrefetchFrom(i + ahead);
+        if (isLarge && i + prefetchDistance < count) {
+            Prefetch<3 * width* int(sizeof(Element)), true>(results + (i + prefetchDistance) * 3);
+            blocks.PrefetchFrom(i + prefetchDistance);
         }
         StoreLanes<3, order, blends>(results + i * 3, blocks.From(i));
     }
@@ -111,10 +96,8 @@ struct PairBlocks {
 
     VEXOR_ALWAYS_INLINE void PrefetchFrom(Size i) const
     {
-        if (!left.operand.isOne)
-            Prefetch<leftSize * width* int(sizeof(Element)), false>(left.operand.data + i * leftSize);
-        if (!right.operand.isOne)
-            Prefetch<rightSize * width* int(sizeof(Element)), false>(right.operand.data + i * rightSize);
+        left.PrefetchFrom(i);
+        right.PrefetchFrom(i);
     }
 
     Source<leftSize, Element, orderOfThrees> left;
@@ -907,6 +890,7 @@ VEXOR_ALWAYS_INLINE bool TestLanes(Lanes<size> const& left, Lanes<size> const& r
     }
 }
 
+/// With AVX2 and AVX-512 `IsParallelTo` of 1,000,000 elements takes 0.6 to 0.7 of the time without prefetching.
 template <TestOperation operation, int size, class Element>
 void Test(Operand<Element> left, Operand<Element> right, Limits<Element> const& limits,
           unsigned char* results, Size count)
@@ -917,8 +901,13 @@ void Test(Operand<Element> left, Operand<Element> right, Limits<Element> const& 
     Size i = ElementsBeforeAligned<size, size>(left, right, count);
     if (i > 0)
         plainKernel(left, right, limits, results, i);
+    bool const isLarge = count > largeCount;
     for (; i + width <= count; i += width) {
         Mask result;
+        if (isLarge && i + prefetchDistance < count) {
+            a.PrefetchFrom(i + prefetchDistance);
+            b.PrefetchFrom(i + prefetchDistance);
+        }
         if (__builtin_expect(TestLanes<operation, Element>(a.From(i), b.From(i), limits, result), 1))
             StoreBytes(results + i, result);
         else
