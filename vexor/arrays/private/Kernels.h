@@ -68,7 +68,7 @@ constexpr VectorKernels<Element> KernelsOf()
          If<OnPairs>(isWide || isDouble, RunCombined<DistanceToRule<Element>, P::DistanceTo, size, Element>),
          AngleKernel<size, Element>()},
         {Negate<size, Element>,
-         If<OnSingles>(size == 3 || width == 8 || (isWide && !isDouble),
+         If<OnSingles>(size == 3 || isWide,
                        Single<LengthSquaredRule, S::LengthSquared, size, 1, Element>),
          Single<LengthRule<Element>, S::Length, size, 1, Element>,
          If<OnSingles>(isWide || isDouble, NormalizeKernel<size, Element>())},

@@ -242,14 +242,11 @@ VEXOR_ALWAYS_INLINE Size RunRegisters(Left const& left, Right const& right, Elem
     using Vector = Register<Element, lanes>;
     constexpr int turns = 6;
     for (; j + turns * lanes <= end; j += turns * lanes) {
-        Vector sums[turns];
         VEXOR_UNROLL(24)
         for (int k = 0; k < turns; ++k)
-            sums[k] = Rule::Compute(left.template RegisterAt<Vector>(j + Size(k * lanes), k),
-                                    right.template RegisterAt<Vector>(j + Size(k * lanes), k));
-        VEXOR_UNROLL(24)
-        for (int k = 0; k < turns; ++k)
-            Store(results + j + k * lanes, sums[k]);
+            Store(results + j + k * lanes,
+                  Rule::Compute(left.template RegisterAt<Vector>(j + Size(k * lanes), k),
+                                right.template RegisterAt<Vector>(j + Size(k * lanes), k)));
     }
     return j;
 }
@@ -330,21 +327,24 @@ void Scale(Operand<Element> vectors, Operand<Element> scalars, Element* results,
         plainKernel(After(vectors, i, size), After(scalars, i, 1), results + i * size, count - i);
 }
 
+struct NegateRule {
+    template <class Vector>
+    VEXOR_ALWAYS_INLINE static Vector Compute(Vector const& a, Vector const& /*same*/)
+    {
+        return -a;
+    }
+};
+
 template <int size, class Element>
 void Negate(Element const* operands, Element* results, Size count)
 {
-    constexpr int lanes = lanesOf<Element>;
-    using Vector = Register<Element, lanes>;
     Size const elements = count * size;
     Size const begin = std::min(elements, ElementsBeforeAligned(results));
     Size i = 0;
     for (; i < begin; ++i)
         results[i] = -operands[i];
-    for (; i + 4 * lanes <= elements; i += 4 * lanes) {
-        VEXOR_UNROLL(24)
-        for (int k = 0; k < 4; ++k)
-            Store(results + i + k * lanes, -Load<Vector>(operands + i + k * lanes));
-    }
+    FlatArray<Element> const flat = {operands};
+    i = RunRegisters<NegateRule>(flat, flat, results, i, elements);
     for (; i < elements; ++i)
         results[i] = -operands[i];
 }
@@ -360,7 +360,10 @@ void ToSingle(double const* from, float* to, Size count)
 
 void ToDouble(float const* from, double* to, Size count)
 {
+    Size const begin = std::min(count, ElementsBeforeAligned(to));
     Size i = 0;
+    for (; i < begin; ++i)
+        to[i] = double(from[i]);
     for (; i + 4 * width <= count; i += 4 * width) {
         VEXOR_UNROLL(24)
         for (int k = 0; k < 4; ++k)
