@@ -54,12 +54,15 @@ Mat3Dbl MakeSymmetric(double const* n)
     return matrix;
 }
 
-/// Registers the loop over an operation and the array function in each instruction set.
-template <class Result, class MakeLeft, class MakeRight, class Operation, class Function>
-void Compare(std::string const& name, MakeLeft makeLeft, MakeRight makeRight, Operation operation,
-             Function function)
+/// The loop runs twice: how far its two times differ shows how exact the ratios are.
+constexpr char const* ownLoops[] = {"own loop", "own loop again"};
+
+/// Registers a loop over an array and the array function in each instruction set.
+template <class Result, class MakeLeft, class MakeRight, class Loop, class Function>
+void CompareLoops(std::string const& name, MakeLeft makeLeft, MakeRight makeRight, Loop loop, Function function)
 {
-    OverElements<Result>(name, "own loop", makeLeft, makeRight, operation);
+    for (char const* ownLoop : ownLoops)
+        OverArrays<Result>(name, ownLoop, makeLeft, makeRight, loop);
     for (int i = 1; KernelSet const* set = vexor::arrays::detail::RunnableSet(i); ++i) {
         OverArrays<Result>(name, set->name, makeLeft, makeRight,
                            [=](auto const* left, auto const* right, Result* results, std::size_t count) {
@@ -67,6 +70,20 @@ void Compare(std::string const& name, MakeLeft makeLeft, MakeRight makeRight, Op
                                function(left, right, results, count);
                            });
     }
+}
+
+/// The same for the loop over an operation on two elements.
+template <class Result, class MakeLeft, class MakeRight, class Operation, class Function>
+void Compare(std::string const& name, MakeLeft makeLeft, MakeRight makeRight, Operation operation,
+             Function function)
+{
+    CompareLoops<Result>(
+        name, makeLeft, makeRight,
+        [operation](auto const* left, auto const* right, Result* results, std::size_t count) {
+            for (std::size_t i = 0; i < count; ++i)
+                results[i] = operation(left[i], right[i]);
+        },
+        function);
 }
 
 #define PAIR(function)                                                                                       \
@@ -136,15 +153,10 @@ void ComparePoints(std::string const& of, Map const& map)
 template <class Result, class Make, class Loop, class Function>
 void CompareReduction(std::string const& name, Make make, Loop loop, Function function)
 {
-    OverArrays<Result>(name, "own loop", make, MakeNothing,
-                       [loop](auto const* a, Nothing const*, Result* r, std::size_t n) { *r = loop(a, n); });
-    for (int i = 1; KernelSet const* set = vexor::arrays::detail::RunnableSet(i); ++i) {
-        OverArrays<Result>(name, set->name, make, MakeNothing,
-                           [=](auto const* a, Nothing const*, Result* r, std::size_t n) {
-                               vexor::arrays::detail::chosen = set;
-                               *r = function(a, n);
-                           });
-    }
+    CompareLoops<Result>(
+        name, make, MakeNothing,
+        [loop](auto const* a, Nothing const*, Result* r, std::size_t n) { *r = loop(a, n); },
+        [function](auto const* a, Nothing const*, Result* r, std::size_t n) { *r = function(a, n); });
 }
 
 #define REDUCTION(function) [](auto const* a, std::size_t n) { return vexor::arrays::function(a, n); }
@@ -305,16 +317,16 @@ AffMat2Dbl const planeMap(Mat2Dbl(Vec2Dbl(0.6, 0.8), Vec2Dbl(-0.8, 0.6)), Vec2Db
             return values;
         },
         SINGLE(EigenSymValues));
-    Compare<Mat3Dbl>(
+    static std::vector<Vec3Dbl> values(std::end(arraySizes)[-1]);
+    CompareLoops<Mat3Dbl>(
         "EigenSym, Mat3Dbl", MakeSymmetric, MakeNothing,
-        [](Mat3Dbl const& a, Nothing) {
-            Mat3Dbl matrix(a);
-            Vec3Dbl values;
-            matrix.EigenSym(values, 1);
-            return matrix;
+        [](Mat3Dbl const* a, Nothing const*, Mat3Dbl* r, std::size_t n) {
+            for (std::size_t i = 0; i < n; ++i) {
+                r[i] = a[i];
+                r[i].EigenSym(values[i], 1);
+            }
         },
         [](auto const* a, auto const*, Mat3Dbl* r, std::size_t n) {
-            static std::vector<Vec3Dbl> values(std::end(arraySizes)[-1]);
             vexor::arrays::EigenSym(a, values.data(), r, n);
         });
     Compare<Quaternion>(
