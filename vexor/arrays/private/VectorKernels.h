@@ -711,12 +711,23 @@ void Normalize(double const* operands, double* results, Size count)
     Size i = ElementsBeforeAligned<size>(operands, count);
     if (i > 0)
         plainKernel(operands, results, i);
+    bool const isLarge = count > largeCount;
+    // Prefetches the vectors and unit vectors of some registers.
+    auto const prefetch = [&](auto registers) {
+        constexpr int bytes = registers * width * size * int(sizeof(double));
+        Size const ahead = i + prefetchDistance;
+        if (isLarge && ahead < count) {
+            Prefetch<bytes, false>(operands + ahead * size);
+            Prefetch<bytes, true>(results + ahead * size);
+        }
+    };
 #    if defined(VEXOR_SET_AVX512)
     // The root of the next register is under way while this one is divided: 1.06 times as fast.
     if (i + width <= count) {
         Measured<size> next(LoadLanes<size>(operands + i * size));
         for (; i + width <= count; i += width) {
             Measured<size> const current = next;
+            prefetch(std::integral_constant<int, 1>());
             if (i + 2 * width <= count)
                 next = Measured<size>(LoadLanes<size>(operands + (i + width) * size));
             current.Divide(Reciprocal(current.lengths, current.squared), operands + i * size,
@@ -728,6 +739,7 @@ void Normalize(double const* operands, double* results, Size count)
     // as fast as three.
     constexpr Size turn = 3 * width;
     for (; i + turn <= count; i += turn) {
+        prefetch(std::integral_constant<int, 3>());
         double const* const from = operands + i * size;
         double* const to = results + i * size;
         constexpr int step = width * size;
