@@ -143,8 +143,9 @@ void Test(TestOperation operation, Operand<Element> left, Operand<Element> right
     if (count == 0)
         return;
     Limits<Element> const limits = {
-        vexor::detail::AngularTolerance(angular), vexor::detail::LengthTolerance(length),
-        vexor::detail::LengthTolerance(Element(-1)), angular, vexor::detail::SquaredDistanceLimit(angular)};
+        vexor::detail::AngularTolerance(angular),     vexor::detail::LengthTolerance(length),
+        vexor::detail::LengthTolerance(Element(-1)),  angular,
+        vexor::detail::SquaredDistanceLimit(angular), angular < Element(0) && length < Element(0)};
     Copy<Element, dimension> const oneLeft(left);
     Copy<Element, dimension> const oneRight(right);
     auto const index = static_cast<int>(operation);

@@ -27,6 +27,7 @@ struct Limits {
     Element globalLength;
     Element distance; ///< as given by the caller
     Element squaredDistance;
+    bool areGlobal; ///< Whether the caller asked for the global tolerances.
 };
 
 template <class Element>
