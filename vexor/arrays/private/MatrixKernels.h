@@ -105,6 +105,9 @@ VEXOR_ALWAYS_INLINE void StoreMatrices(double* to, Lanes<9> const& matrices)
         to[j * matrixStride + 8] = last[j];
 }
 
+/// The bytes of a register's matrices.
+constexpr int matrixBytes = width * int(matrixStride) * int(sizeof(double));
+
 /// Matrices in lanes, from an array or from one.
 struct MatrixSource {
     VEXOR_ALWAYS_INLINE explicit MatrixSource(Operand<double> const& from) : operand(from), one()
@@ -121,14 +124,28 @@ struct MatrixSource {
         return operand.isOne ? one : LoadMatrices(operand.data + i * matrixStride);
     }
 
+    VEXOR_ALWAYS_INLINE void PrefetchFrom(Size i) const
+    {
+        if (!operand.isOne)
+            Prefetch<matrixBytes, false>(operand.data + i * matrixStride);
+    }
+
     Operand<double> operand;
     Lanes<9> one;
 };
 
 void GetRotationMatrix(double const* quaternions, double* results, Size count)
 {
+    // Two lanes pay off only where prefetching does.
+    if (width == 2 && count < largeCount) {
+        plain::kernels.getRotationMatrix(quaternions, results, count);
+        return;
+    }
+    bool const isLarge = count > largeCount;
     Size i = 0;
     for (; i + width <= count; i += width) {
+        if (isLarge && i + prefetchDistance < count)
+            Prefetch<matrixBytes, true>(results + (i + prefetchDistance) * matrixStride);
         Lanes<4> const q = LoadLanes<4>(quaternions + i * 4);
         Doubles const &u = q.c[0], &v = q.c[1], &w = q.c[2], &s = q.c[3];
         Doubles const uu = u * u, vv = v * v, ww = w * w, ss = s * s;
@@ -146,8 +163,14 @@ void MultiplyMatrices(Operand<double> left, Operand<double> right, double* resul
 {
     MatrixSource const leftSource(left);
     MatrixSource const rightSource(right);
+    bool const isLarge = count > largeCount;
     Size i = 0;
     for (; i + width <= count; i += width) {
+        if (isLarge && i + prefetchDistance < count) {
+            Prefetch<matrixBytes, true>(results + (i + prefetchDistance) * matrixStride);
+            leftSource.PrefetchFrom(i + prefetchDistance);
+            rightSource.PrefetchFrom(i + prefetchDistance);
+        }
         Lanes<9> const a = leftSource.From(i);
         Lanes<9> const b = rightSource.From(i);
         Lanes<9> product;
@@ -175,8 +198,14 @@ void MultiplyVectors(Operand<double> matrices, Operand<double> vectors, double* 
     }
     MatrixSource const matrixSource(matrices);
     Source<3, double> const vectorSource(vectors);
+    bool const isLarge = count > largeCount;
     Size i = 0;
     for (; i + width <= count; i += width) {
+        if (isLarge && i + prefetchDistance < count) {
+            Prefetch<3 * width* int(sizeof(double)), true>(results + (i + prefetchDistance) * 3);
+            matrixSource.PrefetchFrom(i + prefetchDistance);
+            vectorSource.PrefetchFrom(i + prefetchDistance);
+        }
         Lanes<9> const m = matrixSource.From(i);
         Lanes<3> const v = vectorSource.From(i);
         Lanes<3> product;

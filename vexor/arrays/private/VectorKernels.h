@@ -128,7 +128,14 @@ VEXOR_ALWAYS_INLINE void RunPair(Operand<Element> const& left, Operand<Element> 
         plainKernel(left, right, results, i);
     Source<leftSize, Element> const a(left);
     Source<rightSize, Element> const b(right);
+    bool const isLarge = count > largeCount;
     for (; i + width <= count; i += width) {
+        if (isLarge && i + prefetchDistance < count) {
+            Prefetch<resultSize * width* int(sizeof(Element)), true>(results
+                                                                     + (i + prefetchDistance) * resultSize);
+            a.PrefetchFrom(i + prefetchDistance);
+            b.PrefetchFrom(i + prefetchDistance);
+        }
         Lanes<resultSize> result;
         if (__builtin_expect(Rule::Compute(a.From(i), b.From(i), result), 1))
             StoreLanes(results + i * resultSize, result);
@@ -968,28 +975,65 @@ VEXOR_ALWAYS_INLINE Doubles Alternating(double even, double odd, At<i...>)
     return Shuffle(All(even), All(odd), At<(i % 2 == 0 ? i : width + i)...>());
 }
 
-/// Points of the plane need not be split: each register holds x and y of its points in turn.
+/// A map of points of the plane. They need not be split: each register holds x and y of its points in turn.
 template <MapOperation operation>
-void MapInPlane(double const* map, double const* operands, double* results, Size count)
-{
-    Doubles const x = Alternating(map[0], map[2], Indices<width>());
-    Doubles const y = Alternating(map[1], map[3], Indices<width>());
-    Doubles translation = {};
-    if constexpr (operation == MapOperation::Affine)
-        translation = Alternating(map[4], map[5], Indices<width>());
-    constexpr int points = width / 2;
-    Size i = ElementsBeforeAligned<2>(operands, count);
-    if (i > 0)
-        plain::kernels.inPlane.maps[int(operation)](map, operands, results, i);
-    for (; i + points <= count; i += points) {
-        Doubles const p = Load<Doubles>(operands + i * 2);
+struct MappingInPlane {
+    VEXOR_ALWAYS_INLINE explicit MappingInPlane(double const* map)
+        : x(Alternating(map[0], map[2], Indices<width>())),
+          y(Alternating(map[1], map[3], Indices<width>())),
+          translation()
+    {
+        if constexpr (operation == MapOperation::Affine)
+            translation = Alternating(map[4], map[5], Indices<width>());
+    }
+
+    /// Maps a register of points.
+    VEXOR_ALWAYS_INLINE Doubles Of(double const* points) const
+    {
+        Doubles const p = Load<Doubles>(points);
         Doubles sum = x * Doubled<0>(p, Indices<width>()) + y * Doubled<1>(p, Indices<width>());
         if constexpr (operation == MapOperation::Affine)
             sum = sum + translation;
-        Store(results + i * 2, sum);
+        return sum;
     }
-    if (i < count)
-        plain::kernels.inPlane.maps[int(operation)](map, operands + i * 2, results + i * 2, count - i);
+
+    Doubles x;
+    Doubles y;
+    Doubles translation;
+};
+
+/// The results are stored at multiples of a register's length. The first and the last points outside of them are
+/// mapped before any result is stored, together with neighbours that are mapped twice.
+template <MapOperation operation>
+void MapInPlane(double const* map, double const* operands, double* results, Size count)
+{
+    constexpr Size points = width / 2;
+    if (count < points) {
+        plain::kernels.inPlane.maps[int(operation)](map, operands, results, count);
+        return;
+    }
+    MappingInPlane<operation> const mapping(map);
+    Size const end = count * 2;
+    Doubles const first = mapping.Of(operands);
+    Doubles const last = mapping.Of(operands + end - width);
+    Size j = points == 1 ? 0 : ElementsBeforeAligned(results) & ~Size(1);
+    constexpr int turns = 4;
+    bool const isLarge = count > largeCount;
+    for (; j + turns * width <= end; j += turns * width) {
+        if (isLarge && j + 3 * prefetchDistance < end) {
+            Prefetch<turns* int(sizeof(Doubles)), true>(results + j + 3 * prefetchDistance);
+            Prefetch<turns* int(sizeof(Doubles)), false>(operands + j + 3 * prefetchDistance);
+        }
+        VEXOR_UNROLL(24)
+        for (int k = 0; k < turns; ++k)
+            Store(results + j + k * width, mapping.Of(operands + j + k * width));
+    }
+    for (; j + width <= end; j += width)
+        Store(results + j, mapping.Of(operands + j));
+    if (points == 1)
+        return;
+    Store(results, first);
+    Store(results + end - width, last);
 }
 
 /// A map of points in lanes.
