@@ -74,9 +74,9 @@ void NormalizeRegisters(std::size_t count)
             Hide(vectors.c[1]);
             Hide(vectors.c[2]);
             Measured<3> const measured(vectors);
-            Lanes<3> const units = measured.UnitVectors(turn == 3 && k != 1
-                                                            ? All(1.0) / measured.lengths
-                                                            : Reciprocal(measured.lengths, measured.squared));
+            Lanes<3> const units =
+                measured.UnitVectors(turn == 3 && k != 1 ? All(1.0) / measured.lengths
+                                                         : Reciprocal(measured.lengths, measured.squared));
             Keep(units.c[0]);
             Keep(units.c[1]);
             Keep(units.c[2]);

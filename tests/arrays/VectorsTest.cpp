@@ -136,8 +136,9 @@ TEST(ArraysNormalize, ManyVectors)
             vector[k] = std::ldexp(engine() % 2 ? number : -number, int(engine() % 40) - 20);
         }
         if (engine() % 8 == 0) { // powers of two beside a length that is 2 − 2^-52, or close to it
-            vector = Vec3Dbl(2.0 - double(1 + engine() % 4) * 0x1p-52, std::ldexp(1.0, -28 - int(engine() % 9)),
-                             std::ldexp(1.0, -28 - int(engine() % 9)));
+            vector =
+                Vec3Dbl(2.0 - double(1 + engine() % 4) * 0x1p-52, std::ldexp(1.0, -28 - int(engine() % 9)),
+                        std::ldexp(1.0, -28 - int(engine() % 9)));
         }
         if (engine() % 16 == 0)
             vector *= std::ldexp(1.0, int(engine() % 1200) - 600);

@@ -59,7 +59,8 @@ constexpr char const* ownLoops[] = {"own loop", "own loop again"};
 
 /// Registers a loop over an array and the array function in each instruction set.
 template <class Result, class MakeLeft, class MakeRight, class Loop, class Function>
-void CompareLoops(std::string const& name, MakeLeft makeLeft, MakeRight makeRight, Loop loop, Function function)
+void CompareLoops(std::string const& name, MakeLeft makeLeft, MakeRight makeRight, Loop loop,
+                  Function function)
 {
     for (char const* ownLoop : ownLoops)
         OverArrays<Result>(name, ownLoop, makeLeft, makeRight, loop);
