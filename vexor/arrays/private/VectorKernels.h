@@ -148,6 +148,7 @@ VEXOR_ALWAYS_INLINE void RunPair(Operand<Element> const& left, Operand<Element> 
                     count - i);
 }
 
+/// Runs `Rule::Compute(operand, result)`. `Length` of 1,000,000 Vec3Dbl takes half of the time without prefetching.
 template <class Rule, int size, int resultSize, class Element>
 VEXOR_ALWAYS_INLINE void RunSingle(Element const* operands, Element* results, Size count,
                                    SingleKernel<Element> plainKernel)
@@ -156,8 +157,11 @@ VEXOR_ALWAYS_INLINE void RunSingle(Element const* operands, Element* results, Si
     Size i = ElementsBeforeAligned<size>(operands, count);
     if (i > 0)
         plainKernel(operands, results, i);
+    bool const isLarge = count > largeCount;
     for (; i + width <= count; i += width) {
         Lanes<resultSize> result;
+        if (isLarge && i + prefetchDistance < count)
+            Prefetch<size * width* int(sizeof(Element)), false>(operands + (i + prefetchDistance) * size);
         if (__builtin_expect(Rule::Compute(LoadLanes<size, order>(operands + i * size), result), 1))
             StoreLanes<resultSize, order>(results + i * resultSize, result);
         else
