@@ -3,6 +3,7 @@
 #include <vexor/arrays/private/VectorKernels.h>
 
 #include <algorithm>
+#include <limits>
 
 // What bounds an array function from below: parts of its work that no implementation of the rule can leave out, each
 // part alone. Each source that includes this file defines one instruction set.
@@ -97,6 +98,12 @@ struct Lines {
         next += -reinterpret_cast<std::intptr_t>(next) & (line - 1);
     }
 
+    /// How many blocks of so many bytes are left.
+    VEXOR_ALWAYS_INLINE std::ptrdiff_t Blocks(std::ptrdiff_t bytes) const
+    {
+        return bytes > 0 ? (end - next) / bytes : std::numeric_limits<std::ptrdiff_t>::max();
+    }
+
     /// Whether so many bytes are left.
     VEXOR_ALWAYS_INLINE bool Holds(std::ptrdiff_t bytes) const { return end - next >= bytes; }
 
@@ -126,14 +133,6 @@ VEXOR_ALWAYS_INLINE void Write(char* to, Doubles const& value)
     }
 }
 
-template <int bytes, bool isWritten>
-VEXOR_ALWAYS_INLINE void Prefetch(char const* at)
-{
-    VEXOR_UNROLL(64)
-    for (int k = 0; k < bytes; k += line)
-        __builtin_prefetch(at + k, isWritten);
-}
-
 /// Reads all whole lines of two operands of `left` and `right` bytes an element, writes those of the results,
 /// and computes nothing. It goes by 8 elements, with the widest registers, all aligned. The stores, and the loads
 /// too, can be prefetched by a number of lines.
@@ -145,20 +144,25 @@ void Move(std::size_t count)
     Lines to(arrays[2], std::ptrdiff_t(count * result));
     Doubles value = All(1.0);
     Hide(value);
-    while (a.Holds(8 * left) && b.Holds(8 * right) && to.Holds(8 * result)) {
+    std::ptrdiff_t const blocks = std::min({a.Blocks(8 * left), b.Blocks(8 * right), to.Blocks(8 * result)});
+    VEXOR_UNROLL(2)
+    for (std::ptrdiff_t i = 0; i < blocks; ++i) {
+        char const* const fromA = a.next + i * (8 * left);
+        char const* const fromB = b.next + i * (8 * right);
+        char* const toResult = to.next + i * (8 * result);
         if constexpr (storesAhead > 0)
-            Prefetch<8 * result, true>(to.next + storesAhead * line);
+            Prefetch<8 * result, true>(toResult + storesAhead * line);
         if constexpr (loadsAhead > 0) {
-            Prefetch<8 * left, false>(a.next + loadsAhead * line);
-            Prefetch<8 * right, false>(b.next + loadsAhead * line);
+            Prefetch<8 * left, false>(fromA + loadsAhead * line);
+            Prefetch<8 * right, false>(fromB + loadsAhead * line);
         }
-        Read<8 * left>(a.next);
-        Read<8 * right>(b.next);
-        Write<8 * result>(to.next, value);
-        a.next += 8 * left;
-        b.next += 8 * right;
-        to.next += 8 * result;
+        Read<8 * left>(fromA);
+        Read<8 * right>(fromB);
+        Write<8 * result>(toResult, value);
     }
+    a.next += blocks * (8 * left);
+    b.next += blocks * (8 * right);
+    to.next += blocks * (8 * result);
     for (; a.Holds(line); a.next += line)
         Read<line>(a.next);
     for (; b.Holds(line); b.next += line)
@@ -231,23 +235,25 @@ void LimitMoving(std::string const& operation)
     LimitMoving<matrix, 0, vector>("EigenSym 3x3");
     LimitMoving<vector, 0, 0>("Sum");
 
-    // The products and sums of each rule. The shuffles are the fewest known that only one port executes: those
-    // that split three registers of vectors into components, and those that join them again. Blends do not count.
+    // The products and sums of each rule, and the fewest shuffles known that split three registers of vectors into
+    // components and join them again. Only one port executes a shuffle. Blends count as sums with AVX-512, where
+    // both need one of the same two ports, and do not count with AVX2.
     constexpr bool isWidest = width == 8;
-    constexpr int split = isWidest ? 6 : 2;
-    constexpr int join = isWidest ? 6 : 4;
+    constexpr int split = isWidest ? 4 : 2;
+    constexpr int join = isWidest ? 2 : 4;
+    constexpr int blends = isWidest ? 2 : 0; // of one operand's split; the stores of some lanes join without
     Limit("Affine map x point", "arithmetic", Compute<9, 9>);
-    Limit("Affine map x point", "arithmetic and shuffles", Compute<9, 9, std::min(9, split + join)>);
+    Limit("Affine map x point", "arithmetic and shuffles", Compute<9, 9 + blends, split + join>);
     Limit("RotatePoint", "arithmetic", Compute<24, 17>);
-    Limit("RotatePoint", "arithmetic and shuffles", Compute<24, 17, split + join>);
+    Limit("RotatePoint", "arithmetic and shuffles", Compute<24, 17 + blends, split + join>);
     Limit("Cross", "arithmetic", Compute<6, 3>);
-    Limit("Cross", "arithmetic and shuffles", Compute<6, 3, 2 * split + join>);
+    Limit("Cross", "arithmetic and shuffles", Compute<6, 3 + 2 * blends, 2 * split + join>);
     // Of Normalize, the operations of the method: a root, the reciprocal's and the quotients' fused operations
     // (an estimate of 14 bits counts as one), and four comparisons as sums. Three divisions take longer.
     constexpr int fused = isWidest ? 7 + 9 : 9 + 9;
     Limit("Normalize", "roots", Compute<0, 0, 0, 1>);
     Limit("Normalize", "arithmetic", Compute<3 + fused, 2 + 1 + 4, 0, 1>);
-    Limit("Normalize", "arithmetic and shuffles", Compute<3 + fused, 2 + 1 + 4, split + join, 1>);
+    Limit("Normalize", "arithmetic and shuffles", Compute<3 + fused, 2 + 1 + 4 + blends, split + join, 1>);
     Limit("Normalize", "chain of roots and quotients", NormalizeRegisters);
     Limit("Solve 3x3", "divisions", Compute<0, 0, 0, 0, 6>);
     Limit("Invert 3x3", "divisions", Compute<0, 0, 0, 0, 6>);
