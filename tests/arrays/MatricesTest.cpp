@@ -77,6 +77,56 @@ TEST(ArraysMatrices, EveryOrderOfPivots)
     }
 }
 
+// The solution skips leading zeros of the right-hand side in the order of the pivots: a −0 behind them is not
+// subtracted from.
+TEST(ArraysMatrices, LeadingZeros)
+{
+    Mat3Dbl const matrix(Vec3Dbl(4.0, 0.0, 0.0), Vec3Dbl(-2.0, 4.0, 0.0), Vec3Dbl(0.0, 0.0, 4.0));
+    WithEachSet([&](std::string const& set) {
+        std::vector<Mat3Dbl> const matrices(laneCount, matrix);
+        std::vector<Vec3Dbl> const rightSides(laneCount, Vec3Dbl(0.0, -0.0, 4.0));
+        std::vector<Vec3Dbl> solutions(laneCount);
+        vexor::arrays::Solve(matrices, rightSides, solutions);
+        for (Vec3Dbl const& solution : solutions)
+            EXPECT_TRUE(SameNumbers(solution, Vec3Dbl(0.0, -0.0, 1.0))) << set;
+    });
+
+    Operands operands(10);
+    double const numbers[4] = {0.0, -0.0, 1.0, -3.0};
+    for (int repeat = 0; repeat < 100; ++repeat) {
+        auto const matrices = operands.Many<Mat3Dbl>(laneCount, Kind::Ordinary);
+        std::vector<Vec3Dbl> rightSides(laneCount);
+        for (Vec3Dbl& rightSide : rightSides)
+            rightSide =
+                Vec3Dbl(numbers[operands.Pick(4)], numbers[operands.Pick(4)], numbers[operands.Pick(4)]);
+        ASSERT_NO_FATAL_FAILURE(ComparePair("Solve", matrices, rightSides, solve, Solution, false));
+    }
+}
+
+// A matrix without a first, second or third pivot, and one with a row of zeros or NaN, in each lane.
+TEST(ArraysMatrices, SingularInEachLane)
+{
+    using vexor_test::nan;
+    Mat3Dbl const singular[] = {
+        Mat3Dbl(Vec3Dbl(0.0, 1.0, 2.0), Vec3Dbl(0.0, 3.0, 5.0), Vec3Dbl(0.0, 2.0, 7.0)),
+        Mat3Dbl(Vec3Dbl(1.0, 2.0, 3.0), Vec3Dbl(2.0, 4.0, 1.0), Vec3Dbl(4.0, 8.0, 5.0)),
+        Mat3Dbl(Vec3Dbl(1.0, 2.0, 3.0), Vec3Dbl(2.0, 1.0, 0.0), Vec3Dbl(3.0, 3.0, 3.0)),
+        Mat3Dbl(Vec3Dbl(1.0, 2.0, 3.0), Vec3Dbl(0.0, 0.0, 0.0), Vec3Dbl(3.0, 1.0, 3.0)),
+        Mat3Dbl(Vec3Dbl(nan, nan, nan), Vec3Dbl(2.0, 1.0, 0.0), Vec3Dbl(3.0, 1.0, 3.0)),
+    };
+    Operands operands(11);
+    for (Mat3Dbl const& matrix : singular) {
+        for (std::size_t lane = 0; lane < laneCount; ++lane) {
+            auto matrices = operands.Many<Mat3Dbl>(laneCount, Kind::Ordinary);
+            auto const rightSides = operands.Many<Vec3Dbl>(laneCount, Kind::Ordinary);
+            matrices[lane] = matrix;
+            EXPECT_THROW(Inverse(matrix), VexorSingular);
+            ASSERT_NO_FATAL_FAILURE(CompareSingle("Invert", matrices, invert, Inverse, false));
+            ASSERT_NO_FATAL_FAILURE(ComparePair("Solve", matrices, rightSides, solve, Solution, false));
+        }
+    }
+}
+
 TEST(ArraysMatrices, EigenValues)
 {
     auto const values = [](Mat3Dbl const* from, Vec3Dbl* to, std::size_t count) {

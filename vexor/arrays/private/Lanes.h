@@ -215,6 +215,87 @@ VEXOR_ALWAYS_INLINE Doubles Magnitude(Doubles const& values)
                                      & (0x7fffffffffffffffLL - Integers{}));
 }
 
+// Of equal numbers the first one is kept, and of a NaN and a number too. That is what the instructions of x86 for the
+// lesser and the greater of two do.
+#if defined(VEXOR_SET_AVX512)
+VEXOR_ALWAYS_INLINE Doubles Lesser(Doubles const& next, Doubles const& first)
+{
+    return _mm512_maskz_min_pd(0xff, next, first); // GCC 12 warns about the form without a mask
+}
+VEXOR_ALWAYS_INLINE Doubles Greater(Doubles const& next, Doubles const& first)
+{
+    return _mm512_maskz_max_pd(0xff, next, first);
+}
+#elif defined(VEXOR_SET_AVX2)
+VEXOR_ALWAYS_INLINE Doubles Lesser(Doubles const& next, Doubles const& first)
+{
+    return _mm256_min_pd(next, first);
+}
+VEXOR_ALWAYS_INLINE Doubles Greater(Doubles const& next, Doubles const& first)
+{
+    return _mm256_max_pd(next, first);
+}
+#elif defined(__SSE2__)
+VEXOR_ALWAYS_INLINE Doubles Lesser(Doubles const& next, Doubles const& first)
+{
+    return _mm_min_pd(next, first);
+}
+VEXOR_ALWAYS_INLINE Doubles Greater(Doubles const& next, Doubles const& first)
+{
+    return _mm_max_pd(next, first);
+}
+#endif
+#if defined(VEXOR_SET_AVX512) || defined(VEXOR_SET_AVX2)
+using MoreSingles = Register<float, 8>;
+VEXOR_ALWAYS_INLINE MoreSingles Lesser(MoreSingles const& next, MoreSingles const& first)
+{
+    return _mm256_min_ps(next, first);
+}
+VEXOR_ALWAYS_INLINE MoreSingles Greater(MoreSingles const& next, MoreSingles const& first)
+{
+    return _mm256_max_ps(next, first);
+}
+#elif defined(__SSE2__)
+using MoreSingles = Register<float, 4>;
+VEXOR_ALWAYS_INLINE MoreSingles Lesser(MoreSingles const& next, MoreSingles const& first)
+{
+    return _mm_min_ps(next, first);
+}
+VEXOR_ALWAYS_INLINE MoreSingles Greater(MoreSingles const& next, MoreSingles const& first)
+{
+    return _mm_max_ps(next, first);
+}
+#else
+template <class Vector>
+VEXOR_ALWAYS_INLINE Vector Lesser(Vector const& next, Vector const& first)
+{
+    return next < first ? next : first;
+}
+template <class Vector>
+VEXOR_ALWAYS_INLINE Vector Greater(Vector const& next, Vector const& first)
+{
+    return next > first ? next : first;
+}
+#endif
+
+/// Exchanges two registers where the mask is set.
+VEXOR_ALWAYS_INLINE void Exchange(Mask const& mask, Doubles& a, Doubles& b)
+{
+    Doubles const before = a;
+    a = Select(mask, b, a);
+    b = Select(mask, before, b);
+}
+
+/// Exchanges the first register with the second or with the third. No lane is set in both masks.
+VEXOR_ALWAYS_INLINE void Exchange(Mask const& withSecond, Mask const& withThird, Doubles& a, Doubles& b,
+                                  Doubles& c)
+{
+    Doubles const before = a;
+    a = Select(withThird, c, Select(withSecond, b, a));
+    b = Select(withSecond, before, b);
+    c = Select(withThird, before, c);
+}
+
 /// Stores a mask as bytes that are 1 or 0.
 VEXOR_ALWAYS_INLINE void StoreBytes(unsigned char* to, Mask const& mask)
 {

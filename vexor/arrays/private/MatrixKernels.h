@@ -1,6 +1,8 @@
 #pragma once
 #include <vexor/arrays/private/VectorKernels.h>
 
+#include <algorithm>
+
 // Arrays of quaternions and of matrices.
 
 VEXOR_SET_BEGIN
@@ -219,165 +221,235 @@ void MultiplyVectors(Operand<double> matrices, Operand<double> vectors, double* 
                                        results + i * 3, count - i);
 }
 
-/// The factorisation of `Mat3Dbl::Solve`, with rows exchanged by masks.
+/// The factorisation of `Mat3Dbl::Solve` in three steps. Rows are exchanged by masks.
 struct Factors {
     Doubles rows[3][3]; ///< reciprocals on the diagonal
-    Doubles order[3];   ///< the row of the matrix that acts as row i, as a number
+    Doubles scales[3];
+    Mask withSecond;   ///< where the first row was exchanged with the second
+    Mask withThird;    ///< where the first row was exchanged with the third
+    Mask areExchanged; ///< where the last two rows were exchanged after that
+    Mask areRegular;   ///< where each pivot is greater than 0
 
-    /// Exchanges row j with row i where the mask is set.
-    VEXOR_ALWAYS_INLINE void Exchange(int j, int i, Mask const& mask, Doubles (&scales)[3])
+    VEXOR_ALWAYS_INLINE void Begin(Lanes<9> const& matrices)
     {
-        auto const exchange = [&mask](Doubles& a, Doubles& b) {
-            Doubles const before = a;
-            a = Select(mask, b, a);
-            b = Select(mask, before, b);
-        };
-        VEXOR_UNROLL(24)
-        for (int k = 0; k < 3; ++k)
-            exchange(rows[j][k], rows[i][k]);
-        exchange(order[j], order[i]);
-        exchange(scales[j], scales[i]);
-    }
-
-    /// False if a lane's matrix is singular.
-    VEXOR_ALWAYS_INLINE bool Decompose(Lanes<9> const& matrix)
-    {
-        Doubles const zero = {};
-        Doubles scales[3];
-        Mask isSingular = Less(zero, zero);
         VEXOR_UNROLL(24)
         for (int i = 0; i < 3; ++i) {
-            Doubles largest = zero;
+            Doubles largest = Magnitude(matrices.c[3 * i]);
             VEXOR_UNROLL(24)
             for (int k = 0; k < 3; ++k) {
-                rows[i][k] = matrix.c[3 * i + k];
-                Doubles const magnitude = Magnitude(rows[i][k]);
-                largest = Select(Less(largest, magnitude), magnitude, largest); // ignores a NaN
+                rows[i][k] = matrices.c[3 * i + k];
+                if (k > 0)
+                    largest = Greater(Magnitude(rows[i][k]), largest);
             }
-            isSingular = Or(isSingular, Equal(largest, zero));
+            // A NaN counts only in the first place. It makes the scale factor a NaN, zeros make it infinite: then
+            // all candidates of the row are NaN, and it is left for the last pivot, where the lane is singular.
             scales[i] = All(1.0) / largest;
-            order[i] = All(double(i));
         }
+    }
 
+    VEXOR_ALWAYS_INLINE void EliminateFirst()
+    {
+        Doubles candidates[3];
         VEXOR_UNROLL(24)
-        for (int j = 0; j < 3; ++j) {
-            if (j == 2)
-                rows[1][2] = rows[1][2] - rows[0][2] * rows[1][0];
-            Doubles candidates[3];
-            VEXOR_UNROLL(24)
-            for (int i = j; i < 3; ++i) {
-                if (j == 1)
-                    rows[i][1] = rows[i][1] - rows[0][1] * rows[i][0];
-                if (j == 2)
-                    rows[i][2] = rows[i][2] - (rows[0][2] * rows[i][0] + rows[1][2] * rows[i][1]);
-                candidates[i] = Magnitude(rows[i][j]) * scales[i];
-            }
-            // The first of equals is kept, and a NaN never wins.
-            Mask const isFirst = Less(zero, candidates[j]);
-            Doubles best = Select(isFirst, candidates[j], zero);
-            Mask isBetter[3] = {isFirst, isFirst, isFirst};
-            VEXOR_UNROLL(24)
-            for (int i = j + 1; i < 3; ++i) {
-                isBetter[i] = Less(best, candidates[i]);
-                best = Select(isBetter[i], candidates[i], best);
-            }
-            isSingular = Or(isSingular, Not(Less(zero, best)));
-            if (j == 0) {
-                Exchange(0, 1, And(isBetter[1], Not(isBetter[2])), scales);
-                Exchange(0, 2, isBetter[2], scales);
-            }
-            if (j == 1)
-                Exchange(1, 2, isBetter[2], scales);
-
-            Doubles const reciprocal = All(1.0) / rows[j][j];
-            rows[j][j] = reciprocal;
-            VEXOR_UNROLL(24)
-            for (int i = j + 1; i < 3; ++i)
-                rows[i][j] = rows[i][j] * reciprocal;
-        }
-        return !HasAny(isSingular);
+        for (int i = 0; i < 3; ++i)
+            candidates[i] = Magnitude(rows[i][0]) * scales[i];
+        // The first of equals is kept. A NaN never wins; if it is the first, the lane counts as singular.
+        Doubles const better = Greater(candidates[1], candidates[0]);
+        withThird = Less(better, candidates[2]);
+        withSecond = And(Less(candidates[0], candidates[1]), Not(withThird));
+        areRegular = Less(Doubles{}, Greater(candidates[2], better));
+        VEXOR_UNROLL(24)
+        for (int k = 0; k < 3; ++k)
+            Exchange(withSecond, withThird, rows[0][k], rows[1][k], rows[2][k]);
+        scales[1] = Select(withSecond, scales[0], scales[1]);
+        scales[2] = Select(withThird, scales[0], scales[2]);
+        rows[0][0] = All(1.0) / rows[0][0];
     }
 
-    /// Solves for a right-hand side that is in the order of the factors. Its leading zeros are skipped.
-    VEXOR_ALWAYS_INLINE void Substitute(Doubles (&v)[3]) const
+    VEXOR_ALWAYS_INLINE void EliminateOthers()
     {
-        Doubles const zero = {};
-        Mask const leads = Equal(v[0], zero);
-        Mask const isZero = Equal(v[1], zero);
-        Doubles const v1 = Select(leads, v[1], v[1] - v[0] * rows[1][0]);
-        Doubles const all = v[2] - (v[0] * rows[2][0] + v1 * rows[2][1]);
-        Doubles const rest = Select(isZero, v[2], v[2] - v1 * rows[2][1]);
-        v[1] = v1;
-        v[2] = Select(leads, rest, all);
-        v[2] = v[2] * rows[2][2];
-        v[1] = v[1] - v[2] * rows[1][2];
-        v[1] = v[1] * rows[1][1];
-        v[0] = v[0] - (v[1] * rows[0][1] + v[2] * rows[0][2]);
-        v[0] = v[0] * rows[0][0];
+        rows[1][0] = rows[1][0] * rows[0][0];
+        rows[2][0] = rows[2][0] * rows[0][0];
+        rows[1][1] = rows[1][1] - rows[0][1] * rows[1][0];
+        rows[2][1] = rows[2][1] - rows[0][1] * rows[2][0];
+        Doubles const candidate = Magnitude(rows[1][1]) * scales[1];
+        Doubles const other = Magnitude(rows[2][1]) * scales[2];
+        areExchanged = Less(candidate, other);
+        VEXOR_UNROLL(24)
+        for (int k = 0; k < 3; ++k)
+            Exchange(areExchanged, rows[1][k], rows[2][k]);
+        scales[2] = Select(areExchanged, scales[1], scales[2]);
+        rows[1][1] = All(1.0) / rows[1][1];
+        rows[2][1] = rows[2][1] * rows[1][1];
+        rows[1][2] = rows[1][2] - rows[0][2] * rows[1][0];
+        rows[2][2] = rows[2][2] - (rows[0][2] * rows[2][0] + rows[1][2] * rows[2][1]);
+        Doubles const last = Magnitude(rows[2][2]) * scales[2];
+        rows[2][2] = All(1.0) / rows[2][2];
+        areRegular = And(And(areRegular, Less(Doubles{}, Greater(other, candidate))), Less(Doubles{}, last));
     }
 
-    /// Of three values that belong to the rows of the matrix, the one for row i of the factors.
-    VEXOR_ALWAYS_INLINE Doubles Ordered(int i, Lanes<3> const& values) const
+    /// Brings values that belong to the rows of the matrices into the order of the factors.
+    VEXOR_ALWAYS_INLINE void Order(Doubles& a, Doubles& b, Doubles& c) const
     {
-        return Select(Equal(order[i], Doubles{}), values.c[0],
-                      Select(Equal(order[i], All(1.0)), values.c[1], values.c[2]));
+        Exchange(withSecond, withThird, a, b, c);
+        Exchange(areExchanged, b, c);
+    }
+
+    /// The converse of `Order`.
+    VEXOR_ALWAYS_INLINE void Restore(Doubles& a, Doubles& b, Doubles& c) const
+    {
+        Exchange(areExchanged, b, c);
+        Exchange(withSecond, withThird, a, b, c);
     }
 };
 
-void Solve(Operand<double> matrices, Operand<double> rightSides, double* results, Size count)
+/// Calls `task.Finish` with the factors of the matrices from i on, or `task.RunPlain` if one of them is singular.
+/// The factorisation of a register's matrices is a chain of four divisions. Each step is a loop over several
+/// registers, so that the CPU overlaps their chains: 1.3 to 1.4 times as fast as register by register.
+template <class Task>
+VEXOR_ALWAYS_INLINE void RunFactors(Task const& task, Size count)
 {
-    MatrixSource const matrixSource(matrices);
-    Source<3, double> const vectorSource(rightSides);
+    constexpr Size most = 4;
+    // The steps reach memory in bursts: a million matrices take 1.3 times as long without prefetching.
+    constexpr Size distance = 32;
+    Factors factors[most];
     Size i = 0;
-    for (; i + width <= count; i += width) {
-        Factors factors;
-        if (__builtin_expect(!factors.Decompose(matrixSource.From(i)), 0)) {
-            plain::kernels.solve(After(matrices, i, matrixStride), After(rightSides, i, 3), results + i * 3,
-                                 width);
-            continue;
+    while (count - i >= width) {
+        Size const registers = std::min(most, (count - i) / width);
+        for (Size k = 0; k < registers; ++k) {
+            Size const ahead = i + k * width + distance;
+            if (ahead < count)
+                Prefetch<matrixBytes, false>(task.matrices + ahead * matrixStride);
+            factors[k].Begin(LoadMatrices(task.matrices + (i + k * width) * matrixStride));
         }
-        Lanes<3> const values = vectorSource.From(i);
-        Doubles v[3] = {factors.Ordered(0, values), factors.Ordered(1, values), factors.Ordered(2, values)};
-        factors.Substitute(v);
-        StoreLanes(results + i * 3, Lanes<3>{{v[0], v[1], v[2]}});
+        for (Size k = 0; k < registers; ++k) {
+            if (i + k * width + distance < count)
+                task.PrefetchFrom(i + k * width + distance);
+            factors[k].EliminateFirst();
+        }
+        for (Size k = 0; k < registers; ++k)
+            factors[k].EliminateOthers();
+        for (Size k = 0; k < registers; ++k, i += width) {
+            if (__builtin_expect(HasAll(factors[k].areRegular), 1))
+                task.Finish(factors[k], i);
+            else
+                task.RunPlain(i, width);
+        }
     }
     if (i < count)
-        plain::kernels.solve(After(matrices, i, matrixStride), After(rightSides, i, 3), results + i * 3,
-                             count - i);
+        task.RunPlain(i, count - i);
 }
 
-void Invert(double const* matrices, double* results, Size count)
+struct SolveTask {
+    double const* matrices;
+    Source<3, double> rightSides;
+    double* results;
+
+    VEXOR_ALWAYS_INLINE void PrefetchFrom(Size i) const
+    {
+        rightSides.PrefetchFrom(i);
+        Prefetch<3 * width* int(sizeof(double)), true>(results + i * 3);
+    }
+
+    VEXOR_ALWAYS_INLINE void Finish(Factors const& factors, Size i) const
+    {
+        auto const& rows = factors.rows;
+        Lanes<3> v = rightSides.From(i);
+        factors.Order(v.c[0], v.c[1], v.c[2]);
+        // Leading zeros are skipped.
+        Mask const isZero = Equal(v.c[0], Doubles{});
+        Mask const areZeros = And(isZero, Equal(v.c[1], Doubles{}));
+        v.c[1] = Select(isZero, v.c[1], v.c[1] - v.c[0] * rows[1][0]);
+        Doubles const product = v.c[1] * rows[2][1];
+        Doubles const sum = Select(isZero, product, v.c[0] * rows[2][0] + product);
+        v.c[2] = Select(areZeros, v.c[2], v.c[2] - sum);
+        v.c[2] = v.c[2] * rows[2][2];
+        v.c[1] = (v.c[1] - v.c[2] * rows[1][2]) * rows[1][1];
+        v.c[0] = (v.c[0] - (v.c[1] * rows[0][1] + v.c[2] * rows[0][2])) * rows[0][0];
+        StoreLanes(results + i * 3, v);
+    }
+
+    void RunPlain(Size i, Size count) const
+    {
+        plain::kernels.solve({matrices + i * matrixStride, false}, After(rightSides.operand, i, 3),
+                             results + i * 3, count);
+    }
+};
+
+/// The solutions for one matrix.
+void SolveWithOne(Operand<double> matrix, Operand<double> rightSides, double* results, Size count)
 {
+    Factors factors;
+    factors.Begin(MatrixSource(matrix).From(0));
+    factors.EliminateFirst();
+    factors.EliminateOthers();
     Size i = 0;
-    for (; i + width <= count; i += width) {
-        Factors factors;
-        if (__builtin_expect(!factors.Decompose(LoadMatrices(matrices + i * matrixStride)), 0)) {
-            plain::kernels.invert(matrices + i * matrixStride, results + i * matrixStride, width);
-            continue;
-        }
-        // Column `order[j]` of the inverse is the solution for a 1 in row j of the factors.
-        Doubles solutions[3][3];
+    if (HasAll(factors.areRegular)) {
+        SolveTask const task{matrix.data, Source<3, double>(rightSides), results};
+        for (; i + width <= count; i += width)
+            task.Finish(factors, i);
+    }
+    if (i < count)
+        plain::kernels.solve(matrix, After(rightSides, i, 3), results + i * 3, count - i);
+}
+
+void Solve(Operand<double> matrices, Operand<double> rightSides, double* results, Size count)
+{
+    if (matrices.isOne)
+        SolveWithOne(matrices, rightSides, results, count);
+    else
+        RunFactors(SolveTask{matrices.data, Source<3, double>(rightSides), results}, count);
+}
+
+struct InvertTask {
+    double const* matrices;
+    double* results;
+
+    VEXOR_ALWAYS_INLINE void PrefetchFrom(Size i) const
+    {
+        Prefetch<matrixBytes, true>(results + i * matrixStride);
+    }
+
+    /// Column j of the inverse, but for the order, is the solution for a 1 in row j of the factors. Leading zeros
+    /// are skipped, and products with the 1 are left out.
+    VEXOR_ALWAYS_INLINE void Finish(Factors const& factors, Size i) const
+    {
+        auto const& rows = factors.rows;
+        Doubles const zero = {};
+        Doubles const one = All(1.0);
+        Doubles columns[3][3];
+        Doubles const first = zero - rows[1][0];
+        columns[0][2] = (zero - (rows[2][0] + first * rows[2][1])) * rows[2][2];
+        columns[1][2] = (zero - rows[2][1]) * rows[2][2];
+        columns[2][2] = rows[2][2];
+        columns[0][1] = (first - columns[0][2] * rows[1][2]) * rows[1][1];
+        columns[1][1] = (one - columns[1][2] * rows[1][2]) * rows[1][1];
+        columns[2][1] = (zero - columns[2][2] * rows[1][2]) * rows[1][1];
         VEXOR_UNROLL(24)
-        for (int j = 0; j < 3; ++j) {
-            VEXOR_UNROLL(24)
-            for (int k = 0; k < 3; ++k)
-                solutions[j][k] = All(j == k ? 1.0 : 0.0);
-            factors.Substitute(solutions[j]);
-        }
+        for (int j = 0; j < 3; ++j)
+            columns[j][0] =
+                ((j == 0 ? one : zero) - (columns[j][1] * rows[0][1] + columns[j][2] * rows[0][2]))
+                * rows[0][0];
         Lanes<9> inverse;
         VEXOR_UNROLL(24)
-        for (int column = 0; column < 3; ++column) {
-            Mask const isFirst = Equal(factors.order[0], All(double(column)));
-            Mask const isSecond = Equal(factors.order[1], All(double(column)));
+        for (int k = 0; k < 3; ++k) {
+            factors.Restore(columns[0][k], columns[1][k], columns[2][k]);
             VEXOR_UNROLL(24)
-            for (int row = 0; row < 3; ++row)
-                inverse.c[3 * row + column] = Select(isFirst, solutions[0][row],
-                                                     Select(isSecond, solutions[1][row], solutions[2][row]));
+            for (int j = 0; j < 3; ++j)
+                inverse.c[3 * k + j] = columns[j][k];
         }
         StoreMatrices(results + i * matrixStride, inverse);
     }
-    if (i < count)
-        plain::kernels.invert(matrices + i * matrixStride, results + i * matrixStride, count - i);
+
+    void RunPlain(Size i, Size count) const
+    {
+        plain::kernels.invert(matrices + i * matrixStride, results + i * matrixStride, count);
+    }
+};
+
+void Invert(double const* matrices, double* results, Size count)
+{
+    RunFactors(InvertTask{matrices, results}, count);
 }
 
 } // namespace

@@ -601,15 +601,6 @@ struct NormalizeRule {
 
 #if defined(VEXOR_SET_FUSED)
 
-VEXOR_ALWAYS_INLINE Doubles Least(Doubles const& a, Doubles const& b)
-{
-#    if defined(VEXOR_SET_AVX512)
-    return _mm512_maskz_min_pd(0xff, a, b);
-#    else
-    return _mm256_min_pd(a, b);
-#    endif
-}
-
 /// c − a·b, rounded once.
 VEXOR_ALWAYS_INLINE Doubles SubtractProduct(Doubles const& c, Doubles const& a, Doubles const& b)
 {
@@ -669,7 +660,7 @@ struct Measured {
         Doubles least = vectors.c[0] * vectors.c[0];
         VEXOR_UNROLL(24)
         for (int k = 1; k < size; ++k)
-            least = Least(least, vectors.c[k] * vectors.c[k]);
+            least = Lesser(least, vectors.c[k] * vectors.c[k]);
         squared = SumOfProducts(vectors, vectors);
         lengths = Root(squared);
         // A component of at least 2^-500 leaves remainders far above underflow.
