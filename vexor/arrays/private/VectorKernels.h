@@ -431,6 +431,15 @@ struct Combined {
         return Split(registers);
     }
 
+    VEXOR_ALWAYS_INLINE void PrefetchFrom(Size i) const
+    {
+        constexpr int bytes = size * width * int(sizeof(Element));
+        if (!left.isOne)
+            Prefetch<bytes, false>(left.data + i * size);
+        if (!right.isOne)
+            Prefetch<bytes, false>(right.data + i * size);
+    }
+
     Operand<Element> left;
     Operand<Element> right;
     Vector one[size];
@@ -486,7 +495,10 @@ void RunCombined(Operand<Element> left, Operand<Element> right, Element* results
         plainKernel(left, right, results, i);
     if (!(left.isOne && right.isOne)) {
         Combined<typename Rule::Components, size, Element> const components(left, right);
+        bool const isLarge = count > largeCount;
         for (; i + width <= count; i += width) {
+            if (isLarge && i + prefetchDistance < count)
+                components.PrefetchFrom(i + prefetchDistance);
             Lanes<1> result;
             if (__builtin_expect(Rule::Compute(components.From(i), result), 1))
                 StoreLanes(results + i, result);
