@@ -153,7 +153,9 @@ template <class Rule, int size, int resultSize, class Element>
 VEXOR_ALWAYS_INLINE void RunSingle(Element const* operands, Element* results, Size count,
                                    SingleKernel<Element> plainKernel)
 {
-    constexpr Order order = resultSize == 3 ? orderOfThrees : Order::ByIndex;
+    constexpr Order order = resultSize == 3   ? orderOfThrees
+                            : resultSize == 1 ? orderOfNumbers<size, Element>
+                                              : Order::ByIndex;
     Size i = ElementsBeforeAligned<size>(operands, count);
     if (i > 0)
         plainKernel(operands, results, i);
@@ -418,6 +420,7 @@ struct Combined {
     }
 
     /// The lanes from element i on. At most one operand is one value.
+    template <Order order = Order::ByIndex>
     VEXOR_ALWAYS_INLINE Lanes<size> From(Size i) const
     {
         Doubles registers[size];
@@ -428,7 +431,7 @@ struct Combined {
             Vector const b = right.isOne ? one[k] : Load<Vector>(right.data + place);
             registers[k] = Rule::Combine(a, b);
         }
-        return Split(registers);
+        return Split<order>(registers);
     }
 
     VEXOR_ALWAYS_INLINE void PrefetchFrom(Size i) const
@@ -494,14 +497,15 @@ void RunCombined(Operand<Element> left, Operand<Element> right, Element* results
     if (i > 0)
         plainKernel(left, right, results, i);
     if (!(left.isOne && right.isOne)) {
+        constexpr Order order = orderOfNumbers<size, Element>;
         Combined<typename Rule::Components, size, Element> const components(left, right);
         bool const isLarge = count > largeCount;
         for (; i + width <= count; i += width) {
             if (isLarge && i + prefetchDistance < count)
                 components.PrefetchFrom(i + prefetchDistance);
             Lanes<1> result;
-            if (__builtin_expect(Rule::Compute(components.From(i), result), 1))
-                StoreLanes(results + i, result);
+            if (__builtin_expect(Rule::Compute(components.template From<order>(i), result), 1))
+                StoreLanes<1, order>(results + i, result);
             else
                 plainKernel(After(left, i, size), After(right, i, size), results + i, width);
         }
