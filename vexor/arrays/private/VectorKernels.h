@@ -204,10 +204,18 @@ struct MultiplyRule {
 template <class Element>
 constexpr int lanesOf = width* int(sizeof(double) / sizeof(Element));
 
+/// How many registers a turn computes: a multiple of 2 and of 3.
+constexpr int flatTurns = 6;
+
 /// A register at a place of an array.
 template <class Element>
 struct FlatArray {
     Element const* data;
+
+    VEXOR_ALWAYS_INLINE void PrefetchAt(Size j) const
+    {
+        Prefetch<flatTurns* int(sizeof(Doubles)), false>(data + j);
+    }
 
     template <class Vector>
     VEXOR_ALWAYS_INLINE Vector RegisterAt(Size j, int /*turn*/) const
@@ -229,6 +237,8 @@ struct FlatOne {
         for (int k = 0; k < size; ++k)
             registers[k] = Load<Register<Element, lanes>>(elements + k * lanes);
     }
+    VEXOR_ALWAYS_INLINE void PrefetchAt(Size /*j*/) const {}
+
     template <class Vector>
     VEXOR_ALWAYS_INLINE Vector RegisterAt(Size /*j*/, int turn) const
     {
@@ -246,15 +256,22 @@ VEXOR_ALWAYS_INLINE Size ElementsBeforeAligned(Element const* results)
     return (length - reinterpret_cast<std::uintptr_t>(results) % length) % length / sizeof(Element);
 }
 
-/// Registers of results from j on, six at a time, which is a multiple of 2 and of 3.
+/// Registers of results from j on.
 template <class Rule, class Left, class Right, class Element>
 VEXOR_ALWAYS_INLINE Size RunRegisters(Left const& left, Right const& right, Element* results, Size j,
                                       Size end)
 {
     constexpr int lanes = lanesOf<Element>;
     using Vector = Register<Element, lanes>;
-    constexpr int turns = 6;
+    constexpr int turns = flatTurns;
+    bool const isLarge = end - j > 3 * largeCount;
+    constexpr Size ahead = 12 * turns * lanes; // some four thousand bytes with the widest registers
     for (; j + turns * lanes <= end; j += turns * lanes) {
+        if (isLarge && j + ahead < end) {
+            left.PrefetchAt(j + ahead);
+            right.PrefetchAt(j + ahead);
+            Prefetch<turns* int(sizeof(Vector)), true>(results + j + ahead);
+        }
         VEXOR_UNROLL(24)
         for (int k = 0; k < turns; ++k)
             Store(results + j + k * lanes,
