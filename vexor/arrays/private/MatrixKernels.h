@@ -341,8 +341,8 @@ VEXOR_ALWAYS_INLINE void RunFactors(Task const& task, Size count)
 }
 
 struct SolveTask {
-    double const* matrices;
     Source<3, double> rightSides;
+    double const* matrices;
     double* results;
 
     VEXOR_ALWAYS_INLINE void PrefetchFrom(Size i) const
@@ -385,7 +385,7 @@ void SolveWithOne(Operand<double> matrix, Operand<double> rightSides, double* re
     factors.EliminateOthers();
     Size i = 0;
     if (HasAll(factors.areRegular)) {
-        SolveTask const task{matrix.data, Source<3, double>(rightSides), results};
+        SolveTask const task{Source<3, double>(rightSides), matrix.data, results};
         for (; i + width <= count; i += width)
             task.Finish(factors, i);
     }
@@ -398,7 +398,7 @@ void Solve(Operand<double> matrices, Operand<double> rightSides, double* results
     if (matrices.isOne)
         SolveWithOne(matrices, rightSides, results, count);
     else
-        RunFactors(SolveTask{matrices.data, Source<3, double>(rightSides), results}, count);
+        RunFactors(SolveTask{Source<3, double>(rightSides), matrices.data, results}, count);
 }
 
 struct InvertTask {
