@@ -309,26 +309,35 @@ struct Factors {
 template <class Task>
 VEXOR_ALWAYS_INLINE void RunFactors(Task const& task, Size count)
 {
+    // A million matrices take 1.3 times as long without prefetching, and 1.1 times as long if four registers go
+    // together, since memory then works in bursts. Of 100,000 matrices, four take 0.8 to 1 of the time of two.
     constexpr Size most = 4;
-    // The steps reach memory in bursts: a million matrices take 1.3 times as long without prefetching.
+    Size const together = count > 300000 ? 2 : most;
     constexpr Size distance = 32;
+    constexpr int half = matrixBytes / 64 / 2 * 64;
     Factors factors[most];
     Size i = 0;
     while (count - i >= width) {
-        Size const registers = std::min(most, (count - i) / width);
+        Size const registers = std::min(together, (count - i) / width);
+        for (Size k = 0; k < registers; ++k) {
+            Size const at = i + k * width;
+            if (at + distance < count)
+                Prefetch<half, false>(task.matrices + (at + distance) * matrixStride);
+            factors[k].Begin(LoadMatrices(task.matrices + at * matrixStride));
+        }
         for (Size k = 0; k < registers; ++k) {
             Size const ahead = i + k * width + distance;
             if (ahead < count)
-                Prefetch<matrixBytes, false>(task.matrices + ahead * matrixStride);
-            factors[k].Begin(LoadMatrices(task.matrices + (i + k * width) * matrixStride));
-        }
-        for (Size k = 0; k < registers; ++k) {
-            if (i + k * width + distance < count)
-                task.PrefetchFrom(i + k * width + distance);
+                Prefetch<matrixBytes - half, false>(task.matrices + ahead * matrixStride
+                                                    + half / sizeof(double));
             factors[k].EliminateFirst();
         }
-        for (Size k = 0; k < registers; ++k)
+        for (Size k = 0; k < registers; ++k) {
+            Size const ahead = i + k * width + distance;
+            if (ahead < count)
+                task.PrefetchFrom(ahead);
             factors[k].EliminateOthers();
+        }
         for (Size k = 0; k < registers; ++k, i += width) {
             if (__builtin_expect(HasAll(factors[k].areRegular), 1))
                 task.Finish(factors[k], i);
