@@ -1,7 +1,8 @@
 #!/usr/bin/env python3
 """Turns the benchmarks' results into docs/performance.md and the chart of the product.
 
-Usage: report.py RESULTS PAGE CHART
+Usage: report.py RESULTS PAGE [CHART]
+Without a chart only the page's sections on arrays are replaced.
 """
 
 import collections
@@ -200,6 +201,7 @@ def goals(results):
 
 
 FLOOR = 0.97
+TEMPLATE = pathlib.Path(__file__).parent / "performance.md.in"
 
 
 def members(results_of_clients):
@@ -354,9 +356,53 @@ def from_python(file):
             + table(["a single call", "vexor", "pybind11's least", "ratio"], calls))
 
 
+def of_arrays(folder):
+    """The tables on functions over arrays, from C++ and from Python."""
+    over_arrays = []
+    for variant, flags in VARIANTS:
+        file = folder / f"g++-bench_arrays_{variant}.json"
+        if not file.exists():
+            continue
+        results = Results(file)
+        for size in ("200", "1000", "100000", "1000000"):
+            if any(results.at(operation, size) for operation in results.operations):
+                over_arrays.append(f"### {int(size):,} elements, loops by g++ {flags}\n\n" + arrays(results, size))
+
+    by_client = {flags: Results(folder / f"g++-bench_members_{variant}.json") for variant, flags in VARIANTS
+                 if (folder / f"g++-bench_members_{variant}.json").exists()}
+    plain_client = folder / "g++-bench_arrays_O3.json"
+    return {
+        "ARRAYS": "\n".join(over_arrays),
+        "ARRAY_GOALS": goals(Results(plain_client)) if plain_client.exists() else "",
+        "ARRAY_MEMBERS": members(by_client) if by_client else "",
+        "PYTHON": from_python(folder / "python.json"),
+    }
+
+
+def filled(text, values):
+    for key, value in values.items():
+        text = text.replace(f"@{key}@", value.rstrip("\n"))
+    return text
+
+
+def replace_arrays(folder, page):
+    """Puts new sections on arrays in the place of the page's."""
+    def sections(text):
+        begin, end = text.index("\n## Arrays\n"), text.index("\n## Allocations\n")
+        return text[:begin], text[begin:end], text[end:]
+    old = page.read_text()
+    new = sections(TEMPLATE.read_text())[1]
+    before, _, after = sections(old)
+    page.write_text(before + filled(new, of_arrays(folder)) + after)
+
+
 def main():
-    folder, page, picture = (pathlib.Path(argument) for argument in sys.argv[1:])
-    text = (pathlib.Path(__file__).parent / "performance.md.in").read_text()
+    folder, page, *pictures = (pathlib.Path(argument) for argument in sys.argv[1:])
+    if not pictures:
+        replace_arrays(folder, page)
+        return
+    picture = pictures[0]
+    text = TEMPLATE.read_text()
     dynamic = Results(folder / "g++-bench_dynamic.json")
     chart(dynamic, picture)
 
@@ -378,20 +424,6 @@ def main():
                     if any(results[0].at(o, size) for o in results[0].operations):
                         others.append(f"#### {title}, g++ -O3\n\n" + fixed(results, size))
 
-    over_arrays = []
-    for variant, flags in VARIANTS:
-        file = folder / f"g++-bench_arrays_{variant}.json"
-        if not file.exists():
-            continue
-        results = Results(file)
-        for size in ("200", "1000", "100000", "1000000"):
-            if any(results.at(operation, size) for operation in results.operations):
-                over_arrays.append(f"### {int(size):,} elements, loops by g++ {flags}\n\n" + arrays(results, size))
-
-    by_client = {flags: Results(folder / f"g++-bench_members_{variant}.json") for variant, flags in VARIANTS
-                 if (folder / f"g++-bench_members_{variant}.json").exists()}
-    plain_client = folder / "g++-bench_arrays_O3.json"
-
     libraries = ", ".join(f"{name} {version(package)}" for name, package in (
         ("OpenBLAS", "libopenblas-dev"), ("Eigen", "libeigen3-dev"), ("GLM", "libglm-dev"), ("Imath", "libimath-dev")))
     values = {
@@ -410,17 +442,11 @@ def main():
                            ["LAPACK", "with workspace"]),
         "FIXED": "\n".join(sections),
         "OTHERS": "\n".join(others),
-        "ARRAYS": "\n".join(over_arrays),
-        "ARRAY_GOALS": goals(Results(plain_client)) if plain_client.exists() else "",
-        "ARRAY_MEMBERS": members(by_client) if by_client else "",
         "ELEMENTARY": elementary(folder / "g++-bench_elementary.json"),
-        "PYTHON": from_python(folder / "python.json"),
         "GUARD": table(["flags", "arrays of 1,000", "a single call"], guards),
         "GROWTH": growth(dynamic),
     }
-    for key, value in values.items():
-        text = text.replace(f"@{key}@", value.rstrip("\n"))
-    page.write_text(text)
+    page.write_text(filled(text, values | of_arrays(folder)))
 
 
 if __name__ == "__main__":
