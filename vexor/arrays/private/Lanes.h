@@ -196,6 +196,16 @@ VEXOR_ALWAYS_INLINE Doubles MultiplyAdd(Doubles const& a, Doubles const& b, Doub
     return _mm256_fmadd_pd(a, b, c);
 #    endif
 }
+
+/// c − a·b, rounded once.
+VEXOR_ALWAYS_INLINE Doubles SubtractProduct(Doubles const& c, Doubles const& a, Doubles const& b)
+{
+#    if defined(VEXOR_SET_AVX512)
+    return _mm512_fnmadd_pd(a, b, c);
+#    else
+    return _mm256_fnmadd_pd(a, b, c);
+#    endif
+}
 #endif
 
 VEXOR_ALWAYS_INLINE bool HasAny(Mask const& mask)

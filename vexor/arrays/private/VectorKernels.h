@@ -5,7 +5,7 @@
 
 // Arrays of vectors and points. If a lane needs more than plain arithmetic (a length whose squares underflow,
 // a null vector), a loop passes the elements of that register to the plain set, the loop over the members;
-// none of them has been stored by then. It passes the last few elements too.
+// none of them has been stored by then. Most loops pass the few elements outside of whole aligned registers too.
 
 VEXOR_SET_BEGIN
 
@@ -26,7 +26,7 @@ VEXOR_ALWAYS_INLINE VectorKernels<Element> const& Plain()
 }
 
 /// How many elements of an array precede the first one at a multiple of a register's length; 0 if there is
-/// none. The loops leave these to the plain set: loads of 64 bytes that all span two cache lines make `Cross`
+/// none. The loops compute these apart: loads of 64 bytes that all span two cache lines make `Cross`
 /// and `Dot` of 1,000 elements 1.5 times as slow.
 template <int size, class Element>
 VEXOR_ALWAYS_INLINE Size ElementsBeforeAligned(Element const* array, Size count)
@@ -658,17 +658,7 @@ struct NormalizeRule {
 
 #if defined(VEXOR_SET_FUSED)
 
-/// c − a·b, rounded once.
-VEXOR_ALWAYS_INLINE Doubles SubtractProduct(Doubles const& c, Doubles const& a, Doubles const& b)
-{
-#    if defined(VEXOR_SET_AVX512)
-    return _mm512_fnmadd_pd(a, b, c);
-#    else
-    return _mm256_fnmadd_pd(a, b, c);
-#    endif
-}
-
-/// The reciprocal r of a length, rounded to nearest but for |e|² of an error: |1 − length·r| < 2^-53.
+/// A reciprocal r of a length with |1 − length·r| < 2^-53: the nearest double, or one hardly farther away.
 ///
 /// An estimate has 14 bits, or 5 and after a cubic step 14 (AVX2). Two steps double them, so that r is within
 /// one unit in the last place and its error e = 1 − length·r is exact. The last step adds r·e, and 2^-105 to e:
@@ -694,9 +684,9 @@ VEXOR_ALWAYS_INLINE Doubles Reciprocal(Doubles const& length, Doubles const& squ
     return MultiplyAdd(error, reciprocal, reciprocal);
 }
 
-/// The quotient, rounded to nearest like that of a division (Markstein 1990): the remainder of a quotient that
-/// is less than one unit off is exact, and the reciprocal is so close that no rounding boundary lies between.
-/// The remainder is negated so that a −0 stays one.
+/// The quotient, rounded to nearest like that of a division (Markstein 1990). The first quotient is off by less than
+/// 1.5 units in the last place. Near half a unit, where the rounding is decided, its remainder is exact and the
+/// reciprocal close enough. The remainder is negated so that a −0 stays one.
 VEXOR_ALWAYS_INLINE Doubles Quotient(Doubles const& value, Doubles const& length, Doubles const& reciprocal)
 {
     Doubles const quotient = value * reciprocal;
