@@ -3,8 +3,7 @@
 #include <vexor/foundation/detail/Tolerance.h>
 #include <vexor/points/detail/Distance.h>
 
-// The exported functions of the component: they check the operation's arguments and run the loop of the
-// chosen
+// The exported functions of the component: they copy single values and run the loop of the chosen set.
 
 namespace vexor::arrays::detail {
 

@@ -9,40 +9,32 @@ namespace vexor::arrays {
 
 namespace detail {
 
-/// The elements of a map row by row, then its translation.
+/// The elements of a map row by row, then its translation. `ElementsOfMap` lists them all, since g++ clears an array that is
+/// assigned element by element first: 10 ns a call.
+template <int count>
 struct MapElements {
-    double values[12];
+    double values[count];
 };
 
-inline MapElements ElementsOfMap(Mat3Dbl const& matrix)
+inline MapElements<12> ElementsOfMap(Mat3Dbl const& matrix, Vec3Dbl const& translation = Vec3Dbl(0.0))
 {
-    MapElements elements{};
-    for (int row = 0; row < 3; ++row) {
-        for (int column = 0; column < 3; ++column)
-            elements.values[3 * row + column] = matrix(row, column);
-    }
-    return elements;
+    return {{matrix(0, 0), matrix(0, 1), matrix(0, 2), matrix(1, 0), matrix(1, 1), matrix(1, 2), matrix(2, 0),
+             matrix(2, 1), matrix(2, 2), translation.x, translation.y, translation.z}};
 }
 
-inline MapElements ElementsOfMap(Mat2Dbl const& matrix)
+inline MapElements<6> ElementsOfMap(Mat2Dbl const& matrix, Vec2Dbl const& translation = Vec2Dbl(0.0))
 {
-    return {{matrix(0, 0), matrix(0, 1), matrix(1, 0), matrix(1, 1)}};
+    return {{matrix(0, 0), matrix(0, 1), matrix(1, 0), matrix(1, 1), translation.x, translation.y}};
 }
 
-inline MapElements ElementsOfMap(AffMat3Dbl const& map)
+inline MapElements<12> ElementsOfMap(AffMat3Dbl const& map)
 {
-    MapElements elements = ElementsOfMap(map.LinearPart());
-    for (int k = 0; k < 3; ++k)
-        elements.values[9 + k] = map.Translation()[k];
-    return elements;
+    return ElementsOfMap(map.LinearPart(), map.Translation());
 }
 
-inline MapElements ElementsOfMap(AffMat2Dbl const& map)
+inline MapElements<6> ElementsOfMap(AffMat2Dbl const& map)
 {
-    MapElements elements = ElementsOfMap(map.LinearPart());
-    elements.values[4] = map.Translation().x;
-    elements.values[5] = map.Translation().y;
-    return elements;
+    return ElementsOfMap(map.LinearPart(), map.Translation());
 }
 
 template <class Value>
@@ -96,7 +88,7 @@ void MultiplyViews(View<Left> const& left, View<Right> const& right, Range<Resul
             isMap<Left> && !isMap<Right>,
             "products are of matrices or affine maps and vectors or points, of Mat3Dbl, of quaternions");
         if (left.isOne && !right.isOne) {
-            MapElements const map = ElementsOfMap(*left.data);
+            auto const map = ElementsOfMap(*left.data);
             Map<Element<Right>, ShapeOf<Right>::size>(OperationOf<Left, Right>(), map.values,
                                                       OperandOf(right).data, ElementsOf(results.data),
                                                       results.count);
