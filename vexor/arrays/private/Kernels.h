@@ -67,7 +67,7 @@ constexpr VectorKernels<Element> KernelsOf()
          RunCombined<DistanceSqToRule<Element>, P::DistanceSqTo, size, Element>,
          If<OnPairs>(isWide || isDouble, RunCombined<DistanceToRule<Element>, P::DistanceTo, size, Element>),
          AngleKernel<size, Element>()},
-        {If<OnSingles>(isWide || size == 2 || !isDouble, Negate<size, Element>),
+        {Negate<size, Element>,
          If<OnSingles>(size == 3 || isWide, Single<LengthSquaredRule, S::LengthSquared, size, 1, Element>),
          Single<LengthRule<Element>, S::Length, size, 1, Element>,
          If<OnSingles>(isWide || isDouble, NormalizeKernel<size, Element>())},

@@ -227,7 +227,18 @@ struct FlatArray {
     }
 };
 
-/// The same for one operand whose `period` components repeat. The first register is that of element `begin`.
+/// No operand, for operations on one.
+struct FlatNothing {
+    VEXOR_ALWAYS_INLINE void PrefetchAt(Size /*j*/) const {}
+
+    template <class Vector>
+    VEXOR_ALWAYS_INLINE Vector RegisterAt(Size /*j*/, int /*turn*/) const
+    {
+        return Vector{};
+    }
+};
+
+/// A register of one operand whose `period` components repeat. The first register is that of element `begin`.
 template <int size, class Element>
 struct FlatOne {
     static constexpr int lanes = lanesOf<Element>;
@@ -267,20 +278,25 @@ VEXOR_ALWAYS_INLINE Size RunRegisters(Left const& left, Right const& right, Elem
     constexpr int lanes = lanesOf<Element>;
     using Vector = Register<Element, lanes>;
     constexpr int turns = flatTurns;
-    bool const isLarge = end - j > 3 * largeCount;
-    constexpr Size ahead = 12 * turns * lanes; // some four thousand bytes with the widest registers
-    for (; j + turns * lanes <= end; j += turns * lanes) {
-        if (isLarge && j + ahead < end) {
-            left.PrefetchAt(j + ahead);
-            right.PrefetchAt(j + ahead);
-            Prefetch<turns* int(sizeof(Vector)), true>(results + j + ahead);
-        }
+    auto const turn = [&] {
         VEXOR_UNROLL(24)
         for (int k = 0; k < turns; ++k)
             Store(results + j + k * lanes,
                   Rule::Compute(left.template RegisterAt<Vector>(j + Size(k * lanes), k),
                                 right.template RegisterAt<Vector>(j + Size(k * lanes), k)));
+        j += turns * lanes;
+    };
+    if (end - j > 3 * largeCount) {
+        constexpr Size ahead = 12 * turns * lanes; // some four thousand bytes with the widest registers
+        while (j + ahead < end) {
+            left.PrefetchAt(j + ahead);
+            right.PrefetchAt(j + ahead);
+            Prefetch<turns* int(sizeof(Vector)), true>(results + j + ahead);
+            turn();
+        }
     }
+    while (j + turns * lanes <= end)
+        turn();
     return j;
 }
 
@@ -364,7 +380,7 @@ void Scale(Operand<Element> vectors, Operand<Element> scalars, Element* results,
 
 struct NegateRule {
     template <class Vector>
-    VEXOR_ALWAYS_INLINE static Vector Compute(Vector const& a, Vector const& /*same*/)
+    VEXOR_ALWAYS_INLINE static Vector Compute(Vector const& a, Vector const& /*nothing*/)
     {
         return -a;
     }
@@ -378,8 +394,7 @@ void Negate(Element const* operands, Element* results, Size count)
     Size i = 0;
     for (; i < begin; ++i)
         results[i] = -operands[i];
-    FlatArray<Element> const flat = {operands};
-    i = RunRegisters<NegateRule>(flat, flat, results, i, elements);
+    i = RunRegisters<NegateRule>(FlatArray<Element>{operands}, FlatNothing(), results, i, elements);
     for (; i < elements; ++i)
         results[i] = -operands[i];
 }
