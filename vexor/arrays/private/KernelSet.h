@@ -70,6 +70,12 @@ inline constexpr int runningProducts = 8;
 /// its elements, and the rest is unchanged.
 inline constexpr int matrixStride = 10;
 
+/// Loops that compute for a while on each element prefetch long arrays, which the caches near the core do not hold: the
+/// processor by itself is too late. Short arrays gain nothing.
+inline constexpr Size largeCount = 10000;
+/// How many elements ahead.
+inline constexpr Size prefetchDistance = 88;
+
 struct KernelSet {
     char const* name;
     VectorKernels<double> inSpace;

@@ -48,6 +48,35 @@ private:
     Size step;
 };
 
+/// Prefetches an element of a long array.
+template <class Value>
+void Prefetch([[maybe_unused]] Value const* from)
+{
+#if defined(__GNUC__)
+    for (Size k = 0; k < sizeof(Value); k += 64)
+        __builtin_prefetch(reinterpret_cast<char const*>(from) + k);
+#endif
+}
+
+/// Writes `member(left[i], right[i])`. Loops over long arrays prefetch: `IsParallelTo` of 1,000,000 Vec3Dbl takes 0.3 of
+/// the time.
+template <class Left, class Right, class Result, class Member>
+void Each(Left const* left, Right const* right, Result* results, Size count, Member const& member)
+{
+    Size i = 0;
+    if (count > largeCount) {
+        for (; i + prefetchDistance < count; ++i) {
+            Prefetch(left + i + prefetchDistance);
+            Prefetch(right + i + prefetchDistance);
+            if constexpr (sizeof(Result) > 1)
+                Prefetch(results + i + prefetchDistance);
+            results[i] = static_cast<Result>(member(left[i], right[i]));
+        }
+    }
+    for (; i < count; ++i)
+        results[i] = static_cast<Result>(member(left[i], right[i]));
+}
+
 /// Writes the results of `member` on two operands.
 template <class Left, class Right, class Result, class Element, class Member>
 void Pair(Operand<Element> const& left, Operand<Element> const& right, Element* results, Size count,
@@ -56,10 +85,8 @@ void Pair(Operand<Element> const& left, Operand<Element> const& right, Element* 
     auto* const to = reinterpret_cast<Result*>(results);
     // A loop over only two arrays can be vectorised.
     if (!left.isOne && !right.isOne) {
-        auto const* const a = reinterpret_cast<Left const*>(left.data);
-        auto const* const b = reinterpret_cast<Right const*>(right.data);
-        for (Size i = 0; i < count; ++i)
-            to[i] = member(a[i], b[i]);
+        Each(reinterpret_cast<Left const*>(left.data), reinterpret_cast<Right const*>(right.data), to, count,
+             member);
         return;
     }
     Values<Left, Element> const a(left);
@@ -133,10 +160,8 @@ void RunTest(Operand<Element> const& left, Operand<Element> const& right, unsign
              Member const& member)
 {
     if (!left.isOne && !right.isOne) {
-        auto const* const x = reinterpret_cast<Value const*>(left.data);
-        auto const* const y = reinterpret_cast<Value const*>(right.data);
-        for (Size i = 0; i < count; ++i)
-            results[i] = static_cast<unsigned char>(member(x[i], y[i]));
+        Each(reinterpret_cast<Value const*>(left.data), reinterpret_cast<Value const*>(right.data), results,
+             count, member);
         return;
     }
     Values<Value, Element> const a(left);
@@ -152,14 +177,20 @@ void TestKernelOf(Operand<Element> left, Operand<Element> right, Limits<Element>
     using Operation = TestOperation;
     using Value = std::conditional_t<operation == Operation::IsPointEqualTo, PointOf<Element, size>,
                                      VectorOf<Element, size>>;
-    if constexpr (operation == Operation::IsEqualTo || operation == Operation::IsPerpendicularTo) {
-        // With constant tolerances g++ branches less: `IsEqualTo` of Vec3Flt takes 0.65 of the time, the other 0.95.
+    if constexpr (operation == Operation::IsParallelTo || operation == Operation::IsCodirectionalTo
+                  || operation == Operation::IsPerpendicularTo || operation == Operation::IsEqualTo) {
+        // With constant tolerances g++ branches less: `IsEqualTo` of Vec3Flt takes 0.65 of the time, the others 0.95 to
+        // 1.1.
         if (limits.areGlobal) {
             RunTest<Value>(left, right, results, count, [](Value const& x, Value const& y) {
-                if constexpr (operation == Operation::IsEqualTo)
-                    return x.IsEqualTo(y);
-                else
+                if constexpr (operation == Operation::IsParallelTo)
+                    return x.IsParallelTo(y);
+                else if constexpr (operation == Operation::IsCodirectionalTo)
+                    return x.IsCodirectionalTo(y);
+                else if constexpr (operation == Operation::IsPerpendicularTo)
                     return x.IsPerpendicularTo(y);
+                else
+                    return x.IsEqualTo(y);
             });
             return;
         }

@@ -645,12 +645,6 @@ VEXOR_ALWAYS_INLINE void StoreLanes(Element* to, Lanes<size> const& lanes)
     }
 }
 
-/// Loops that compute for a while on each register prefetch long arrays, which the caches near the core do not hold: the
-/// processor by itself is too late. Short arrays gain nothing.
-constexpr Size largeCount = 10000;
-/// How many elements ahead.
-constexpr Size prefetchDistance = 88;
-
 /// Fetches the lines of some bytes into the first-level cache, for stores or for loads.
 template <int bytes, bool forStores>
 VEXOR_ALWAYS_INLINE void Prefetch(void const* from)
