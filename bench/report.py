@@ -25,7 +25,7 @@ ORDER = ["Dot", "Cross", "GetNormalizedCopy", "IsParallelTo", "Point + vector", 
 
 
 class Results:
-    """Median and least processor time in nanoseconds, by operation, size and library."""
+    """Median processor time in nanoseconds, by operation, size and library."""
 
     def __init__(self, path):
         data = json.loads(path.read_text())
@@ -35,12 +35,10 @@ class Results:
             if run["run_type"] == "iteration":
                 times[tuple(run["name"].rsplit("/", 2))].append(run["cpu_time"])
         self.times = collections.defaultdict(dict)
-        self.least = collections.defaultdict(dict)
         self.operations = []
         self.sizes = collections.defaultdict(list)
         for (operation, library, size), values in times.items():
             self.times[operation, size][library] = statistics.median(values)
-            self.least[operation, size][library] = min(values)
             if operation not in self.operations:
                 self.operations.append(operation)
             if size not in self.sizes[operation]:
@@ -140,6 +138,11 @@ def fixed(files, size):
     return table(["operation", "vexor"] + PEERS + ["fastest peer"], rows)
 
 
+def least_of(times, part):
+    """The time of the fastest of several ways to do a part of the work alone, or None."""
+    return min((time for library, time in times.items() if library.startswith(part)), default=None)
+
+
 def arrays(results, size):
     """Functions of vexor::arrays by instruction set, beside the loop over the member and the peers' loops."""
     sets = [name for name in ("baseline", "AVX2", "AVX-512")
@@ -154,10 +157,9 @@ def arrays(results, size):
         for name in sets:
             cells += [f"{times[name] / int(size):.2f} ns", f"{times['loop'] / times[name]:.2f}"]
         last = times[sets[-1]]
-        least = results.least[operation, size]
-        moving = min((time for library, time in least.items() if library.startswith("moving the bytes")), default=None)
+        moving = least_of(times, "moving the bytes")
         rows.append([operation] + cells + [f"{best / last:.2f}" if best else "–"]
-                    + ([f"{moving / int(size):.2f} ns", f"{moving / least[sets[-1]]:.2f}"] if moving else ["–", "–"]))
+                    + ([f"{moving / int(size):.2f} ns", f"{moving / last:.2f}"] if moving else ["–", "–"]))
     head = ["operation", "loop", "fastest peer"]
     for name in sets:
         head += [name, "× loop"]
@@ -198,6 +200,23 @@ def goals(results):
                 cells[0] = "none"
             rows.append([operation, name, reference, f"{factor:g}", f"{reached:.2f}"] + cells)
     return table(["operation", "set", "× the loop of", "goal", "reached", "forbidden by", "allowed by"], rows)
+
+
+MOVING = 0.9
+
+
+def beyond_moving(results):
+    """The functions whose share of moving at 1,000,000 elements is below the goal, and what else their time consists of."""
+    rows = []
+    for operation in results.operations:
+        times, few = results.at(operation, "1000000"), results.at(operation, "1000")
+        for name in ("AVX2", "AVX-512"):
+            moving = least_of(times, "moving the bytes")
+            if moving and name in times and moving / times[name] < MOVING:
+                rows.append([operation, name, f"{moving / times[name]:.2f}",
+                             f"{few[name] / 1000:.2f} ns", f"{moving / 1e6:.2f} ns", f"{times[name] / 1e6:.2f} ns"])
+    return table(["operation", "set", "share of moving", "1,000 elements", "moving 1,000,000", "1,000,000 elements"],
+                 rows)
 
 
 FLOOR = 0.97
@@ -374,6 +393,7 @@ def of_arrays(folder):
     return {
         "ARRAYS": "\n".join(over_arrays),
         "ARRAY_GOALS": goals(Results(plain_client)) if plain_client.exists() else "",
+        "ARRAY_MOVING": beyond_moving(Results(plain_client)) if plain_client.exists() else "",
         "ARRAY_MEMBERS": members(by_client) if by_client else "",
         "PYTHON": from_python(folder / "python.json"),
     }
