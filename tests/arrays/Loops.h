@@ -421,6 +421,9 @@ void WithSpecialInEachLane(std::vector<Value> const& ordinary, std::size_t posit
 
 constexpr std::size_t laneCount = 17; // two of the widest registers and one element
 
+/// Long arrays run loops of their own, which prefetch.
+constexpr std::size_t longCount = vexor::arrays::detail::largeCount + 117;
+
 /// The full test of a function of two operands.
 template <class Left, class Right, class Result>
 void ExamineForms(std::string const& name, PairForms<Left, Right, Result> const& forms)
@@ -431,6 +434,8 @@ void ExamineForms(std::string const& name, PairForms<Left, Right, Result> const&
             ASSERT_NO_FATAL_FAILURE(CompareForms(name, operands.Many<Left>(allCounts, kind),
                                                  operands.Many<Right>(allCounts, kind), forms, true));
     }
+    ASSERT_NO_FATAL_FAILURE(CompareForms(name, operands.Many<Left>(longCount, Kind::Ordinary),
+                                         operands.Many<Right>(longCount, Kind::Ordinary), forms, false));
     auto const lefts = operands.Many<Left>(laneCount, Kind::Ordinary);
     auto const rights = operands.Many<Right>(laneCount, Kind::Ordinary);
     WithSpecialInEachLane<Left>(lefts, laneCount, [&](std::vector<Left> const& special) {
@@ -455,6 +460,7 @@ void ExamineForm(std::string const& name, SingleForm<Value, Result> const& form)
         for (int repeat = 0; repeat < 3; ++repeat)
             ASSERT_NO_FATAL_FAILURE(CompareForm(name, operands.Many<Value>(allCounts, kind), form, true));
     }
+    ASSERT_NO_FATAL_FAILURE(CompareForm(name, operands.Many<Value>(longCount, Kind::Ordinary), form, false));
     auto const values = operands.Many<Value>(laneCount, Kind::Ordinary);
     WithSpecialInEachLane<Value>(values, laneCount, [&](std::vector<Value> const& special) {
         CompareForm(name, special, form, false);

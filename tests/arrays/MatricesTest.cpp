@@ -38,6 +38,18 @@ TEST(ArraysMatrices, Solve)
     ExaminePair<Mat3Dbl, Vec3Dbl>("Solve", solve, Solution);
 }
 
+// So many matrices that fewer registers go together.
+TEST(ArraysMatrices, ManyMatrices)
+{
+    Operands operands(12);
+    auto const matrices = operands.Many<Mat3Dbl>(300000 + laneCount, Kind::Ordinary);
+    auto const rightSides = operands.Many<Vec3Dbl>(matrices.size(), Kind::Ordinary);
+    for (Mat3Dbl const& matrix : matrices)
+        ASSERT_NO_THROW(Inverse(matrix)) << "the loops would end early";
+    CompareSingle("Invert", matrices, invert, Inverse, false);
+    ComparePair("Solve", matrices, rightSides, solve, Solution, false);
+}
+
 // Small integers: ties between candidates for the pivot, zeros in every place, singular matrices.
 TEST(ArraysMatrices, PivotsThatTie)
 {
