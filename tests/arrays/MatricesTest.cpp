@@ -198,12 +198,16 @@ TEST(ArraysMatrices, EigenSym)
             Block<Vec3Dbl> values(laneCount);
             Block<Vec3Dbl> alone(laneCount);
             Block<Mat3Dbl> rows(laneCount);
+            Block<Mat3Dbl> beside(laneCount);
             Block<Mat3Dbl> inPlace(matrices, laneCount);
             ASSERT_TRUE(Matches(expected, laneCount, values.Data(), [&] {
                 vexor::arrays::EigenSym(matrices.data(), values.Data(), rows.Data(), laneCount);
             })) << set;
             ASSERT_TRUE(Matches(expected, laneCount, alone.Data(), [&] {
                 vexor::arrays::EigenSymValues(matrices.data(), alone.Data(), laneCount);
+            })) << set;
+            ASSERT_TRUE(Matches(expectedVectors, laneCount, beside.Data(), [&] {
+                vexor::arrays::EigenSym(matrices.data(), values.Data(), beside.Data(), laneCount);
             })) << set;
             ASSERT_TRUE(Matches(expectedVectors, laneCount, inPlace.Data(), [&] {
                 vexor::arrays::EigenSym(inPlace.Data(), values.Data(), inPlace.Data(), laneCount);
