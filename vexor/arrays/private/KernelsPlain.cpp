@@ -6,7 +6,6 @@
 #include <vexor/rotations/Quaternion.h>
 
 #include <algorithm>
-#include <cstring>
 #include <limits>
 #include <type_traits>
 
@@ -398,13 +397,12 @@ void EigenSymValues(Mat3Dbl const* matrices, Vec3Dbl* values, Size count)
 void EigenSymVectors(Mat3Dbl const* matrices, Vec3Dbl* values, Mat3Dbl* vectors, Size count)
 {
     for (Size i = 0; i < count; ++i) {
-        unsigned char before[sizeof(Mat3Dbl)];
-        std::memcpy(before, &vectors[i], sizeof before);
+        Mat3Dbl const before(vectors[i]);
         try {
             vectors[i] = matrices[i];
             vectors[i].EigenSym(values[i], 1);
         } catch (...) {
-            std::memcpy(static_cast<void*>(&vectors[i]), before, sizeof before);
+            vectors[i] = before;
             throw;
         }
     }

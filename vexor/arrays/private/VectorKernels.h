@@ -278,25 +278,24 @@ VEXOR_ALWAYS_INLINE Size RunRegisters(Left const& left, Right const& right, Elem
     constexpr int lanes = lanesOf<Element>;
     using Vector = Register<Element, lanes>;
     constexpr int turns = flatTurns;
-    auto const turn = [&] {
+    auto const turn = [&](Size at) {
         VEXOR_UNROLL(24)
         for (int k = 0; k < turns; ++k)
-            Store(results + j + k * lanes,
-                  Rule::Compute(left.template RegisterAt<Vector>(j + Size(k * lanes), k),
-                                right.template RegisterAt<Vector>(j + Size(k * lanes), k)));
-        j += turns * lanes;
+            Store(results + at + k * lanes,
+                  Rule::Compute(left.template RegisterAt<Vector>(at + Size(k * lanes), k),
+                                right.template RegisterAt<Vector>(at + Size(k * lanes), k)));
     };
     if (end - j > 3 * largeCount) {
         constexpr Size ahead = 12 * turns * lanes; // some four thousand bytes with the widest registers
-        while (j + ahead < end) {
+        for (; j + ahead < end; j += turns * lanes) {
             left.PrefetchAt(j + ahead);
             right.PrefetchAt(j + ahead);
             Prefetch<turns* int(sizeof(Vector)), true>(results + j + ahead);
-            turn();
+            turn(j);
         }
     }
-    while (j + turns * lanes <= end)
-        turn();
+    for (; j + turns * lanes <= end; j += turns * lanes)
+        turn(j);
     return j;
 }
 
