@@ -382,7 +382,7 @@ void Solve(Operand<double> matrices, Operand<double> rightSides, double* results
     });
 }
 
-/// The copy starts a cache line: the time else depends on the place of the stack, up to 1.1 times as long.
+/// The copy starts a cache line: elsewhere the place of the stack decides, and the loop takes up to 1.1 times as long.
 void EigenSymValues(Mat3Dbl const* matrices, Vec3Dbl* values, Size count)
 {
     for (Size i = 0; i < count; ++i) {
@@ -397,12 +397,14 @@ void EigenSymValues(Mat3Dbl const* matrices, Vec3Dbl* values, Size count)
 void EigenSymVectors(Mat3Dbl const* matrices, Vec3Dbl* values, Mat3Dbl* vectors, Size count)
 {
     for (Size i = 0; i < count; ++i) {
-        Mat3Dbl const before(vectors[i]);
+        Mat3Dbl const matrixBefore(vectors[i]);
+        Vec3Dbl const valuesBefore(values[i]);
         try {
             vectors[i] = matrices[i];
             vectors[i].EigenSym(values[i], 1);
         } catch (...) {
-            vectors[i] = before;
+            vectors[i] = matrixBefore;
+            values[i] = valuesBefore;
             throw;
         }
     }
