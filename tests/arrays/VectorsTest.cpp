@@ -275,6 +275,19 @@ TYPED_TEST(ArraysOfPoints, IsEqualTo)
         [](auto const& left, auto const& right) { return left.IsEqualTo(right, Number<TypeParam>(4.5)); });
 }
 
+// The loops over the members prefetch arrays of more than 4,000,000 bytes.
+TEST(ArraysInMemory, PairsSinglesAndTests)
+{
+    constexpr std::size_t bytes = 4000000;
+    Operands operands(3);
+    auto const vectors = operands.Many<Vec3Flt>(bytes / sizeof(Vec3Flt[2]) + laneCount, Kind::Ordinary);
+    CompareSingle("Normalize", vectors, SINGLE(Normalize), OWN(GetNormalizedCopy), false);
+    auto const lefts = operands.Many<Vec2Dbl>(bytes / sizeof(Vec2Dbl[2]) + laneCount, Kind::Ordinary);
+    auto const rights = operands.Many<Vec2Dbl>(lefts.size(), Kind::Ordinary);
+    ComparePair("Dot", lefts, rights, PAIR(Dot), MEMBER(Dot), false);
+    ComparePair("IsUnitParallelTo", lefts, rights, PAIR(IsUnitParallelTo), MEMBER(IsUnitParallelTo), false);
+}
+
 TEST(ArraysConvert, ToSingle)
 {
     ExamineSingle<Vec3Dbl>(
