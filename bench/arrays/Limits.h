@@ -1,6 +1,6 @@
 #include "Passes.h"
 
-#include <vexor/arrays/private/VectorKernels.h>
+#include <vexor/arrays/private/MatrixKernels.h>
 
 #include <algorithm>
 #include <limits>
@@ -171,6 +171,78 @@ void Move(std::size_t count)
         Write<line>(to.next, value);
 }
 
+/// Registers that lie in memory one behind the other, as if the arrays held components: no shuffles.
+template <int size>
+VEXOR_ALWAYS_INLINE Lanes<size> LoadComponents(double const* from)
+{
+    Lanes<size> lanes;
+    VEXOR_UNROLL(24)
+    for (int k = 0; k < size; ++k)
+        lanes.c[k] = Load<Doubles>(from + k * width);
+    return lanes;
+}
+
+template <int size>
+VEXOR_ALWAYS_INLINE void StoreComponents(double* to, Lanes<size> const& lanes)
+{
+    VEXOR_UNROLL(24)
+    for (int k = 0; k < size; ++k)
+        Store(to + k * width, lanes.c[k]);
+}
+
+/// `Solve` of matrices and right sides that lie in memory as components, or `Invert`.
+template <bool isInverse>
+struct FactorsOfComponents {
+    VEXOR_ALWAYS_INLINE Lanes<9> MatricesFrom(std::size_t i) const
+    {
+        double const* const from = matrices + i * 10;
+        Keep(Load<Doubles>(from + 9 * width)); // the same bytes as those of matrices
+        return LoadComponents<9>(from);
+    }
+
+    VEXOR_ALWAYS_INLINE void PrefetchFrom(std::size_t i) const
+    {
+        if constexpr (isInverse) {
+            Prefetch<matrixBytes, true>(results + i * 10);
+        } else {
+            Prefetch<3 * int(sizeof(Doubles)), false>(rightSides + i * 3);
+            Prefetch<3 * int(sizeof(Doubles)), true>(results + i * 3);
+        }
+    }
+
+    VEXOR_ALWAYS_INLINE void Finish(Factors const& factors, std::size_t i) const
+    {
+        if constexpr (isInverse) {
+            Lanes<9> const inverses = InvertTask::Inverses(factors);
+            StoreComponents(results + i * 10, inverses);
+            Store(results + i * 10 + 9 * width, inverses.c[0]);
+        } else {
+            StoreComponents(results + i * 3,
+                            SolveTask::Solutions(factors, LoadComponents<3>(rightSides + i * 3)));
+        }
+    }
+
+    void RunPlain(std::size_t /*i*/, std::size_t /*count*/) const {}
+
+    double const* matrices;
+    double const* rightSides;
+    double* results;
+};
+
+/// The rule's operations for each matrix and moving the bytes, in one of the two loops of the kernels.
+template <bool isInverse, bool inTurn>
+void FactorAndMove(std::size_t count)
+{
+    auto const begin = [](std::vector<double>& array) {
+        return reinterpret_cast<double*>(Lines(array, 0).next);
+    };
+    FactorsOfComponents<isInverse> const task = {begin(arrays[0]), begin(arrays[1]), begin(arrays[2])};
+    if (inTurn)
+        RunFactorsInTurn(task, count);
+    else
+        RunFactorsTogether(task, count);
+}
+
 } // namespace
 
 } // namespace bench::VEXOR_SET
@@ -218,8 +290,13 @@ void LimitMoving(std::string const& operation)
     constexpr int number = 8;
     constexpr int vector = 3 * number;
     constexpr int matrix = 10 * number;
-    for (std::vector<double>& array : arrays)
-        array.resize(10 * std::end(bench::arraySizes)[-1]);
+    for (std::vector<double>& array : arrays) {
+        array.resize(10 * std::end(bench::arraySizes)[-1] + line / sizeof(double));
+        // Taken as components, regular matrices: numbers from -1 to 1, and 4 more on the diagonal.
+        auto* const begin = reinterpret_cast<double*>(Lines(array, 0).next);
+        for (std::size_t i = 0; i < array.size() - line / sizeof(double); ++i)
+            begin[i] = bench::NumbersOf(i, 0)[0] + (i / width % 10 % 4 == 0 ? 4.0 : 0.0);
+    }
     LimitMoving<vector, 0, vector>("Normalize");
     LimitMoving<vector, 0, number>("Length");
     LimitMoving<vector, vector, vector>("Cross");
@@ -257,6 +334,10 @@ void LimitMoving(std::string const& operation)
     Limit("Normalize", "chain of roots and quotients", NormalizeRegisters);
     Limit("Solve 3x3", "divisions", Compute<0, 0, 0, 0, 6>);
     Limit("Invert 3x3", "divisions", Compute<0, 0, 0, 0, 6>);
+    Limit("Solve 3x3", "operations and moving (together)", FactorAndMove<false, false>);
+    Limit("Solve 3x3", "operations and moving (in turn)", FactorAndMove<false, true>);
+    Limit("Invert 3x3", "operations and moving (together)", FactorAndMove<true, false>);
+    Limit("Invert 3x3", "operations and moving (in turn)", FactorAndMove<true, true>);
     return true;
 }();
 

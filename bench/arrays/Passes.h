@@ -26,6 +26,15 @@ std::vector<Value> const& OperandsOf(Value (*make)(double const*), unsigned seed
     return values;
 }
 
+/// The largest array's results. All benchmarks with results of a class share them: which of their pages displace operands
+/// from a cache is chance, and decides a tenth of the time at the caches' edges.
+template <class Result>
+std::vector<Result>& ResultsOf()
+{
+    static std::vector<Result> results(std::end(arraySizes)[-1]);
+    return results;
+}
+
 /// Times `pass(left, right, results, count)` over arrays that every library fills with the same numbers.
 template <class Result, class MakeLeft, class MakeRight, class Pass>
 void OverArrays(std::string const& name, std::string const& library, MakeLeft makeLeft, MakeRight makeRight,
@@ -35,7 +44,7 @@ void OverArrays(std::string const& name, std::string const& library, MakeLeft ma
         Register(name, library.c_str(), std::to_string(size), [=](benchmark::State& state) {
             auto const& left = OperandsOf(+makeLeft, 0);
             auto const& right = OperandsOf(+makeRight, 1);
-            static std::vector<Result> results(std::end(arraySizes)[-1]);
+            std::vector<Result>& results = ResultsOf<Result>();
             auto const run = [&] {
                 pass(left.data(), right.data(), results.data(), size);
                 benchmark::DoNotOptimize(results.data());

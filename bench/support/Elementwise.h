@@ -14,7 +14,8 @@ inline constexpr std::size_t numbersEach = 9;
 
 inline double const* NumbersOf(std::size_t index, unsigned seed)
 {
-    constexpr std::size_t different = 1009;
+    // A processor remembers the branches of some thousand elements, and then only the loop that it remembers better is fast.
+    constexpr std::size_t different = 100003;
     static std::vector<double> const numbers[] = {Numbers(different * numbersEach, 1),
                                                   Numbers(different * numbersEach, 2)};
     return numbers[seed].data() + index % different * numbersEach;

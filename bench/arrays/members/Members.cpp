@@ -57,14 +57,15 @@ Mat3Dbl MakeSymmetric(double const* n)
 /// The loop runs twice: how far its two times differ shows how exact the ratios are.
 constexpr char const* ownLoops[] = {"own loop", "own loop again"};
 
-/// Registers a loop over an array and the array function in each instruction set.
+/// Registers a loop over an array and the array function in each instruction set; the plain one, which is the loop again,
+/// shows what the call costs.
 template <class Result, class MakeLeft, class MakeRight, class Loop, class Function>
 void CompareLoops(std::string const& name, MakeLeft makeLeft, MakeRight makeRight, Loop loop,
                   Function function)
 {
     for (char const* ownLoop : ownLoops)
         OverArrays<Result>(name, ownLoop, makeLeft, makeRight, loop);
-    for (int i = 1; KernelSet const* set = vexor::arrays::detail::RunnableSet(i); ++i) {
+    for (int i = 0; KernelSet const* set = vexor::arrays::detail::RunnableSet(i); ++i) {
         OverArrays<Result>(name, set->name, makeLeft, makeRight,
                            [=](auto const* left, auto const* right, Result* results, std::size_t count) {
                                vexor::arrays::detail::chosen = set;
