@@ -16,6 +16,7 @@ import re
 import statistics
 import subprocess
 import sys
+import textwrap
 
 FIXED = ["vectors", "points", "matrices", "rotations"]
 VARIANTS = [("O3", "-O3"), ("O2", "-O2"), ("O3_v3", "-O3 -march=x86-64-v3"), ("O2_v3", "-O2 -march=x86-64-v3")]
@@ -266,15 +267,16 @@ def members(results_of_clients):
             for operation, cells in sorted(lowest.items())]
     twins = [min(pair) / max(pair) for results in results_of_clients.values() for times in results.times.values()
              if "own loop again" in times for pair in [(times["own loop"], times["own loop again"])]]
-    return (f"The loop and the same loop again, timed in the same run, differ by more than {1 - FLOOR:.0%} in "
-            f"{sum(twin < FLOOR for twin in twins)} of {len(twins)} cases. So a ratio below {FLOOR} is measured again with 25 "
-            f"repetitions instead of 7, and this value counts. {len(low)} of {count} are below {FLOOR} then.\n\n"
-            + table(["operation"] + columns, rows)
-            + (f"\nThe ratios below {FLOOR}. The last column but one is that of the loop over the member itself, called as the array "
-               "functions are (the set *plain*): if it is as low, the call and the places of code and data in the caches decide, not the "
-               "registers.\n\n"
-               + table(["operation", "client", "set", "elements", "ratio", "the loop, called", "loop again / loop"], low)
-               if low else ""))
+    noise = (f"The loop and the same loop again, timed in the same run, differ by more than {1 - FLOOR:.0%} in "
+             f"{sum(twin < FLOOR for twin in twins)} of {len(twins)} cases. So a ratio below {FLOOR} is measured again with 25 "
+             f"repetitions instead of 7, and this value counts. {len(low)} of {count:,} are below {FLOOR} then.")
+    below = (f"The ratios below {FLOOR}. *The loop, called* is the ratio of the loop over the member itself, called as the array "
+             "functions are: where it is as low, the call and the places of code and data in the caches decide, not the registers.")
+    text = textwrap.fill(noise, 115) + "\n\n" + table(["operation"] + columns, rows)
+    if low:
+        text += ("\n" + textwrap.fill(below, 115) + "\n\n"
+                 + table(["operation", "client", "set", "elements", "ratio", "the loop, called", "loop again / loop"], low))
+    return text
 
 
 def elementary(path):
