@@ -398,15 +398,18 @@ VEXOR_ALWAYS_INLINE void RunFactors(Task const& task, Size count)
         RunFactorsTogether(task, count);
 }
 
-struct SolveTask {
-    Source<3, double> rightSides;
-    double const* matrices;
-    double* results;
-
+struct MatrixTask {
     VEXOR_ALWAYS_INLINE Lanes<9> MatricesFrom(Size i) const
     {
         return LoadMatrices(matrices + i * matrixStride);
     }
+
+    double const* matrices;
+    double* results;
+};
+
+struct SolveTask : MatrixTask {
+    Source<3, double> rightSides;
 
     VEXOR_ALWAYS_INLINE void PrefetchFrom(Size i) const
     {
@@ -452,7 +455,7 @@ void SolveWithOne(Operand<double> matrix, Operand<double> rightSides, double* re
     factors.EliminateOthers();
     Size i = 0;
     if (HasAll(factors.areRegular)) {
-        SolveTask const task{Source<3, double>(rightSides), matrix.data, results};
+        SolveTask const task{{matrix.data, results}, Source<3, double>(rightSides)};
         for (; i + width <= count; i += width)
             task.Finish(factors, i);
     }
@@ -472,18 +475,10 @@ void Solve(Operand<double> matrices, Operand<double> rightSides, double* results
     if (matrices.isOne)
         SolveWithOne(matrices, rightSides, results, count);
     else
-        RunFactors(SolveTask{Source<3, double>(rightSides), matrices.data, results}, count);
+        RunFactors(SolveTask{{matrices.data, results}, Source<3, double>(rightSides)}, count);
 }
 
-struct InvertTask {
-    double const* matrices;
-    double* results;
-
-    VEXOR_ALWAYS_INLINE Lanes<9> MatricesFrom(Size i) const
-    {
-        return LoadMatrices(matrices + i * matrixStride);
-    }
-
+struct InvertTask : MatrixTask {
     VEXOR_ALWAYS_INLINE void PrefetchFrom(Size i) const
     {
         Prefetch<matrixBytes, true>(results + i * matrixStride);
@@ -539,7 +534,7 @@ void Invert(double const* matrices, double* results, Size count)
         return;
     }
 #endif
-    RunFactors(InvertTask{matrices, results}, count);
+    RunFactors(InvertTask{{matrices, results}}, count);
 }
 
 } // namespace
