@@ -271,7 +271,8 @@ def members(results_of_clients):
              f"{sum(twin < FLOOR for twin in twins)} of {len(twins)} cases. So a ratio below {FLOOR} is measured again with 25 "
              f"repetitions instead of 7, and this value counts. {len(low)} of {count:,} are below {FLOOR} then.")
     below = (f"The ratios below {FLOOR}. *The loop, called* is the ratio of the loop over the member itself, called as the array "
-             "functions are: where it is as low, the call and the places of code and data in the caches decide, not the registers.")
+             "functions are: where it is as low, the call and the places of code and data in the caches decide, not the registers. "
+             "With `EigenSym` it also keeps what a failure would have to restore.")
     text = textwrap.fill(noise, 115) + "\n\n" + table(["operation"] + columns, rows)
     if low:
         text += ("\n" + textwrap.fill(below, 115) + "\n\n"

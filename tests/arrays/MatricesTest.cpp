@@ -42,7 +42,7 @@ TEST(ArraysMatrices, Solve)
 TEST(ArraysMatrices, ManyMatrices)
 {
     Operands operands(12);
-    auto matrices = operands.Many<Mat3Dbl>(300000 + laneCount, Kind::Ordinary);
+    auto matrices = operands.Many<Mat3Dbl>(vexor::arrays::detail::manyMatrices + laneCount, Kind::Ordinary);
     auto const rightSides = operands.Many<Vec3Dbl>(matrices.size(), Kind::Ordinary);
     for (Mat3Dbl const& matrix : matrices)
         ASSERT_NO_THROW(Inverse(matrix)) << "the loops would end early";

@@ -275,10 +275,10 @@ TYPED_TEST(ArraysOfPoints, IsEqualTo)
         [](auto const& left, auto const& right) { return left.IsEqualTo(right, Number<TypeParam>(4.5)); });
 }
 
-// The loops over the members prefetch arrays of more than 4,000,000 bytes.
+// The loops over the members prefetch arrays that exceed the caches near the core.
 TEST(ArraysInMemory, PairsSinglesAndTests)
 {
-    constexpr std::size_t bytes = 4000000;
+    constexpr std::size_t bytes = vexor::arrays::detail::largeBytes;
     Operands operands(3);
     auto const vectors = operands.Many<Vec3Flt>(bytes / sizeof(Vec3Flt[2]) + laneCount, Kind::Ordinary);
     CompareSingle("Normalize", vectors, SINGLE(Normalize), OWN(GetNormalizedCopy), false);

@@ -75,6 +75,11 @@ inline constexpr int matrixStride = 10;
 inline constexpr Size largeCount = 10000;
 /// How many elements ahead.
 inline constexpr Size prefetchDistance = 88;
+/// The loops over the members prefetch arrays of more bytes than this. Arrays that a second-level cache holds would lose:
+/// `Dot` of 100,000 Vec2Flt takes 1.06 times as long.
+inline constexpr Size largeBytes = 4000000;
+/// The number of matrices beyond which memory limits `Solve` and `Invert`.
+inline constexpr Size manyMatrices = 300000;
 
 struct KernelSet {
     char const* name;

@@ -58,13 +58,13 @@ void Prefetch([[maybe_unused]] Value const* from)
 }
 
 /// Writes `member(operands[i]...)`. Loops over long arrays prefetch: `IsParallelTo` of 1,000,000 Vec3Dbl takes 0.3 of the
-/// time. Arrays that a second-level cache holds would lose: `Dot` of 100,000 Vec2Flt takes 1.06 times as long.
+/// time.
 template <class Result, class Member, class... Operands>
 void Each(Result* results, Size count, Member const& member, Operands const*... operands)
 {
     constexpr Size bytes = (sizeof(Result) + ... + sizeof(Operands));
     Size i = 0;
-    if (count > 4000000 / bytes) {
+    if (count > largeBytes / bytes) {
         constexpr Size together = 8;
         while (i + prefetchDistance + together <= count) {
             (Prefetch<together>(operands + i + prefetchDistance), ...);

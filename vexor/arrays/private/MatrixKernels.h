@@ -386,9 +386,6 @@ VEXOR_ALWAYS_INLINE void RunFactorsInTurn(Task const& task, Size count)
         task.RunPlain(registers * width, count - registers * width);
 }
 
-/// The number of matrices beyond which memory decides.
-constexpr Size manyMatrices = 300000;
-
 template <class Task>
 VEXOR_ALWAYS_INLINE void RunFactors(Task const& task, Size count)
 {
