@@ -12,7 +12,7 @@ foreach(file ${FILES})
     endif()
     # Where a result is the nearest double, by any path, such instructions may compute it: in a path of the elementary
     # functions; in the arrays' kernels of normalising, of angles and of eigenvalues.
-    foreach(function "vexor::detail::elementary::fused::" "[^\n]*(::Normalize<[23]>|GetAngleWithRule|::EigenSym[(])")
+    foreach(function "vexor::detail::elementary::fused::" "[^\n]*(::Normalize<[23]>|GetAngleWithRule|::EigenSymOf<)")
         string(REGEX REPLACE "\n[0-9a-f]+ <${function}[^\n]*(\n +[^\n]+)*" "" code "${code}")
     endforeach()
     string(REGEX MATCHALL "[^\n]*v?fn?m(add|sub)[^\n]*" fused "${code}")
